@@ -1,0 +1,39 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace sparlow::host {
+
+/// What the command line asks for.
+/// Threads: a value.
+struct HostOptions {
+  enum class Job { measure, files, synthetic, help, version };
+
+  Job job = Job::measure;
+  std::vector<std::string> files;
+  /// Samples per second of files that have one column; without it they have two.
+  std::optional<double> rate;
+  std::string unit;               ///< of y in files
+  unsigned samples = 0;           ///< of the synthetic record
+  std::uint64_t seed = 1;         ///< of the synthetic record
+  unsigned period = 1000;         ///< of the timer, in microseconds
+  std::optional<double> seconds;  ///< after which the program ends
+  unsigned last = 0;              ///< newest samples on show; 0 is all of them
+  int scheme = 0;                 ///< number of a colour scheme
+  int width = 1000;               ///< of a graph, in pixels
+  int height = 600;
+  std::optional<std::string> pictures;  ///< folder for pictures
+};
+
+/// Reads the arguments that follow the program's name. Throws std::invalid_argument with a line for
+/// the user.
+HostOptions ParseOptions(std::span<const char* const> arguments);
+
+/// What --help prints.
+std::string HelpText();
+
+}  // namespace sparlow::host

@@ -1,0 +1,112 @@
+#include <QtGlobal>
+#include <csignal>
+#include <cstdio>
+#include <exception>
+#include <filesystem>
+#include <iostream>
+#include <stdexcept>
+#include <system_error>
+
+#include "examples/host/FileSource.h"
+#include "examples/host/Session.h"
+#include "examples/host/SyntheticSource.h"
+#include "examples/host/TimerSource.h"
+#include "sparlow/platform/UiThread.h"
+
+namespace {
+
+using namespace sparlow;
+using host::HostOptions;
+
+constexpr int kAllWell = 0;
+constexpr int kSomethingBad = 1;
+constexpr int kNothingShown = 2;
+
+volatile std::sig_atomic_t interrupts = 0;
+
+/// Standard error is for what is wrong with the input, not for Qt's remarks on its platform.
+void tellQtFailuresOnly(QtMsgType type, const QMessageLogContext&, const QString& text) {
+  if (type == QtCriticalMsg || type == QtFatalMsg)
+    std::fprintf(stderr, "sparlow-host: %s\n", qPrintable(text));
+}
+
+void countInterrupts() {
+  struct sigaction action {};
+  action.sa_handler = [](int) { interrupts = interrupts + 1; };
+  sigaction(SIGINT, &action, nullptr);
+  sigaction(SIGTERM, &action, nullptr);
+}
+
+/// The sources that the command line asks for and that can be had.
+std::vector<std::unique_ptr<host::SampleSource>> openSources(const HostOptions& options,
+                                                             host::ErrorLog& log) {
+  std::vector<std::unique_ptr<host::SampleSource>> sources;
+  if (options.job == HostOptions::Job::measure) {
+    sources.push_back(std::make_unique<host::TimerSource>(std::chrono::microseconds(options.period),
+                                                          options.seconds));
+  } else if (options.job == HostOptions::Job::synthetic) {
+    sources.push_back(std::make_unique<host::SyntheticSource>(options.samples, options.seed));
+  }
+  for (const std::string& file : options.files) {
+    auto source = std::make_unique<host::FileSource>(file, options.rate, options.unit, log);
+    if (source->Open())
+      sources.push_back(std::move(source));
+  }
+  return sources;
+}
+
+int run(HostOptions options, qt::Application& application, host::ErrorLog& log) {
+  if (!application.HasDisplay()) {
+    constexpr double defaultSeconds = 6.0;
+    if (options.job == HostOptions::Job::measure && !options.seconds)
+      options.seconds = defaultSeconds;
+    if (!options.pictures)
+      options.pictures = "pictures";
+  }
+  auto sources = openSources(options, log);
+  if (sources.empty())
+    return kNothingShown;
+  if (options.pictures) {
+    std::error_code error;
+    std::filesystem::create_directories(*options.pictures, error);
+    if (error) {
+      log.Tell(*options.pictures + ": " + error.message());
+      return kNothingShown;
+    }
+  }
+  SourceData::nLastSamplesToDraw = options.last;
+  host::Session session(application, options, log, interrupts);
+  for (auto& source : sources)
+    session.Add(std::move(source));
+  countInterrupts();
+  session.Run();
+  if (log.Count() == 0)
+    return kAllWell;
+  return session.AnySamples() ? kSomethingBad : kNothingShown;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  host::ErrorLog log(std::cerr);
+  try {
+    const HostOptions options =
+        host::ParseOptions({argv + 1, static_cast<std::size_t>(argc > 0 ? argc - 1 : 0)});
+    if (options.job == HostOptions::Job::help) {
+      std::fputs(host::HelpText().c_str(), stdout);
+      return kAllWell;
+    }
+    if (options.job == HostOptions::Job::version) {
+      std::puts("sparlow-host " SPARLOW_VERSION);
+      return kAllWell;
+    }
+    qInstallMessageHandler(tellQtFailuresOnly);
+    int onlyName = 1;  // the options are not for Qt
+    qt::Application application(onlyName, argv);
+    SetApplicationName("Sparlow host");
+    return run(options, application, log);
+  } catch (const std::exception& error) {
+    log.Tell(error.what());
+    return kNothingShown;
+  }
+}

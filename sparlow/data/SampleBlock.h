@@ -1,0 +1,87 @@
+#pragma once
+
+#include <algorithm>
+#include <atomic>
+#include <cstdint>
+#include <limits>
+#include <memory>
+
+#include "sparlow/platform/CopyableAtomic.h"
+
+namespace sparlow {
+
+/// One block of a series: 8192 samples that never move, the y range of what was added, and the
+/// exact y range of each run of 64 samples.
+///
+/// Samples are read and overwritten by the operations below, each of which is whole; a reader stays
+/// below the published size of the store. yMin and yMax keep what Add saw, and an overwritten
+/// sample leaves them alone; the ranges of the runs follow every change.
+/// Threads: one writes, any number reads what was published.
+struct SampleBlock {
+  static constexpr unsigned kShift = 13;
+  static constexpr unsigned kSamples = 1u << kShift;
+  static constexpr unsigned kMask = kSamples - 1;
+  static constexpr unsigned kRunShift = 6;
+  static constexpr unsigned kRunSamples = 1u << kRunShift;
+  static constexpr unsigned kRuns = kSamples / kRunSamples;
+  /// Where a smallest and a largest value start before there is any.
+  static constexpr double kNoMin = std::numeric_limits<double>::max();
+  static constexpr double kNoMax = std::numeric_limits<double>::lowest();
+
+  explicit SampleBlock(bool withSlopes);
+
+  double xAt(unsigned place) const { return whole(x[place]).load(std::memory_order_relaxed); }
+  double yAt(unsigned place) const { return whole(y[place]).load(std::memory_order_relaxed); }
+  /// False in a block without slopes.
+  bool slopeAt(unsigned place) const {
+    return slope && whole(slope[place]).load(std::memory_order_relaxed) != 0;
+  }
+
+  /// Appends at place count. The caller sees to it that there is room.
+  void Add(double newX, double newY, bool newSlope);
+  /// Overwrites a sample below count.
+  void Set(unsigned place, double newX, double newY, bool newSlope);
+  /// Selection sort of the samples below count; slopes go with their samples.
+  void SortByX();
+
+  double x[kSamples];
+  double y[kSamples];
+  std::unique_ptr<std::uint8_t[]> slope;
+  CopyableAtomic<double> yMin = kNoMin;
+  CopyableAtomic<double> yMax = kNoMax;
+  CopyableAtomic<unsigned> count = 0u;
+  CopyableAtomic<double> runMin[kRuns];
+  CopyableAtomic<double> runMax[kRuns];
+
+ private:
+  template <class T>
+  static std::atomic_ref<T> whole(const T& value) {
+    static_assert(std::atomic_ref<T>::is_always_lock_free);
+    return std::atomic_ref<T>(const_cast<T&>(value));
+  }
+  void put(unsigned place, double newX, double newY, bool newSlope) {
+    whole(x[place]).store(newX, std::memory_order_relaxed);
+    whole(y[place]).store(newY, std::memory_order_relaxed);
+    if (slope)
+      whole(slope[place]).store(newSlope ? 1 : 0, std::memory_order_relaxed);
+  }
+  void summarizeRun(unsigned run);
+};
+
+/// Lowers or raises a bound that one thread writes, on a strict comparison.
+inline void Widen(CopyableAtomic<double>& low, CopyableAtomic<double>& high, double value) {
+  if (value < low.relaxed())
+    low.setRelaxed(value);
+  if (value > high.relaxed())
+    high.setRelaxed(value);
+}
+
+inline void SampleBlock::Add(double newX, double newY, bool newSlope) {
+  const unsigned place = count.relaxed();
+  put(place, newX, newY, newSlope);
+  Widen(yMin, yMax, newY);
+  Widen(runMin[place >> kRunShift], runMax[place >> kRunShift], newY);
+  count.setRelaxed(place + 1);
+}
+
+}  // namespace sparlow

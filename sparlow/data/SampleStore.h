@@ -1,0 +1,104 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+
+#include "sparlow/data/SampleBlock.h"
+#include "sparlow/platform/CopyableAtomic.h"
+
+namespace sparlow {
+
+/// The samples of one data set, in blocks that live as long as anybody holds the store. A series
+/// that starts a new data set takes a new store and leaves the old one to its readers.
+///
+/// A waveform's store keeps a slope flag for each sample and has one block.
+/// Threads: one adds, overwrites and sorts; any number reads below Size().
+class SampleStore {
+ public:
+  /// Indices of samples are ints wherever cursors and scroll bars count in them.
+  static constexpr unsigned kMaxSamples = 0x7FFFFFFF;
+  static constexpr unsigned kFirstTableSize = 1024;
+
+  /// With its first block. limit is the number of samples beyond which none are taken. Throws Error
+  /// with code 0xFF04 when there is no memory for the block table, std::bad_alloc for the rest.
+  explicit SampleStore(bool waveform, unsigned limit = kMaxSamples);
+  ~SampleStore();
+  SampleStore(const SampleStore&) = delete;
+  SampleStore& operator=(const SampleStore&) = delete;
+
+  /// @name Reading
+  /// Of samples that Size() once counted; not checked.
+  unsigned Size() const { return size_.load(); }
+  const SampleBlock* const* Blocks() const { return blocks_.load(); }
+  const SampleBlock& Block(unsigned sample) const {
+    return *Blocks()[sample >> SampleBlock::kShift];
+  }
+  double x(unsigned sample) const { return Block(sample).xAt(sample & SampleBlock::kMask); }
+  double y(unsigned sample) const { return Block(sample).yAt(sample & SampleBlock::kMask); }
+  bool slope(unsigned sample) const { return Block(sample).slopeAt(sample & SampleBlock::kMask); }
+  bool Waveform() const { return waveform_; }
+  /// No sample's x is below that of the one before it. Once false it may stay so when samples are
+  /// overwritten, though order has come back.
+  bool Ascending() const { return ascending_.relaxed(); }
+  /// Tells this data set from any other of the process; never 0.
+  std::uint64_t Serial() const { return serial_; }
+
+  /// @name Capacity
+  unsigned nCapacity() const { return (iLastBlock() + 1) << SampleBlock::kShift; }
+  unsigned nBlocksMax() const { return newest_->size; }
+  unsigned iLastBlock() const { return nBlocks_ - 1; }
+  /// The next sample needs Grow first, or is beyond the limit.
+  bool Full() const { return size_.relaxed() >= appendEnd_; }
+  /// No sample is taken any more.
+  bool AtLimit() const { return size_.relaxed() >= limit_; }
+  /// The next Grow moves the block table.
+  bool TableFull() const { return nBlocks_ == newest_->size; }
+
+  /// @name Writing
+  /// Makes room for one more block. Throws as the constructor does and leaves the store as it was.
+  void Grow();
+  /// Appends a finite sample, unless Full().
+  void Append(double x, double y, bool slope);
+  /// Overwrites a sample below Size().
+  void Set(unsigned sample, double x, double y, bool slope);
+  /// Sorts the first block by x. Meant for a waveform, which has no other.
+  void SortFirstBlock();
+
+ private:
+  // A table that has grown out of use may still be read, so the newer one keeps it.
+  struct Table {
+    explicit Table(unsigned entries) : size(entries), blocks(new SampleBlock*[entries]()) {}
+    unsigned size;
+    std::unique_ptr<SampleBlock*[]> blocks;
+    std::unique_ptr<Table> older;
+  };
+  static std::unique_ptr<Table> makeTable(unsigned size);
+  void enter(std::unique_ptr<SampleBlock> block);
+  bool ordered(unsigned sample) const;
+
+  // Read by anyone.
+  const std::uint64_t serial_;
+  const bool waveform_;
+  CopyableAtomic<bool> ascending_ = true;
+  CopyableAtomic<unsigned> size_ = 0u;
+  CopyableAtomic<SampleBlock**> blocks_ = nullptr;
+
+  // The writer's own.
+  const unsigned limit_;
+  unsigned nBlocks_ = 0;
+  unsigned appendEnd_ = 0;  // size that the blocks, or the limit, allow
+  SampleBlock* lastBlock_ = nullptr;
+  double lastX_ = SampleBlock::kNoMax;
+  std::unique_ptr<Table> newest_;
+};
+
+inline void SampleStore::Append(double x, double y, bool slope) {
+  const unsigned size = size_.relaxed();
+  lastBlock_->Add(x, y, slope);
+  if (x < lastX_)
+    ascending_.setRelaxed(false);
+  lastX_ = x;
+  size_.store(size + 1);
+}
+
+}  // namespace sparlow

@@ -1,0 +1,139 @@
+#include "sparlow/data/SourceData.h"
+
+#include <cstring>
+#include <mutex>
+#include <utility>
+
+#include "sparlow/data/DataLock.h"
+
+namespace sparlow {
+
+namespace {
+
+// One for all series: it is held for six assignments, and copies of a series share its statistics.
+std::mutex& statisticsLock() {
+  static std::mutex lock;
+  return lock;
+}
+
+template <std::size_t N>
+void copyText(char (&field)[N], const char* text) {
+  const std::string_view kept = CutText(text ? text : "", N - 1);
+  std::memmove(field, kept.data(), kept.size());
+  field[kept.size()] = '\0';
+}
+
+}  // namespace
+
+void SourceData::Init(const char* seriesName, SourceData* source) {
+  resetFields();
+  dataMutex = new CMutex;
+  threadsMutex = new CMutex;
+  terminator = CreateEvent(false);
+  name = seriesName ? seriesName : "";
+  copyText(cptName, "Sample");
+  copyText(xUnit, "s");
+  copyText(yUnit, "s");
+  analyzeFrom = source;
+  statParams = IsCalculated() ? nullptr : new StatisticParameters;
+  iLCursor = -1;
+  iRCursor = -1;
+  inTransfer = false;
+}
+
+void SourceData::resetFields() {
+  store_.Exchange(nullptr);
+  nSamples = 0;
+  nFrom = 0xFFFFFFFFu;
+  nTo = 0xFFFFFFFFu;
+  resetBounds();
+  adjusted = false;
+  nBlockSamples = 0;
+  firstBlockPending = false;
+  nToAtBlockStart = 0;
+  waveform = false;
+}
+
+void SourceData::resetBounds() {
+  xIntervalMin = xIntervalMax = yIntervalMin = yIntervalMax = 0.0;
+  yGlobalMin = xGlobalMin = SampleBlock::kNoMin;
+  yGlobalMax = xGlobalMax = SampleBlock::kNoMax;
+}
+
+void SourceData::Term() {
+  {
+    const DataLock threads(threadsMutex);
+    Reset();
+  }
+  delete std::exchange(dataMutex, nullptr);
+  delete std::exchange(threadsMutex, nullptr);
+  CloseHandle(std::exchange(terminator, nullptr));
+  delete std::exchange(statParams, nullptr);
+}
+
+void SourceData::Reset() {
+  // Freed, if nobody else reads it, after the lock is released.
+  std::shared_ptr<SampleStore> old;
+  const DataLock data(dataMutex);
+  nSamples = 0;
+  old = store_.Exchange(nullptr);
+  nFrom = 0;
+  nTo = 0;
+  resetBounds();
+  adjusted = false;
+  PublishStatParams({});
+  iLCursor = -1;
+  iRCursor = -1;
+}
+
+SampleStore* SourceData::grow() {
+  SampleStore* store = store_.Raw();
+  if (!store) {
+    auto first = std::make_shared<SampleStore>(waveform);
+    const DataLock data(dataMutex);
+    store = first.get();
+    store_.Exchange(std::move(first));
+    return store;
+  }
+  if (store->AtLimit())
+    return nullptr;
+  if (store->TableFull()) {
+    const DataLock data(dataMutex);
+    store->Grow();
+  } else {
+    store->Grow();
+  }
+  return store;
+}
+
+void SourceData::Set(unsigned sample, double x, double y, bool slope) {
+  if (!std::isfinite(x) || !std::isfinite(y))
+    return;
+  const DataLock data(dataMutex);
+  const std::shared_ptr<SampleStore> store = store_.Get();
+  if (!store || sample >= nSamples || sample >= store->Size())
+    return;
+  store->Set(sample, x, y, slope);
+  Widen(yGlobalMin, yGlobalMax, y);
+  Widen(xGlobalMin, xGlobalMax, x);
+}
+
+void SourceData::SetUnits(const char* unit) {
+  copyText(xUnit, "s");
+  copyText(yUnit, unit);
+}
+
+void SourceData::CalculateStatParams(double /*yLow*/, double /*yHigh*/) {}
+
+StatisticParameters SourceData::GetStatParams() const {
+  const std::lock_guard<std::mutex> lock(statisticsLock());
+  return statParams ? *statParams : StatisticParameters{};
+}
+
+void SourceData::PublishStatParams(const StatisticParameters& values) {
+  const std::lock_guard<std::mutex> lock(statisticsLock());
+  if (statParams)
+    *statParams = values;
+}
+
+}  // namespace sparlow

@@ -1,0 +1,304 @@
+#pragma once
+
+#include <cmath>
+#include <cstdint>
+#include <mutex>
+#include <thread>
+
+#include "sparlow/data/SampleReader.h"
+#include "sparlow/data/StatisticParameters.h"
+#include "sparlow/data/StoreHandle.h"
+#include "sparlow/platform/CopyableAtomic.h"
+#include "sparlow/platform/Synchronization.h"
+#include "sparlow/platform/Text.h"
+
+namespace sparlow {
+
+class AxisData;
+
+/// The popup menu that a series asks for unless it has one of its own.
+inline constexpr int kSeriesMenuId = 194;
+
+/// Samples from `from` up to, and not including, `end`.
+/// Threads: a value; any thread, each with its own.
+struct SampleInterval {
+  unsigned from = 0;
+  unsigned end = 0;
+  unsigned Size() const { return end - from; }
+  friend bool operator==(const SampleInterval&, const SampleInterval&) = default;
+};
+
+/// One series of (x, y) samples, x ascending: its store, the interval of it that is on show, its
+/// two cursors and its units.
+///
+/// A series lives from Init to Term. Before and after it has no samples and no locks; reading,
+/// searching and navigating are harmless then and change nothing. A copy is a second handle on the
+/// same samples, locks, event and statistics, with a sample count, an interval and cursors of its
+/// own; it keeps its samples when the source starts a new data set. Term is for one of the two.
+///
+/// Threads: one thread feeds, the window's thread does the rest, workers render and analyse. Each
+/// group below says who may call it. The fields are atomic one by one; samples are reached through
+/// Read(), which stays good whatever the feeding thread does meanwhile.
+class SourceData {
+ public:
+  /// @name Life
+  /// Threads: the window's, with no other thread at the series.
+  ///@{
+  SourceData() = default;
+  SourceData(const SourceData&) = default;
+  SourceData& operator=(const SourceData&) = default;
+  virtual ~SourceData() = default;
+
+  /// Makes locks, event and statistics, and an empty series in seconds over seconds. source is the
+  /// series that this one is calculated from, or null. Null for name is no name.
+  virtual void Init(const char* seriesName, SourceData* source = nullptr);
+  /// Waits for whoever renders or analyses the series, then takes back what Init made.
+  virtual void Term();
+  ///@}
+
+  /// @name Feeding
+  /// Threads: the one that feeds. Add and the transfer calls may run while others read; Set and
+  /// Reset may too.
+  ///@{
+  /// Empties the series. Samples that somebody reads at the moment go when the reader is done.
+  virtual void Reset();
+  /// Reset, unless another thread feeds the series: false, and nothing changes. Any thread.
+  bool TryReset();
+  /// Appends a sample. One with a NaN or an infinity is dropped, and so is one beyond 8192 samples
+  /// of a waveform or beyond 2^31 - 1 of any series. slope: the edge of a waveform rises.
+  /// Throws Error with code 0xFF04 when there is no memory for the block table, std::bad_alloc when
+  /// there is none for a block. Nothing has changed then, and the same sample may be added again.
+  /// Through a copy, samples go to the end of the shared store, which may lie beyond the copy's.
+  void Add(double x, double y, bool slope = false);
+  /// Overwrites a sample, and the flag of a waveform's; one at GetSize() or beyond, or one that Add
+  /// would drop, is ignored. The bounds of all samples widen. Waits for a render.
+  void Set(unsigned sample, double x, double y, bool slope = false);
+
+  /// A transfer is InitDataTransfer; InitBlockTransfer, Add..., TermBlockTransfer for each block;
+  /// TermDataTransfer. The old samples stay until the first InitBlockTransfer.
+  void InitDataTransfer(bool isWaveform);
+  /// True when this block starts a new data set.
+  bool InitBlockTransfer();
+  void TermBlockTransfer();
+  /// Shows all samples and works out the statistics; sorts a waveform by x. False when the transfer
+  /// brought no samples: only inTransfer falls then.
+  bool TermDataTransfer();
+  /// Pins the end of the interval to the present size.
+  void AdjustSizeTo();
+  ///@}
+
+  /// @name Samples
+  /// Threads: any.
+  ///@{
+  /// The samples as they stand, to be held while they are worked on.
+  SampleReader Read() const { return {store_.Get(), nSamples}; }
+  bool Valid() const { return nSamples > 0; }
+  unsigned GetSize() const { return nSamples; }
+  virtual unsigned GetnSamples() const { return nSamples; }
+  /// Whoever works on the series should stop.
+  bool IsAborted() const { return terminator && terminator->IsSet(); }
+  /// The store of the present data set; null without one.
+  std::shared_ptr<const SampleStore> Store() const { return store_.Get(); }
+  /// One sample, without any check: sample is below GetSize(), and no new data set begins
+  /// meanwhile.
+  double xGet(unsigned sample) const { return store_.Raw()->x(sample); }
+  double yGet(unsigned sample) const { return store_.Raw()->y(sample); }
+  /// False for a series that keeps no flags.
+  bool slopeGet(unsigned sample) const { return store_.Raw()->slope(sample); }
+  ///@}
+
+  /// @name Bounds of all samples since the last Reset
+  /// Threads: any.
+  ///@{
+  double xGlobalMinGet() const { return xGlobalMin; }
+  double xGlobalMaxGet() const { return xGlobalMax; }
+  double xGlobalIntervalGet() const { return xGlobalMax - xGlobalMin; }
+  virtual double yGlobalMinGet() const { return yGlobalMin; }
+  virtual double yGlobalMaxGet() const { return yGlobalMax; }
+  double yGlobalIntervalGet() const { return yGlobalMaxGet() - yGlobalMinGet(); }
+  ///@}
+
+  /// @name Interval on show
+  /// Every operation that moves it answers true when it changed, and declines (false, nothing
+  /// changed) on a series without samples, an empty interval, and an x that is not finite. A null
+  /// axis counts as an automatic one.
+  /// Threads: the window's; reading, any.
+  ///@{
+  /// The interval with its effective end, cut to the samples: from <= end <= GetSize().
+  SampleInterval GetInterval() const { return effectiveInterval(nSamples); }
+  unsigned GetFrom() const { return GetInterval().from; }
+  unsigned GetTo() const { return GetInterval().end; }
+  unsigned GetIntervalSize() const { return GetInterval().Size(); }
+  /// Store an end as it is. Readers cut it to the samples.
+  void SetFrom(unsigned sample) { nFrom = sample; }
+  void SetTo(unsigned sample) { nTo = sample; }
+  /// The interval is all samples, and there are some.
+  bool IntervalWhole() const;
+  /// The bounds that the last SetIntervalParams found.
+  double xIntervalMinGet() const { return xIntervalMin; }
+  double xIntervalMaxGet() const { return xIntervalMax; }
+  double yIntervalMinGet() const { return yIntervalMin; }
+  double yIntervalMaxGet() const { return yIntervalMax; }
+  /// Works out the bounds of the interval. x is exact. y comes from the blocks with the lowest and
+  /// the highest value: what a partly covered one of them has outside of the interval hides a more
+  /// extreme value of a third one.
+  /// Threads: any one at a time.
+  virtual void SetIntervalParams();
+
+  /// Sample at or before x; 0 below the first one and without samples, the last one beyond it.
+  unsigned GetxValueIndex(double x) const;
+  /// The samples from min to max of the axis, with one more at each side.
+  void SetInterval(const AxisData& axis);
+  /// All samples, open to those to come during a transfer; on a fixed axis its fixed range.
+  void ResetInterval(const AxisData* axis);
+  /// The samples from x1 to x2 with one more at each side; on a fixed axis never beyond its range.
+  virtual bool ZoomInByPoint(double x1, double x2, const AxisData* axis);
+  /// The samples from cursor to cursor, both included. Declines when one isn't set.
+  virtual bool ZoomInByCursor();
+  virtual void ZoomOutFull(const AxisData* axis) { ResetInterval(axis); }
+  /// Divides or multiplies the interval about its middle. Declines on a fixed axis, below two
+  /// samples, and for a factor below 2.
+  bool SetIntervalBySample(bool zoomIn, const AxisData* axis, int factor);
+  /// Shifts the interval, as far as there are samples. Declines on a fixed axis.
+  bool Scroll(int samples, const AxisData* axis);
+  /// Moves the interval to a first sample, or to the end of the series if it would go beyond.
+  void ScrollTo(unsigned first);
+  ///@}
+
+  /// @name Analysis
+  /// Threads: any; SetAnalyzeFromSource, the window's.
+  ///@{
+  /// The samples that statistics and analyses read: from the first up to, and not including, the
+  /// second. Both lie in the series.
+  unsigned GetAnalyzeFrom() const;
+  unsigned GetAnalyzeTo() const;
+  /// x of the analysed range of the source series; a second below the first means none.
+  virtual double GetxAnalyzeFrom() const { return 0.0; }
+  virtual double GetxAnalyzeTo() const { return -1.0; }
+  void SetAnalyzeFromSource(SourceData* source) { analyzeFrom = source; }
+  virtual bool IsCalculated() const { return analyzeFrom != nullptr; }
+  /// Recalculate the series. False: there was nothing to do, or it failed.
+  virtual bool Analyze() { return false; }
+  virtual bool ApplyMask() { return false; }
+  /// Works out the statistics of the samples with yLow <= y <= yHigh.
+  virtual void CalculateStatParams(double yLow, double yHigh);
+  /// The statistics, whole; all 0 for a series that has none.
+  StatisticParameters GetStatParams() const;
+  ///@}
+
+  /// @name Names, units and defaults
+  /// Threads: the window's.
+  ///@{
+  void SetName(CString newName) { name = std::move(newName); }
+  const CString& GetName() const { return name; }
+  const char* GetCptName() const { return cptName; }
+  /// The field itself, for the caller to write: 31 characters and a NUL.
+  char* GetxUnit() { return xUnit; }
+  char* GetyUnit() { return yUnit; }
+  const char* GetxUnit() const { return xUnit; }
+  const char* GetyUnit() const { return yUnit; }
+  /// x in seconds, y in this unit, cut at 31 characters.
+  virtual void SetUnits(const char* unit);
+  void ResetUnits() { xUnit[0] = yUnit[0] = '\0'; }
+  /// The graph may let its axes run ahead of the data while these come in.
+  virtual bool RealTimeScalingDefined() const { return !waveform; }
+  virtual int GetMenuID() const { return kSeriesMenuId; }
+  ///@}
+
+  /// @name Settings of the process
+  /// Threads: any.
+  ///@{
+  /// When not 0, each TermBlockTransfer leaves that many of the newest samples on show.
+  static inline CopyableAtomic<unsigned> nLastSamplesToDraw{0u};
+  /// The graph works out no drift rate.
+  static inline CopyableAtomic<bool> IgnoreDriftRate{false};
+  /// Statistics and analyses use the samples from cursor to cursor, both included, instead of all.
+  static inline CopyableAtomic<bool> AnalyzeDataBetweenCursors{false};
+  ///@}
+
+  /// @name Written by the feeding thread
+  ///@{
+  CopyableAtomic<unsigned> nSamples = 0u;  ///< grows last: what it counts is finished
+  CopyableAtomic<bool> inTransfer = false;
+  /// nTo has been pinned to the size of the data.
+  CopyableAtomic<bool> adjusted = false;
+  /// The next InitBlockTransfer starts a new data set.
+  CopyableAtomic<bool> firstBlockPending = false;
+  CopyableAtomic<bool> waveform = false;
+  /// Samples of the latest block transfer, and the effective end when it began.
+  CopyableAtomic<unsigned> nBlockSamples = 0u;
+  CopyableAtomic<unsigned> nToAtBlockStart = 0u;
+  CopyableAtomic<double> yGlobalMin = SampleBlock::kNoMin;
+  CopyableAtomic<double> yGlobalMax = SampleBlock::kNoMax;
+  CopyableAtomic<double> xGlobalMin = SampleBlock::kNoMin;
+  CopyableAtomic<double> xGlobalMax = SampleBlock::kNoMax;
+  ///@}
+
+  /// @name Written by the window's thread and, in transfers, by the feeding one
+  ///@{
+  /// First sample and end of the interval, as set; GetInterval gives what they mean.
+  CopyableAtomic<unsigned> nFrom = 0xFFFFFFFFu;
+  /// 0 during a transfer: the interval runs to nSamples.
+  CopyableAtomic<unsigned> nTo = 0xFFFFFFFFu;
+  CopyableAtomic<double> xIntervalMin = 0.0;
+  CopyableAtomic<double> xIntervalMax = 0.0;
+  CopyableAtomic<double> yIntervalMin = 0.0;
+  CopyableAtomic<double> yIntervalMax = 0.0;
+  /// Samples of the cursors, -1 when not set.
+  CopyableAtomic<int> iLCursor = -1;
+  CopyableAtomic<int> iRCursor = -1;
+  ///@}
+
+  /// @name Shared with copies, fixed from Init to Term
+  ///@{
+  /// Held by whoever renders or analyses the series; taken before dataMutex.
+  CMutex* threadsMutex = nullptr;
+  /// Keeps the data set in place: held for a render, and to begin, to drop or to sort one.
+  CMutex* dataMutex = nullptr;
+  /// Tells workers to stop.
+  HANDLE terminator = nullptr;
+  /// Null for a calculated series. Read through GetStatParams where another thread may write.
+  StatisticParameters* statParams = nullptr;
+  SourceData* analyzeFrom = nullptr;
+  ///@}
+
+  CString name;
+  char cptName[32] = "Sample";
+  char xUnit[32] = "s";
+  char yUnit[32] = "s";
+
+ protected:
+  /// Replaces the statistics as a whole, so that no reader sees some new and some old.
+  void PublishStatParams(const StatisticParameters& values);
+
+ private:
+  SampleStore* grow();
+  void resetFields();
+  void resetBounds();
+  static std::mutex& openEndLock();
+  SampleInterval effectiveInterval(unsigned size) const;
+  void setInterval(double xFrom, double xTo);
+  SampleInterval findInterval(const SampleReader& samples, double xFrom, double xTo) const;
+  void placeCursors(const SampleReader& samples, SampleInterval found, double xFrom, double xTo);
+  void showInterval(SampleInterval interval);
+
+  StoreHandle store_;
+  CopyableAtomic<std::thread::id> feedingThread_;  // of the latest transfer
+};
+
+inline void SourceData::Add(double x, double y, bool slope) {
+  if (!std::isfinite(x) || !std::isfinite(y))
+    return;
+  SampleStore* store = store_.Raw();
+  if (!store || store->Full()) {
+    store = grow();
+    if (!store)
+      return;
+  }
+  store->Append(x, y, slope);
+  Widen(yGlobalMin, yGlobalMax, y);
+  Widen(xGlobalMin, xGlobalMax, x);
+  nSamples.store(store->Size());
+}
+
+}  // namespace sparlow

@@ -1,0 +1,224 @@
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <utility>
+
+#include "sparlow/axis/AxisData.h"
+#include "sparlow/data/SampleSearch.h"
+#include "sparlow/data/SourceData.h"
+
+namespace sparlow {
+
+namespace {
+
+bool isFixed(const AxisData* axis) {
+  return axis && !axis->autoRange;
+}
+
+}  // namespace
+
+SampleInterval SourceData::effectiveInterval(unsigned size) const {
+  // inTransfer before nTo: a transfer that ends meanwhile has published nTo first.
+  const bool open = inTransfer;
+  const unsigned to = nTo;
+  const unsigned end = open && to == 0 ? size : std::min(to, size);
+  return {std::min<unsigned>(nFrom, end), end};
+}
+
+bool SourceData::IntervalWhole() const {
+  const unsigned size = nSamples;
+  return size != 0 && effectiveInterval(size) == SampleInterval{0, size};
+}
+
+unsigned SourceData::GetAnalyzeFrom() const {
+  if (inTransfer || !AnalyzeDataBetweenCursors)
+    return 0;
+  return std::min<unsigned>(static_cast<unsigned>(std::max<int>(iLCursor, 0)), nSamples);
+}
+
+unsigned SourceData::GetAnalyzeTo() const {
+  if (inTransfer)
+    return GetTo();
+  const unsigned size = nSamples;
+  if (!AnalyzeDataBetweenCursors)
+    return size;
+  return std::min(static_cast<unsigned>(std::max<int>(iRCursor, -1) + 1LL), size);
+}
+
+unsigned SourceData::GetxValueIndex(double x) const {
+  const SampleReader samples = Read();
+  if (samples.empty() || std::isnan(x))
+    return 0;
+  const unsigned last = samples.blockCount() - 1;
+  unsigned b = 0;
+  while (b < last && (x < samples.block(b).xAt(0) || x > samples.block(b).xAt(SampleBlock::kMask)))
+    ++b;
+  const SampleBlock& block = samples.block(b);
+  const unsigned count = samples.countIn(b);
+  const unsigned first = b << SampleBlock::kShift;
+  if (x > block.xAt(count - 1))
+    return first + count - 1;
+  if (x < block.xAt(0))
+    return first;
+  return first + static_cast<unsigned>(std::max(FindSample(block, 0, count, x, false), 0));
+}
+
+void SourceData::setInterval(double xFrom, double xTo) {
+  if (!std::isfinite(xFrom) || !std::isfinite(xTo))
+    return;
+  const SampleReader samples = Read();
+  if (samples.empty()) {
+    nFrom = 0;
+    nTo = 0;
+    return;
+  }
+  const SampleInterval found = findInterval(samples, xFrom, xTo);
+  nFrom = found.from;
+  nTo = found.end;
+  placeCursors(samples, found, xFrom, xTo);
+}
+
+SampleInterval SourceData::findInterval(const SampleReader& samples, double xFrom,
+                                        double xTo) const {
+  const SampleInterval whole{0, samples.size()};
+  const SampleInterval now = effectiveInterval(samples.size());
+  if (now.end == 0)
+    return whole;
+  const unsigned last = (now.end - 1) >> SampleBlock::kShift;
+  int start = -1, end = -1;
+  for (unsigned b = now.from >> SampleBlock::kShift; b <= last && end < 0; ++b) {
+    const SampleBlock& block = samples.block(b);
+    const unsigned count = samples.countIn(b);
+    const int first = static_cast<int>(b << SampleBlock::kShift);
+    if (start < 0) {
+      const int place = FindSample(block, 0, count, xFrom, false);
+      if (place < 0)
+        continue;
+      start = first + place;
+    }
+    const int place = FindSample(block, 0, count, xTo, true);
+    if (place >= 0)
+      end = first + place + 1;
+  }
+  SampleInterval found = whole;
+  if (start >= 0)
+    found.from = static_cast<unsigned>(start);
+  if (end >= 0)
+    found.end = static_cast<unsigned>(end);
+  // Ends that are the wrong way round leave the sample at xFrom.
+  found.end = std::max(found.end, found.from + 1);
+  return found;
+}
+
+void SourceData::placeCursors(const SampleReader& samples, SampleInterval found, double xFrom,
+                              double xTo) {
+  const unsigned last = found.end - 1;
+  unsigned left = found.from, right = last;
+  if (left + 1 < last && samples.x(last) > xFrom) {
+    left = FirstNotBelow(samples, left, last, xFrom);
+    if (left + 1 < last)
+      right = LastNotAbove(samples, left + 1, last, xTo);
+  }
+  iLCursor = static_cast<int>(left);
+  iRCursor = static_cast<int>(right);
+}
+
+void SourceData::SetInterval(const AxisData& axis) {
+  setInterval(axis.min, axis.max);
+}
+
+void SourceData::ResetInterval(const AxisData* axis) {
+  {
+    const std::lock_guard<std::mutex> lock(openEndLock());
+    nFrom = 0;
+    nTo = inTransfer ? 0u : nSamples.load();
+  }
+  if (isFixed(axis))
+    setInterval(axis->fixedMin, axis->fixedMax);
+  xIntervalMin = xIntervalMax = yIntervalMin = yIntervalMax = 0.0;
+}
+
+bool SourceData::ZoomInByPoint(double x1, double x2, const AxisData* axis) {
+  if (!std::isfinite(x1) || !std::isfinite(x2) || !Valid())
+    return false;
+  if (isFixed(axis)) {
+    x1 = std::max(x1, axis->fixedMin);
+    x2 = std::min(x2, axis->fixedMax);
+  }
+  const std::pair<unsigned, unsigned> before{nFrom, nTo};
+  setInterval(x1, x2);
+  if (before == std::pair<unsigned, unsigned>{nFrom, nTo})
+    return false;
+  showInterval(GetInterval());
+  return true;
+}
+
+bool SourceData::ZoomInByCursor() {
+  const int left = iLCursor, right = iRCursor;
+  const unsigned size = nSamples;
+  if (left < 0 || right < left || static_cast<unsigned>(left) >= size)
+    return false;
+  const std::pair<unsigned, unsigned> before{nFrom, nTo};
+  nFrom = static_cast<unsigned>(left);
+  nTo = std::min(static_cast<unsigned>(right) + 1, size);
+  return before != std::pair<unsigned, unsigned>{nFrom, nTo};
+}
+
+bool SourceData::SetIntervalBySample(bool zoomIn, const AxisData* axis, int factor) {
+  const std::int64_t all = nSamples;
+  const SampleInterval now = effectiveInterval(static_cast<unsigned>(all));
+  const std::int64_t size = now.Size();
+  if (isFixed(axis) || factor < 2 || size == 0)
+    return false;
+  if (zoomIn ? size <= 2 : size == all)
+    return false;
+  const std::int64_t middle = now.from + size / 2;
+  const std::int64_t newSize =
+      zoomIn ? std::max<std::int64_t>(size / factor, 2) : std::min(size * factor, all);
+  std::int64_t start = middle - newSize / 2;
+  std::int64_t end = middle + newSize / 2;
+  if (start < 0) {
+    start = 0;
+    end = newSize;
+  }
+  if (end > all) {
+    end = all;
+    start = end - newSize;
+  }
+  const SampleInterval wanted{static_cast<unsigned>(start), static_cast<unsigned>(end)};
+  if (wanted == now)
+    return false;
+  showInterval(wanted);
+  return true;
+}
+
+bool SourceData::Scroll(int samples, const AxisData* axis) {
+  const std::int64_t all = nSamples;
+  const SampleInterval now = effectiveInterval(static_cast<unsigned>(all));
+  if (isFixed(axis) || now.Size() == 0)
+    return false;
+  const std::int64_t shift =
+      std::clamp<std::int64_t>(samples, -std::int64_t{now.from}, all - now.end);
+  if (shift == 0)
+    return false;
+  showInterval({static_cast<unsigned>(now.from + shift), static_cast<unsigned>(now.end + shift)});
+  return true;
+}
+
+void SourceData::ScrollTo(unsigned first) {
+  const unsigned all = nSamples;
+  const unsigned size = effectiveInterval(all).Size();
+  if (size == 0)
+    return;
+  first = std::min(first, all - size);
+  showInterval({first, first + size});
+}
+
+void SourceData::showInterval(SampleInterval interval) {
+  nFrom = interval.from;
+  nTo = interval.end;
+  iLCursor = static_cast<int>(interval.from);
+  iRCursor = static_cast<int>(interval.end) - 1;
+}
+
+}  // namespace sparlow

@@ -1,0 +1,76 @@
+#include <algorithm>
+
+#include "sparlow/data/SourceData.h"
+
+namespace sparlow {
+
+namespace {
+
+struct Range {
+  double min = SampleBlock::kNoMin;
+  double max = SampleBlock::kNoMax;
+};
+
+// y of the samples of one block that lie in the interval.
+Range scan(const SampleReader& samples, unsigned b, SampleInterval interval) {
+  const unsigned first = b << SampleBlock::kShift;
+  const unsigned from = std::max(interval.from, first) - first;
+  const unsigned end = std::min(SampleBlock::kSamples, interval.end - first);
+  Range range;
+  for (unsigned place = from; place < end; ++place) {
+    const double y = samples.block(b).yAt(place);
+    range.min = std::min(range.min, y);
+    range.max = std::max(range.max, y);
+  }
+  return range;
+}
+
+// The blocks whose records promise the lowest and the highest y are read, and no others.
+Range rangeOf(const SampleReader& samples, SampleInterval interval) {
+  const unsigned first = interval.from >> SampleBlock::kShift;
+  const unsigned last = (interval.end - 1) >> SampleBlock::kShift;
+  Range extremes;
+  unsigned lowest = first, highest = first;
+  for (unsigned b = first; b <= last; ++b) {
+    const SampleBlock& block = samples.block(b);
+    if (const double low = block.yMin.relaxed(); low < extremes.min) {
+      extremes.min = low;
+      lowest = b;
+    }
+    if (const double high = block.yMax.relaxed(); high > extremes.max) {
+      extremes.max = high;
+      highest = b;
+    }
+  }
+  Range range = scan(samples, lowest, interval);
+  if (highest != lowest)
+    range.max = scan(samples, highest, interval).max;
+  return range;
+}
+
+}  // namespace
+
+void SourceData::SetIntervalParams() {
+  const SampleReader samples = Read();
+  const SampleInterval interval = effectiveInterval(samples.size());
+  if (interval.Size() == 0)
+    return;
+  const double xLow = xGlobalMin, xHigh = xGlobalMax, yLow = yGlobalMin, yHigh = yGlobalMax;
+  // Bounds that start anew belong to a data set that replaces the one in hand.
+  if (xLow > xHigh || yLow > yHigh)
+    return;
+  if (interval == SampleInterval{0, samples.size()}) {
+    yIntervalMin = yLow;
+    yIntervalMax = yHigh;
+    xIntervalMin = xLow;
+    xIntervalMax = xHigh;
+    return;
+  }
+  const Range range = rangeOf(samples, interval);
+  yIntervalMin = std::max(range.min, yLow);
+  yIntervalMax = std::min(range.max, yHigh);
+  xIntervalMin = samples.x(interval.from);
+  xIntervalMax = samples.x(interval.end - 1);
+}
+
+}  // namespace sparlow

@@ -1,0 +1,90 @@
+#include <algorithm>
+#include <limits>
+
+#include "sparlow/data/DataLock.h"
+#include "sparlow/data/SourceData.h"
+
+namespace sparlow {
+
+// Held where inTransfer and an open or pinned nTo have to change together: a window that resets the
+// interval just when a transfer ends would leave the end open for ever. One for all series, since
+// it is held for two assignments.
+std::mutex& SourceData::openEndLock() {
+  static std::mutex lock;
+  return lock;
+}
+
+bool SourceData::TryReset() {
+  if (inTransfer && feedingThread_ != std::this_thread::get_id())
+    return false;
+  Reset();
+  return true;
+}
+
+void SourceData::InitDataTransfer(bool isWaveform) {
+  feedingThread_ = std::this_thread::get_id();
+  {
+    const std::lock_guard<std::mutex> lock(openEndLock());
+    inTransfer = true;
+  }
+  firstBlockPending = true;
+  waveform = isWaveform;
+}
+
+bool SourceData::InitBlockTransfer() {
+  feedingThread_ = std::this_thread::get_id();
+  nToAtBlockStart = GetTo();
+  nBlockSamples = 0;
+  if (!firstBlockPending)
+    return false;
+  Reset();
+  nFrom = 0;
+  nTo = 0;
+  nToAtBlockStart = 0;
+  firstBlockPending = false;
+  return true;
+}
+
+void SourceData::TermBlockTransfer() {
+  const unsigned end = GetTo();
+  nBlockSamples = end - std::min<unsigned>(end, nToAtBlockStart);
+  if (const unsigned shown = nLastSamplesToDraw; shown != 0)
+    nFrom = end - std::min(end, shown);
+  SetIntervalParams();
+}
+
+bool SourceData::TermDataTransfer() {
+  const unsigned size = nSamples;
+  if (firstBlockPending || size == 0) {
+    inTransfer = false;
+    return false;
+  }
+  if (waveform) {
+    const DataLock data(dataMutex);
+    if (const auto store = store_.Get())
+      store->SortFirstBlock();
+  }
+  {
+    const std::lock_guard<std::mutex> lock(openEndLock());
+    nTo = size;
+    iRCursor = static_cast<int>(size) - 1;
+    iLCursor = static_cast<int>(std::min(GetFrom(), size - 1));
+    adjusted = true;
+    // Last: who sees the transfer over sees its end, its order and its cursors as well.
+    inTransfer = false;
+  }
+  CalculateStatParams(std::numeric_limits<double>::lowest(), std::numeric_limits<double>::max());
+  return true;
+}
+
+void SourceData::AdjustSizeTo() {
+  const unsigned size = nSamples;
+  nTo = size;
+  adjusted = true;
+  if (size == 0)
+    return;
+  iLCursor = static_cast<int>(std::min(GetFrom(), size - 1));
+  iRCursor = static_cast<int>(size) - 1;
+}
+
+}  // namespace sparlow

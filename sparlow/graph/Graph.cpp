@@ -1,0 +1,173 @@
+#include "sparlow/graph/Graph.h"
+
+#include "sparlow/platform/CMenu.h"
+#include "sparlow/platform/Windows.h"
+#include "sparlow/view/ViewData.h"
+
+namespace sparlow {
+
+namespace {
+
+/// The scheme of every new graph.
+GraphColors& defaultColors() {
+  static GraphColors scheme0;
+  return scheme0;
+}
+
+}  // namespace
+
+Graph::Graph(GraphAxis* sharedAxis)
+    : axis(sharedAxis),
+      colors(&defaultColors()),
+      lCursor(std::make_unique<Cursor>()),
+      rCursor(std::make_unique<Cursor>()),
+      workers(std::make_shared<GraphWorkers>()) {
+  lCursor->SetColor(colors->cursorLeft);
+  rCursor->SetColor(colors->cursorRight);
+}
+
+Graph::~Graph() = default;
+
+void Graph::Create(HWND window) {
+  hWnd = window;
+  if (!memDC) {
+    const HDC dc = GetDC(hWnd);
+    memDC = CreateCompatibleDC(dc);
+    ReleaseDC(hWnd, dc);
+  }
+  ShowScrollBar(hWnd, SB_BOTH, false);
+}
+
+bool Graph::AddViewData(ViewData* series) {
+  if (!series || activeViewData)
+    return false;
+  SetViewData(series);
+  return true;
+}
+
+bool Graph::RemoveViewData(ViewData*) {
+  return false;
+}
+bool Graph::AddMaskData(ViewData*) {
+  return false;
+}
+bool Graph::RemoveMaskData(ViewData*) {
+  return false;
+}
+void Graph::SetActive(int) {}
+void Graph::SetActiveMask(int) {}
+void Graph::RemoveActiveGraph() {}
+
+void Graph::SetViewData(ViewData* series) {
+  if (!series)
+    return;
+  const CSingleLock pipeline(&pipelineLock);
+  activeViewData = series;
+  series->SetColor(colors->trace);
+}
+
+const char* Graph::GetName() const {
+  const ViewData* const series = activeViewData;
+  return series ? series->GetName().c_str() : nullptr;
+}
+
+void Graph::SetColors(GraphColors* scheme) {
+  if (!scheme)
+    return;
+  colors = scheme;
+  lCursor->SetColor(colors->cursorLeft);
+  rCursor->SetColor(colors->cursorRight);
+  if (ViewData* const series = activeViewData)
+    series->SetColor(colors->trace);
+}
+
+void Graph::Clear() {
+  ViewData* const series = activeViewData;
+  // While another thread feeds the series it isn't ours to empty.
+  if (!series || !series->TryReset())
+    return;
+  {
+    const CSingleLock pipeline(&pipelineLock);
+    series->ResetUnits();
+    if (axis)
+      axis->Reset();
+  }
+  ShowScrollBar(hWnd, SB_BOTH, false);
+  RedrawWindow(hWnd, RDW_INVALIDATE);
+}
+
+bool Graph::DataValid() const {
+  const ViewData* const series = activeViewData;
+  return series && series->Valid();
+}
+
+bool Graph::DataAndAxisValid() const {
+  return axis && DataValid() && axis->Valid();
+}
+
+std::vector<ViewData*> Graph::AllSeries() const {
+  ViewData* const series = activeViewData;
+  return series ? std::vector<ViewData*>{series} : std::vector<ViewData*>{};
+}
+
+void Graph::defineMinMax() {
+  ViewData* const series = activeViewData;
+  series->SetIntervalParams();
+  xMin = series->xIntervalMinGet();
+  xMax = series->xIntervalMaxGet();
+  yMin = series->yIntervalMinGet();
+  yMax = series->yIntervalMaxGet();
+}
+
+void Graph::ResetInterval() {
+  activeViewData.load()->ResetInterval(&axis->hor);
+}
+
+void Graph::zoomOutFullPrimary() {
+  activeViewData.load()->ZoomOutFull(&axis->hor);
+}
+
+bool Graph::AnalyzeEach() {
+  ViewData* const series = activeViewData;
+  return series && series->Analyze();
+}
+
+bool Graph::AnalyzeEachNewMask() {
+  return false;
+}
+
+COLORREF Graph::GetPixel(CPoint point) {
+  constexpr COLORREF none = 0xFFFFFFFF;
+  CPoint inPlot = point;
+  Clip(inPlot);
+  if (inPlot.x < 1 || inPlot.x >= width || inPlot.y < 1 || inPlot.y >= height || !memDC ||
+      !memBitmap)
+    return none;
+  CDC dc(memDC);
+  const HBITMAP before = dc.SelectObject(memBitmap);
+  const COLORREF color = dc.GetPixel(point);
+  dc.SelectObject(before);
+  return color;
+}
+
+bool Graph::GetViewDataByPoint(ViewData** series, int* index, bool* isMask, CPoint point) {
+  ViewData* const candidate = activeViewData;
+  if (!candidate || GetPixel(point) != candidate->GetColor())
+    return false;
+  if (series)
+    *series = candidate;
+  if (index)
+    *index = 0;
+  if (isMask)
+    *isMask = false;
+  return true;
+}
+
+CMenu* Graph::CreateCustomPopupMenu(CMenu& menu) {
+  const ViewData* const series = activeViewData;
+  if (!series || !menu.LoadMenu(static_cast<std::uint16_t>(series->GetMenuID())))
+    return nullptr;
+  return menu.GetSubMenu(0);
+}
+
+}  // namespace sparlow

@@ -1,0 +1,238 @@
+#pragma once
+
+#include <memory>
+#include <mutex>
+#include <vector>
+
+#include "sparlow/axis/GraphAxis.h"
+#include "sparlow/graph/Cursor.h"
+#include "sparlow/graph/GraphColors.h"
+#include "sparlow/graph/GraphWorkers.h"
+#include "sparlow/graph/Offset.h"
+#include "sparlow/platform/CDC.h"
+#include "sparlow/platform/Messages.h"
+#include "sparlow/platform/Synchronization.h"
+
+namespace sparlow {
+
+class CMenu;
+class ViewData;
+
+/// Posted by a graph's analysis workers to its own window: the data have changed, UpdateGraph is
+/// due.
+inline constexpr UINT WM_UPDATE_GRAPH = WM_USER + 104;
+
+/// One graph: binds a series, a pair of axes and a window, keeps the finished frame, and brings the
+/// window up to date after each change.
+///
+/// Every change of data, interval or axes ends in UpdateGraph, every change of window size in
+/// ResizeGraph. A render of at most updateRenderLimit samples runs there and then; a larger one
+/// goes to a worker, and the window shows "Rendering graph" until it is done.
+/// docs/road-of-an-update.md tells the whole road.
+///
+/// Locks, in the order in which they are taken: pipelineLock of the graph, threadsMutex of a
+/// series, dataMutex of a series.
+/// Threads: the window's, unless an operation says otherwise.
+class Graph {
+ public:
+  /// Samples that an update renders on the caller's thread; one more goes to a worker.
+  static constexpr unsigned updateRenderLimit = 10000;
+  /// Samples from which a resize goes to a worker.
+  static constexpr unsigned resizeWorkerLimit = 10000;
+
+  /// axis is shared with the host and must outlive the graph.
+  explicit Graph(GraphAxis* axis);
+  Graph(const Graph&) = delete;
+  Graph& operator=(const Graph&) = delete;
+  /// Destroy must have run.
+  virtual ~Graph();
+
+  /// @name Life
+  /// Binds the graph to its window.
+  void Create(HWND window);
+  /// Stops the workers, waits for them and frees the device objects. Nothing is started any more; a
+  /// second call does nothing. Every series must live until it has returned.
+  void Destroy();
+
+  /// @name Series
+  /// The series stays the host's. False, and nothing changes, when the graph has one already.
+  virtual bool AddViewData(ViewData* series);
+  virtual bool RemoveViewData(ViewData* series);
+  virtual bool AddMaskData(ViewData* series);
+  virtual bool RemoveMaskData(ViewData* series);
+  /// Makes a series the active one, in place of any other, and gives it the trace colour. Null is
+  /// ignored. Waits for a render that runs.
+  void SetViewData(ViewData* series);
+  ViewData* GetActiveViewData() const { return activeViewData; }
+  /// The active series' name, null without one.
+  const char* GetName() const;
+  virtual bool IsMultiple() const { return false; }
+  virtual void SetActive(int index);
+  virtual void SetActiveMask(int index);
+  virtual void RemoveActiveGraph();
+  virtual bool IsDependent() const { return false; }
+  /// True when there is a series with samples and both axes can be painted. Any thread.
+  bool DataAndAxisValid() const;
+  /// Empties the active series, its units and the axes.
+  void Clear();
+
+  /// @name From a change to the screen
+  /// Brings the graph up to date after a change of data, interval, axes or settings.
+  void UpdateGraph();
+  /// Brings the graph up to date after a change of window size. Does nothing while resizing is
+  /// locked, also not later.
+  void ResizeGraph();
+  /// Paints the frame and copies it to the window. Never waits for a render.
+  void DrawAll();
+  /// True while the window shows "Rendering graph", because columns are still to be made.
+  bool RenderDue() const { return workers->RenderDue(); }
+  /// Recalculates analysis series, or new masks, on a worker, which then posts WM_UPDATE_GRAPH.
+  void AnalyzeAll();
+  void AnalyzeMask();
+  /// What those workers run: true when something was calculated.
+  virtual bool AnalyzeEach();
+  virtual bool AnalyzeEachNewMask();
+  /// Sends the cursor readings and the statistics to the info bar.
+  void UpdateCursorsReadout() {}
+  void UpdateStaParams() {}
+
+  /// @name Looks
+  /// The scheme stays the host's and must live as long as the graph uses it. Null is ignored.
+  /// Paints nothing.
+  void SetColors(GraphColors* scheme);
+  /// Turns a point of the client area into one of the plot, clamped to it.
+  void Clip(CPoint& point) const;
+  /// The series whose colour the last frame has at a point of the client area. Null out-arguments
+  /// are skipped; false, and nothing is stored, when there is none.
+  virtual bool GetViewDataByPoint(ViewData** series, int* index, bool* isMask, CPoint point);
+  /// Loads the popup menu of the active series into menu and gives its first sub-menu, which menu
+  /// owns. Null without a series or a menu resource.
+  virtual CMenu* CreateCustomPopupMenu(CMenu& menu);
+
+  /// @name Process-wide
+  /// The window that receives the readouts of all graphs.
+  static void SetInfoBar(HWND window) { InfoBarHwnd = window; }
+  /// For hosts that rearrange their windows: ResizeGraph does nothing in between.
+  static void LockResizing() { LockResize = true; }
+  static void UnlockResizing() { LockResize = false; }
+  /// While true, a graph whose active series is in a data transfer takes no input and sends no
+  /// cursor readouts.
+  static inline CopyableAtomic<bool> RestrictGraphOperationInRealTime{true};
+
+  /// The active one of its frame: shows its cursors and has the active background.
+  CopyableAtomic<bool> active{false};
+
+ protected:
+  /// @name For classes that show more than one series
+  virtual void DrawSecondaryGraphs(CDC*) {}
+  virtual void DrawPrimaryGraph(CDC* dc);
+  virtual int LegendOffset() const { return 0; }
+  virtual void DrawLegend(CDC*) {}
+  /// For hosts: draws over the curves, in plot coordinates, clipped to the plot.
+  virtual void DrawCustomOverlay(CDC*) {}
+  /// Renders what lies beside the active series. False when it was stopped. Any thread that
+  /// renders.
+  virtual bool RenderSecondaryGraphs() { return true; }
+  /// All series of the graph, with samples or without, the active one first.
+  virtual std::vector<ViewData*> AllSeries() const;
+  /// Signals the terminator of every series of the graph, and remembers which.
+  virtual void SetThreadsTerminator();
+  /// Clears what SetThreadsTerminator signalled, and nothing else.
+  virtual void ClearThreadsTerminator();
+  /// Waits until nobody renders or analyses the active series.
+  virtual void WaitForThreadsEnd();
+  /// Sets xMin to yMax to the range of the data that the axes are to show.
+  virtual void defineMinMax();
+  virtual void ResetInterval();
+  virtual void zoomOutFullPrimary();
+  virtual void zoomOutFullSecondary() {}
+
+  /// @name Painting
+  /// Paints the frame of the graph inside area: caption, grid, axes, labels, legend, curves.
+  void GraphToDC(CDC* dc, const CRect& area);
+  void DrawCaption(CDC* dc);
+  void DrawCaptionStrLeft(CDC* dc, const CString& text);
+  void DrawCaptionStrRight(CDC* dc, const CString& text);
+  void DrawGrid(CDC* dc);
+  void DrawAxis(CDC* dc);
+  void DrawLabels(CDC* dc);
+  /// The one font of all text, 11 points high on the device of dc.
+  static void CreateTextFont(CFont* font, CDC* dc);
+
+  GraphAxis* const axis;
+  CopyableAtomic<ViewData*> activeViewData{nullptr};
+  GraphColors* colors;
+  const std::unique_ptr<Cursor> lCursor;
+  const std::unique_ptr<Cursor> rCursor;
+  HWND hWnd = nullptr;
+  /// The range of the data that the axes are to show.
+  double xMin = 0.0;
+  double xMax = 0.0;
+  double yMin = 0.0;
+  double yMax = 0.0;
+  /// Size of the plot in pixels, at least 1 by 1. A resize worker writes it while the window's
+  /// thread reads: with both scales it is published under layoutLock.
+  CopyableAtomic<int> height{0};
+  CopyableAtomic<int> width{0};
+
+ private:
+  friend class GraphTest;
+
+  /// What a worker is to do.
+  enum class Job { render, resize, analyzeAll, analyzeMask };
+  /// How an attempt to render ends: givenUp, because a newer render or the end of the graph makes
+  /// it pointless; stopped, by a signal from elsewhere.
+  enum class RenderEnd { done, givenUp, stopped };
+  struct WorkerStart;
+  class LastRepaints;
+
+  // Updating, with pipelineLock taken.
+  bool update();
+  bool resize();
+  bool SetAxisAutoRange();
+  bool fitLiveAxes(bool newDataSet);
+  void fitAxes(bool wholeInterval);
+  bool RenderGraph(bool reset);
+  void sbRender();
+
+  // Layout.
+  void layOut();
+  void SetGraphArea(const CRect& area);
+  void tellTooLarge();
+
+  // Workers.
+  void startWorker(Job job);
+  static unsigned runWorker(void* start);
+  void doJob(Job job, std::uint64_t render, bool onWorker);
+  void RenderThread(std::uint64_t render, bool newLayout, bool onWorker);
+  RenderEnd tryRender(std::uint64_t render, bool newLayout);
+  void AnalyzeThread(bool (Graph::*analyze)());
+
+  // The frame.
+  bool DataValid() const;
+  bool IsLegend() const { return IsMultiple(); }
+  void drawMessage(CDC* dc, const CRect& area, const char* text);
+  void DrawVerticalLabels(CDC* dc);
+  void DrawHorizontalLabels(CDC* dc);
+  void DrawCursors(CDC*, const CRect&) {}
+  COLORREF GetPixel(CPoint point);
+
+  static inline CopyableAtomic<HWND> InfoBarHwnd{nullptr};
+  static inline CopyableAtomic<bool> LockResize{false};
+
+  /// Held by whoever updates, resizes or renders this graph, outermost of all locks. Never by a
+  /// paint.
+  CMutex pipelineLock;
+  const std::shared_ptr<GraphWorkers> workers;
+  mutable std::mutex layoutLock;
+
+  // The window's thread.
+  HDC memDC = nullptr;
+  HBITMAP memBitmap = nullptr;
+  std::vector<HANDLE> terminated;   // what SetThreadsTerminator signalled
+  std::uint64_t fittedDataSet = 0;  // the data set that the axes were last fitted to
+
+  CopyableAtomic<bool> tooLarge{false};  // the last layout had no room in the series' columns
+};
+
+}  // namespace sparlow

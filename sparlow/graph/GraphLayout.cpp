@@ -1,0 +1,52 @@
+// Where the plot lies in the window, and how large it is.
+
+#include "sparlow/graph/Graph.h"
+#include "sparlow/platform/UiThread.h"
+#include "sparlow/platform/Windows.h"
+#include "sparlow/view/ViewData.h"
+
+namespace sparlow {
+
+void Graph::SetGraphArea(const CRect& area) {
+  constexpr int columns = static_cast<int>(ViewData::kMaxColumns);
+  tooLarge = area.Width() >= columns || area.Height() >= columns;
+  int plotHeight = std::max(area.Height(), Offset::hMin());
+  int plotWidth = std::max(area.Width(), Offset::wMin());
+  plotHeight -= TopOffset(activeViewData) + Offset::Bottom();
+  plotWidth -= Offset::Left(axis->ver.maxLabelLength) + Offset::Right();
+  if (IsLegend())
+    plotHeight -= LegendOffset();
+  height = std::max(plotHeight, 1);
+  width = std::max(plotWidth, 1);
+}
+
+void Graph::layOut() {
+  CRect client;
+  GetClientRect(hWnd, &client);
+  const std::lock_guard whole(layoutLock);
+  SetGraphArea(client);
+  axis->ver.CalculateScale(static_cast<unsigned>(height.load()));
+  axis->hor.CalculateScale(static_cast<unsigned>(width.load()));
+}
+
+void Graph::tellTooLarge() {
+  if (tooLarge)
+    AfxMessageBox("Screen or printer resolution is too high.\nThe graph will be truncated.", 0, 0);
+}
+
+void Graph::Clip(CPoint& point) const {
+  const std::lock_guard whole(layoutLock);
+  // In 64 bits: a host may pass any point.
+  const std::int64_t x =
+      static_cast<std::int64_t>(point.x) - Offset::Left(axis->ver.maxLabelLength);
+  const std::int64_t y = static_cast<std::int64_t>(point.y) - TopOffset(activeViewData);
+  point.x = static_cast<int>(std::clamp<std::int64_t>(x, 0, width));
+  point.y = static_cast<int>(std::clamp<std::int64_t>(y, 0, height));
+}
+
+void Graph::CreateTextFont(CFont* font, CDC* dc) {
+  constexpr int points = 11;
+  font->CreateFont(MulDiv(points, dc->GetDeviceCaps(LOGPIXELSY), 72), FW_NORMAL, "Arial");
+}
+
+}  // namespace sparlow

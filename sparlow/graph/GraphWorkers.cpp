@@ -1,0 +1,99 @@
+#include "sparlow/graph/GraphWorkers.h"
+
+#include <utility>
+
+#include "sparlow/platform/Synchronization.h"
+#include "sparlow/view/ViewData.h"
+
+namespace sparlow {
+
+bool GraphWorkers::Enter() {
+  const std::lock_guard guard(lock_);
+  if (closed_)
+    return false;
+  ++nThreads_;
+  return true;
+}
+
+void GraphWorkers::Leave() {
+  const std::lock_guard guard(lock_);
+  --nThreads_;
+  changed_.notify_all();
+}
+
+void GraphWorkers::stopRunning() {
+  for (ViewData* const series : running_)
+    series->renderStop = true;
+}
+
+std::uint64_t GraphWorkers::AskForRender(bool withReadout) {
+  const std::lock_guard guard(lock_);
+  ++rendersDue_;
+  readoutDue_ = readoutDue_ || withReadout;
+  stopRunning();
+  changed_.notify_all();
+  return ++newest_;
+}
+
+GraphWorkers::RunningRender::RunningRender(GraphWorkers& workers, std::uint64_t render,
+                                           std::vector<ViewData*> series)
+    : workers_(workers) {
+  const std::lock_guard guard(workers_.lock_);
+  began_ = !workers_.closed_ && render == workers_.newest_;
+  if (began_)
+    workers_.running_ = std::move(series);
+}
+
+GraphWorkers::RunningRender::~RunningRender() {
+  if (!began_)
+    return;
+  const std::lock_guard guard(workers_.lock_);
+  // A stop that came too late must not meet the next render of these series.
+  for (ViewData* const series : workers_.running_)
+    series->renderStop = false;
+  workers_.running_.clear();
+}
+
+GraphWorkers::DueRender::~DueRender() {
+  const std::lock_guard guard(workers_.lock_);
+  --workers_.rendersDue_;
+}
+
+bool GraphWorkers::TakeReadout() {
+  const std::lock_guard guard(lock_);
+  return std::exchange(readoutDue_, false);
+}
+
+bool GraphWorkers::WaitForNewer(std::uint64_t render, std::chrono::milliseconds limit) {
+  std::unique_lock guard(lock_);
+  return changed_.wait_for(guard, limit, [&] { return closed_ || render != newest_; });
+}
+
+bool GraphWorkers::RenderDue() const {
+  const std::lock_guard guard(lock_);
+  return rendersDue_ != 0;
+}
+
+int GraphWorkers::Count() const {
+  const std::lock_guard guard(lock_);
+  return nThreads_;
+}
+
+void GraphWorkers::Close() {
+  const std::lock_guard guard(lock_);
+  closed_ = true;
+  stopRunning();
+  changed_.notify_all();
+}
+
+bool GraphWorkers::Closed() const {
+  const std::lock_guard guard(lock_);
+  return closed_;
+}
+
+void GraphWorkers::WaitForEnd() {
+  std::unique_lock guard(lock_);
+  WaitServingBoxes(guard, changed_, [this] { return nThreads_ == 0; });
+}
+
+}  // namespace sparlow

@@ -1,0 +1,88 @@
+#pragma once
+
+#include <chrono>
+#include <condition_variable>
+#include <cstdint>
+#include <mutex>
+#include <vector>
+
+namespace sparlow {
+
+class ViewData;
+
+/// The workers of one graph: how many there are, which renders are due, and which one is the
+/// newest. It is shared by the graph and its workers and outlives the graph, so that the last
+/// worker can still count itself off.
+///
+/// Renders are numbered as they are asked for. Asking for one stops the one that runs, and a worker
+/// whose render isn't the newest gives up, so a quick series of requests costs one render.
+/// Threads: any.
+class GraphWorkers {
+ public:
+  /// @name By whoever starts a worker
+  /// Counts a worker that is about to be started. False, and nothing is counted, when the graph is
+  /// closing.
+  bool Enter();
+  /// Counts it off: as the last that a worker does, or because it couldn't be started.
+  void Leave();
+  /// The number of a new render, which is due from now on. A render that runs is told to stop.
+  /// withReadout: the readouts are due when it is done.
+  std::uint64_t AskForRender(bool withReadout);
+
+  /// @name By a worker
+  /// A render of these series for as long as it lives. False when it isn't the newest, or the graph
+  /// is closing: nothing may be rendered then.
+  class RunningRender {
+   public:
+    RunningRender(GraphWorkers& workers, std::uint64_t render, std::vector<ViewData*> series);
+    ~RunningRender();
+    RunningRender(const RunningRender&) = delete;
+    RunningRender& operator=(const RunningRender&) = delete;
+    explicit operator bool() const { return began_; }
+
+   private:
+    GraphWorkers& workers_;
+    bool began_;
+  };
+  /// At its end a render that was asked for is no longer due: it was done, or given up.
+  class DueRender {
+   public:
+    explicit DueRender(GraphWorkers& workers) : workers_(workers) {}
+    ~DueRender();
+    DueRender(const DueRender&) = delete;
+    DueRender& operator=(const DueRender&) = delete;
+
+   private:
+    GraphWorkers& workers_;
+  };
+  /// True once for all the readouts that are due.
+  bool TakeReadout();
+  /// Waits until there is a newer render or the graph is closing: true; or the time is over: false.
+  bool WaitForNewer(std::uint64_t render, std::chrono::milliseconds limit);
+
+  /// @name By the graph
+  /// True from AskForRender until the last render asked for has finished: nobody but a worker may
+  /// touch columns and layout then.
+  bool RenderDue() const;
+  int Count() const;
+  /// No worker is started and no render begins any more; a render that runs is told to stop.
+  void Close();
+  bool Closed() const;
+  /// Waits until no worker is left.
+  void WaitForEnd();
+
+ private:
+  void stopRunning();  // lock_ held
+
+  mutable std::mutex lock_;
+  std::condition_variable changed_;
+  // Guarded by lock_.
+  int nThreads_ = 0;
+  int rendersDue_ = 0;
+  bool closed_ = false;
+  bool readoutDue_ = false;
+  std::uint64_t newest_ = 0;
+  std::vector<ViewData*> running_;  // what the render that runs may be stopped by
+};
+
+}  // namespace sparlow

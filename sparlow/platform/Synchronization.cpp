@@ -1,0 +1,108 @@
+#include "sparlow/platform/Synchronization.h"
+
+#include "sparlow/platform/UiThread.h"
+
+namespace sparlow {
+
+namespace {
+
+/// How often a waiting window's thread looks for message boxes.
+constexpr std::chrono::milliseconds boxPeriod{5};
+
+}  // namespace
+
+void WaitServingBoxes(std::unique_lock<std::mutex>& lock, std::condition_variable& changed,
+                      const std::function<bool()>& done) {
+  if (done())
+    return;
+  if (!UiThread::IsCurrent()) {
+    changed.wait(lock, done);
+    return;
+  }
+  while (!changed.wait_for(lock, boxPeriod, done)) {
+    lock.unlock();
+    UiThread::ServeBoxesInWait();
+    lock.lock();
+  }
+}
+
+void CMutex::Lock() {
+  const std::thread::id self = std::this_thread::get_id();
+  std::unique_lock guard(state_);
+  if (depth_ != 0 && owner_ != self)
+    WaitServingBoxes(guard, freed_, [this, self] { return depth_ == 0 || owner_ == self; });
+  owner_ = self;
+  ++depth_;
+}
+
+bool CMutex::TryLock() {
+  const std::thread::id self = std::this_thread::get_id();
+  const std::lock_guard guard(state_);
+  if (depth_ != 0 && owner_ != self)
+    return false;
+  owner_ = self;
+  ++depth_;
+  return true;
+}
+
+void CMutex::Unlock() {
+  // Told under the lock: the next owner may destroy this mutex as soon as it has it.
+  const std::lock_guard guard(state_);
+  if (depth_ == 0 || owner_ != std::this_thread::get_id())
+    return;
+  if (--depth_ == 0) {
+    owner_ = {};
+    freed_.notify_one();
+  }
+}
+
+void Event::Set() {
+  const std::lock_guard guard(state_);
+  signalled_.store(true, std::memory_order_release);
+  changed_.notify_all();
+}
+
+void Event::Reset() {
+  const std::lock_guard guard(state_);
+  signalled_.store(false, std::memory_order_release);
+}
+
+bool Event::Wait(std::chrono::milliseconds limit) {
+  std::unique_lock guard(state_);
+  return changed_.wait_for(guard, limit, [this] { return signalled_.load(); });
+}
+
+HANDLE CreateEvent(bool signalled) {
+  return new Event(signalled);
+}
+
+bool SetEvent(HANDLE event) {
+  if (event)
+    event->Set();
+  return event != nullptr;
+}
+
+bool ResetEvent(HANDLE event) {
+  if (event)
+    event->Reset();
+  return event != nullptr;
+}
+
+bool CloseHandle(HANDLE event) {
+  delete event;
+  return event != nullptr;
+}
+
+std::uint32_t WaitForSingleObject(HANDLE event, std::uint32_t milliseconds) {
+  if (!event)
+    return WAIT_TIMEOUT;
+  if (milliseconds == 0)
+    return event->IsSet() ? WAIT_OBJECT_0 : WAIT_TIMEOUT;
+  if (milliseconds != INFINITE)
+    return event->Wait(std::chrono::milliseconds(milliseconds)) ? WAIT_OBJECT_0 : WAIT_TIMEOUT;
+  while (!event->Wait(std::chrono::hours(1))) {
+  }
+  return WAIT_OBJECT_0;
+}
+
+}  // namespace sparlow

@@ -1,0 +1,134 @@
+#include "sparlow/platform/WindowSite.h"
+
+#include <map>
+#include <mutex>
+
+#include "sparlow/platform/CWnd.h"
+#include "sparlow/platform/MessageQueue.h"
+#include "sparlow/platform/UiThread.h"
+
+namespace sparlow {
+
+namespace {
+
+struct Registry {
+  std::mutex lock;
+  std::map<HWND, std::weak_ptr<WindowSite>> sites;
+};
+
+// Never destroyed: a detached worker may still look a window up while the process ends.
+Registry& registry() {
+  static Registry* const instance = new Registry;
+  return *instance;
+}
+
+HWND nextHandle() {
+  static std::atomic<std::uintptr_t> last{0};
+  return reinterpret_cast<HWND>(++last);
+}
+
+WindowSystem* installed = nullptr;
+
+}  // namespace
+
+WindowSystem* WindowSystem::Current() {
+  return installed;
+}
+void WindowSystem::Install(WindowSystem* system) {
+  installed = system;
+}
+
+WindowSite::WindowSite(CWnd& window) : handle_(nextHandle()), window_(&window) {}
+
+std::shared_ptr<WindowSite> WindowSite::Find(HWND handle) {
+  Registry& r = registry();
+  const std::lock_guard guard(r.lock);
+  const auto found = r.sites.find(handle);
+  return found == r.sites.end() ? nullptr : found->second.lock();
+}
+
+std::vector<std::shared_ptr<WindowSite>> WindowSite::All() {
+  Registry& r = registry();
+  const std::lock_guard guard(r.lock);
+  std::vector<std::shared_ptr<WindowSite>> all;
+  for (const auto& [handle, site] : r.sites) {
+    if (auto alive = site.lock())
+      all.push_back(std::move(alive));
+  }
+  return all;
+}
+
+void WindowSite::Register() {
+  Registry& r = registry();
+  const std::lock_guard guard(r.lock);
+  r.sites.emplace(handle_, weak_from_this());
+}
+
+void WindowSite::leaveRegistry() {
+  {
+    Registry& r = registry();
+    const std::lock_guard guard(r.lock);
+    r.sites.erase(handle_);
+  }
+  MessageQueue::Drop(handle_);
+}
+
+CSize WindowSite::ClientSize() const {
+  const std::uint64_t packed = clientSize_.load(std::memory_order_acquire);
+  return {static_cast<int>(packed >> 32), static_cast<int>(packed & 0xFFFFFFFFu)};
+}
+
+void WindowSite::Resized(CSize size) {
+  const auto cx = static_cast<std::uint64_t>(std::max(size.cx, 0));
+  const auto cy = static_cast<std::uint64_t>(std::max(size.cy, 0));
+  clientSize_.store(cx << 32 | cy, std::memory_order_release);
+  Invalidate();
+  Send(WM_SIZE, 0, static_cast<LPARAM>((cx & 0xFFFFu) | (cy & 0xFFFFu) << 16));
+}
+
+void WindowSite::Invalidate() {
+  if (!invalid_.exchange(true))
+    UiThread::Wake();
+}
+
+LRESULT WindowSite::Send(UINT message, WPARAM wParam, LPARAM lParam) {
+  return window_ ? window_->WindowProc(message, wParam, lParam) : 0;
+}
+
+void WindowSite::PaintIfDue() {
+  if (!window_ || !peer_ || !peer_->IsShown())
+    return;
+  // Taken back before the paint: what is marked during it makes another one.
+  if (invalid_.exchange(false))
+    Send(WM_PAINT);
+}
+
+void WindowSite::PeerGone() {
+  const auto keep = shared_from_this();
+  Destroy();
+}
+
+void WindowSite::Destroy() {
+  if (destroying_ || !window_)
+    return;
+  destroying_ = true;
+  const auto keep = shared_from_this();
+  Send(WM_DESTROY);
+  leaveRegistry();
+  peer_.reset();
+  if (CWnd* const window = std::exchange(window_, nullptr)) {
+    window->site_.reset();
+    window->WindowProc(WM_NCDESTROY, 0, 0);
+    window->PostNcDestroy();
+  }
+}
+
+void WindowSite::Forget() {
+  const auto keep = shared_from_this();
+  destroying_ = true;
+  window_ = nullptr;
+  leaveRegistry();
+  peer_.reset();
+}
+
+}  // namespace sparlow

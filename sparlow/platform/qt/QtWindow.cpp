@@ -1,0 +1,113 @@
+#include "sparlow/platform/qt/QtWindow.h"
+
+#include <utility>
+
+#include "sparlow/platform/UiThread.h"
+#include "sparlow/platform/WindowSite.h"
+#include "sparlow/platform/qt/QtFonts.h"
+#include "sparlow/platform/qt/QtWidget.h"
+
+namespace sparlow::qt {
+
+namespace {
+
+constexpr CSize defaultClientSize{640, 480};
+constexpr COLORREF background = RGB(255, 255, 255);
+
+}  // namespace
+
+QtWindow::QtWindow(WindowSite& site, std::uint32_t style)
+    : site_(site), widget_(new QtWidget(*this)), surface_({}, 1.0, background) {
+  setBarPolicy(SB_HORZ, (style & WS_HSCROLL) != 0);
+  setBarPolicy(SB_VERT, (style & WS_VSCROLL) != 0);
+  widget_->resize(defaultClientSize.cx, defaultClientSize.cy);
+  widget_->LayOut();
+  // The site can't hear of a size before it has its peer.
+  UiThread::Wake();
+}
+
+QtWindow::~QtWindow() {
+  if (QtWidget* const widget = std::exchange(widget_, nullptr))
+    widget->Discard();
+}
+
+void QtWindow::WidgetGone() {
+  widget_ = nullptr;
+  site_.shared_from_this()->PeerGone();
+}
+
+void QtWindow::Closed() {
+  site_.shared_from_this()->Destroy();
+}
+
+void QtWindow::Present() {
+  if (widget_)
+    widget_->viewport()->update();
+}
+
+bool QtWindow::IsShown() const {
+  return widget_ && widget_->isVisible();
+}
+
+void QtWindow::Show(bool show) {
+  if (widget_)
+    widget_->setVisible(show);
+}
+
+void QtWindow::SetTitle(const std::string& utf8) {
+  if (widget_)
+    widget_->setWindowTitle(FromUtf8(utf8));
+}
+
+void QtWindow::setBarPolicy(int bar, bool show) {
+  const auto policy = show ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff;
+  if (bar == SB_HORZ)
+    widget_->setHorizontalScrollBarPolicy(policy);
+  else if (bar == SB_VERT)
+    widget_->setVerticalScrollBarPolicy(policy);
+}
+
+void QtWindow::ShowScrollBar(int bar, bool show) {
+  if (!widget_)
+    return;
+  // Each step may run the window's WM_SIZE, and that may end the window and this peer.
+  const auto site = site_.shared_from_this();
+  setBarPolicy(bar, show);
+  if (site->peer())
+    widget_->LayOut();
+  if (site->peer())
+    SyncSize();
+}
+
+void QtWindow::SetClientSize(CSize size) {
+  if (!widget_)
+    return;
+  const auto site = site_.shared_from_this();
+  widget_->LayOut();
+  if (!site->peer())
+    return;
+  const QSize around = widget_->size() - widget_->viewport()->size();
+  widget_->resize(QSize(std::max(size.cx, 1), std::max(size.cy, 1)) + around);
+  if (site->peer())
+    widget_->LayOut();
+  if (site->peer())
+    SyncSize();
+}
+
+void QtWindow::SyncSize() {
+  // A message must not run into a wait; the Serve after it calls this again.
+  const auto site = site_.shared_from_this();
+  if (!widget_ || !site->peer() || UiThread::InWait())
+    return;
+  const QWidget* const viewport = widget_->viewport();
+  const CSize size{viewport->width(), viewport->height()};
+  const double scale = viewport->devicePixelRatioF();
+  if (told_ && size == surface_.Size() && scale == surface_.Scale())
+    return;
+  told_ = true;
+  surface_.Remake(size, scale, background);
+  // Also for a new scale alone: off-screen bitmaps are to be made anew.
+  site->Resized(size);
+}
+
+}  // namespace sparlow::qt

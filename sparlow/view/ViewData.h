@@ -1,0 +1,124 @@
+#pragma once
+
+#include <typeinfo>
+
+#include "sparlow/data/DataLock.h"
+#include "sparlow/data/SourceData.h"
+#include "sparlow/platform/Geometry.h"
+#include "sparlow/view/ViewColumns.h"
+
+namespace sparlow {
+
+class CDC;
+
+/// A request that belongs to one object: a copy has none, and an assignment leaves it alone.
+/// Threads: any.
+class OwnRequest : public CopyableAtomic<bool> {
+ public:
+  OwnRequest() = default;
+  OwnRequest(const OwnRequest&) : CopyableAtomic<bool>() {}
+  OwnRequest& operator=(const OwnRequest&) { return *this; }
+  using CopyableAtomic<bool>::operator=;
+};
+
+/// A series that can be drawn. Render reduces the samples of the interval to pixel columns, Draw
+/// walks the columns alone. A class derived from it may map samples to pixels in its own way.
+///
+/// Threads: each operation says its own; one render at a time, under threadsMutex when there is
+/// more than one thread that renders. A copy waits for a render of its source.
+class ViewData : public SourceData, public ViewColumns {
+ public:
+  ViewData() = default;
+  ViewData(const ViewData& other);
+  ViewData& operator=(const ViewData& other);
+
+  void Init(const char* seriesName, SourceData* source = nullptr) override;
+  void Term() override;
+  /// Empties the series and its columns.
+  void Reset() override;
+
+  /// @name Rendering
+  ///@{
+  /// Clears the columns, so that the next render is a full one. Waits for a render.
+  /// Threads: any.
+  void ResetViewData();
+  /// Makes the columns of the interval for the axes as they stand. Not full: goes on with the
+  /// samples that have come since the last render, unless its columns were made for something else,
+  /// which makes it a full one. False: a full render was stopped by terminator or renderStop; the
+  /// columns are half written then and the next render is a full one. Without samples, or with the
+  /// start of the interval beyond them, there are no columns. Beyond 16384 columns the curve ends.
+  /// Holds dataMutex for its whole run. A null axis renders nothing.
+  /// Threads: a worker or the window's.
+  virtual bool Render(GraphAxis* axis, bool full);
+  /// A render that isn't full would go on over the columns that there are.
+  /// Threads: those that may render.
+  bool CanContinueRender(const GraphAxis& axis) const;
+  /// Asks a full render, and nobody else at the series, to give up. Whoever sets it clears it.
+  /// Threads: any.
+  OwnRequest renderStop;
+
+  /// Pixel of a sample, counted from the top left of the plot: the way of hor, and of ver
+  /// inverted. 0 for a sample that doesn't exist.
+  /// Threads: any.
+  virtual int xPosGet(unsigned sample, const GraphAxis* axis) const;
+  virtual int yPosGet(unsigned sample, const GraphAxis* axis) const;
+  ///@}
+
+  /// @name Drawing
+  /// Threads: the one that paints.
+  ///@{
+  /// Draws the curve, with lines of twice the width if bold is true. Any height does. The draw
+  /// style counts only while sparse is true; a denser curve is a line with a stroke for each
+  /// column.
+  virtual void Draw(CDC* dc, int height, bool bold) const;
+  /// Draws a short diagonal stroke for each column of a waveform, by the edges that were rendered.
+  void DrawWaveform(CDC* dc, COLORREF falling, COLORREF rising) const;
+  void SetColor(COLORREF newColor) { color = newColor; }
+  COLORREF GetColor() const { return color; }
+
+  /// Style of all sparse curves. line: 0 none, 1 and 2 a line; point: 0 none, 1 a filled square.
+  /// Any other pair, and neither line nor point, give line 1 and point 0. Packed: line in bits 8 to
+  /// 15, point in bits 0 to 7.
+  static void SetDrawStyle(int line, int point);
+  static void SetDrawStyle(int packed);
+  static int GetDrawStyle() { return DrawStyle; }
+  static int GetLineStyle() { return (DrawStyle >> 8) & 0xFF; }
+  static int GetPointStyle() { return DrawStyle & 0xFF; }
+  ///@}
+
+  CopyableAtomic<COLORREF> color = COLORREF{0};
+
+ protected:
+  /// Fills one entry through xPosGet and yPosGet.
+  void SetViewData(unsigned column, unsigned sample, const GraphAxis* axis);
+  /// Declares, from its constructor, that a derived class leaves xPosGet and yPosGet as they are
+  /// here, so that a render need not call them for each sample. It holds for objects of exactly
+  /// that type: a class derived further declares for itself.
+  void UseStandardMapping(const std::type_info& type) { standardMapping_ = &type; }
+
+ private:
+  class SamplesInHand;
+  struct Column;
+  struct Fold;
+  struct Range {
+    unsigned from;
+    unsigned end;
+  };
+
+  ViewData(const ViewData& other, const DataLock& held);
+  Range rangeOf(const SampleReader& samples) const;
+  bool continues(const RenderKey& key, Range range) const;
+  void setMadeFor(const RenderKey& key);
+  void renderWaveform(const SampleReader& samples, const GraphAxis& axis);
+  bool renderPlain(Fold& fold, const GraphAxis& axis, const RenderKey& key);
+  void foldByAxes(Fold& fold, const GraphAxis& axis);
+  template <class Pixels>
+  void foldWith(Fold& fold, const Pixels& pixels);
+  Column columnAt(unsigned i) const;
+  void putColumn(unsigned i, const Column& column);
+
+  static inline CopyableAtomic<int> DrawStyle{0x100};
+  const std::type_info* standardMapping_ = &typeid(ViewData);
+};
+
+}  // namespace sparlow

@@ -1,0 +1,259 @@
+#include <algorithm>
+
+#include "sparlow/view/ViewData.h"
+
+namespace sparlow {
+
+// The samples that a render of this thread has in hand, for the pixel calls that come out of it:
+// taking a share of the store for each sample would cost more than the mapping.
+class ViewData::SamplesInHand {
+ public:
+  SamplesInHand(const ViewData* view, const SampleReader* samples)
+      : view_(view), samples_(samples), outer_(innermost) {
+    innermost = this;
+  }
+  ~SamplesInHand() { innermost = outer_; }
+  SamplesInHand(const SamplesInHand&) = delete;
+  SamplesInHand& operator=(const SamplesInHand&) = delete;
+
+  static const SampleReader* Of(const ViewData* view) {
+    return innermost && innermost->view_ == view ? innermost->samples_ : nullptr;
+  }
+
+ private:
+  const ViewData* view_;
+  const SampleReader* samples_;
+  SamplesInHand* outer_;
+  static thread_local SamplesInHand* innermost;
+};
+
+thread_local ViewData::SamplesInHand* ViewData::SamplesInHand::innermost = nullptr;
+
+// One entry of the columns.
+struct ViewData::Column {
+  int x, first, last, min, max;
+
+  void add(int y) {
+    last = y;
+    min = std::min(min, y);
+    max = std::max(max, y);
+  }
+};
+
+// One pass over samples: where it goes on, and what came of it.
+struct ViewData::Fold {
+  const SampleReader& samples;
+  unsigned sample;  // next to fold
+  unsigned end;
+  unsigned column;    // next to fill
+  bool full;          // from the first sample of the interval, and may be stopped
+  bool alone = true;  // no sample has shared the column of another
+  bool stopped = false;
+};
+
+namespace {
+
+// The library's own mapping, with the axes' ways taken out of them once.
+template <class Hor, class Ver>
+struct AxisPixels {
+  Hor hor;
+  Ver ver;
+  int x(const SampleBlock& block, unsigned place, unsigned) const { return hor(block.xAt(place)); }
+  int y(const SampleBlock& block, unsigned place, unsigned) const { return ver(block.yAt(place)); }
+};
+
+// Whatever a derived class makes of its samples.
+struct VirtualPixels {
+  const ViewData* view;
+  const GraphAxis* axis;
+  int x(const SampleBlock&, unsigned, unsigned sample) const { return view->xPosGet(sample, axis); }
+  int y(const SampleBlock&, unsigned, unsigned sample) const { return view->yPosGet(sample, axis); }
+};
+
+template <class OfSample>
+int pixelOf(const SampleReader* inHand, const SourceData& series, unsigned sample,
+            const GraphAxis* axis, OfSample ofSample) {
+  if (!axis)
+    return 0;
+  if (inHand)
+    return sample < inHand->size() ? ofSample(*inHand) : 0;
+  const SampleReader samples = series.Read();
+  return sample < samples.size() ? ofSample(samples) : 0;
+}
+
+}  // namespace
+
+int ViewData::xPosGet(unsigned sample, const GraphAxis* axis) const {
+  return pixelOf(SamplesInHand::Of(this), *this, sample, axis,
+                 [&](const SampleReader& samples) { return axis->hor.GetPos(samples.x(sample)); });
+}
+
+int ViewData::yPosGet(unsigned sample, const GraphAxis* axis) const {
+  return pixelOf(SamplesInHand::Of(this), *this, sample, axis, [&](const SampleReader& samples) {
+    return axis->ver.GetPosInv(samples.y(sample));
+  });
+}
+
+void ViewData::SetViewData(unsigned column, unsigned sample, const GraphAxis* axis) {
+  if (column >= kMaxColumns)
+    return;
+  xPos[column] = xPosGet(sample, axis);
+  yPos[column] = yLastPos[column] = yMinPos[column] = yMaxPos[column] = yPosGet(sample, axis);
+}
+
+bool ViewData::Render(GraphAxis* axis, bool full) {
+  if (!axis)
+    return true;
+  const DataLock data(dataMutex);
+  const SampleReader samples = Read();
+  const SamplesInHand inHand(this, &samples);
+  if (waveform) {
+    renderWaveform(samples, *axis);
+    return true;
+  }
+  const Range range = rangeOf(samples);
+  if (range.from >= samples.size()) {
+    ResetViewData();
+    return true;
+  }
+  const RenderKey key{samples.serial(), range.from, RenderKey::Of(axis->hor),
+                      RenderKey::Of(axis->ver)};
+  if (!full && !continues(key, range)) {
+    ResetViewData();
+    full = true;
+  }
+  Fold fold{samples, full ? range.from : nextSample.load(), range.end, full ? 0 : nextColumn.load(),
+            full};
+  return renderPlain(fold, *axis, key);
+}
+
+// The start as it was set: an interval that ends before it still shows the sample there.
+ViewData::Range ViewData::rangeOf(const SampleReader& samples) const {
+  return {nFrom, std::min(GetTo(), samples.size())};
+}
+
+bool ViewData::continues(const RenderKey& key, Range range) const {
+  const std::lock_guard<OwnMutex> lock(columnsLock_);
+  const bool some = nextColumn >= 1 && nextColumn <= kMaxColumns;
+  return some && madeFor_.dataSet != 0 && madeFor_ == key &&
+         nextSample <= std::max(range.end, range.from + 1);
+}
+
+bool ViewData::CanContinueRender(const GraphAxis& axis) const {
+  const SampleReader samples = Read();
+  const Range range = rangeOf(samples);
+  return !waveform &&
+         continues({samples.serial(), range.from, RenderKey::Of(axis.hor), RenderKey::Of(axis.ver)},
+                   range);
+}
+
+void ViewData::setMadeFor(const RenderKey& key) {
+  const std::lock_guard<OwnMutex> lock(columnsLock_);
+  madeFor_ = key;
+}
+
+void ViewData::renderWaveform(const SampleReader& samples, const GraphAxis& axis) {
+  const SampleInterval interval = GetInterval();
+  const unsigned end = std::min(interval.end, samples.size());
+  const unsigned columns = end > interval.from ? std::min(end - interval.from, kMaxColumns) : 0;
+  setMadeFor({});
+  rising_.reset();
+  for (unsigned i = 0; i < columns; ++i) {
+    SetViewData(i, interval.from + i, &axis);
+    rising_[i] = samples.slope(interval.from + i);
+  }
+  nColumns = columns;
+}
+
+bool ViewData::renderPlain(Fold& fold, const GraphAxis& axis, const RenderKey& key) {
+  setMadeFor({});
+  if (fold.full) {
+    rising_.reset();
+    nextSample = 0;
+  }
+  if (typeid(*this) == *standardMapping_)
+    foldByAxes(fold, axis);
+  else
+    foldWith(fold, VirtualPixels{this, &axis});
+  if (fold.full)
+    sparse = fold.alone;
+  nextColumn = fold.column;
+  if (fold.stopped)
+    return false;
+  nextSample = fold.sample;
+  nColumns = fold.column;
+  setMadeFor(key);
+  return true;
+}
+
+void ViewData::foldByAxes(Fold& fold, const GraphAxis& axis) {
+  const AxisData &hor = axis.hor, &ver = axis.ver;
+  if (hor.log && ver.log)
+    foldWith(fold, AxisPixels<LogMapping, LogMapping>{hor.HorLog(), ver.VerLog()});
+  else if (hor.log)
+    foldWith(fold, AxisPixels<LogMapping, LinearMapping>{hor.HorLog(), ver.VerLinear()});
+  else if (ver.log)
+    foldWith(fold, AxisPixels<LinearMapping, LogMapping>{hor.HorLinear(), ver.VerLog()});
+  else
+    foldWith(fold, AxisPixels<LinearMapping, LinearMapping>{hor.HorLinear(), ver.VerLinear()});
+}
+
+// The column in work stays out of the arrays until the next one begins, so that a sample on it
+// costs no memory beyond its own.
+template <class Pixels>
+void ViewData::foldWith(Fold& fold, const Pixels& pixels) {
+  const auto begin = [&](const SampleBlock& block, unsigned place, unsigned sample, int x) {
+    const int y = pixels.y(block, place, sample);
+    return Column{x, y, y, y, y};
+  };
+  if (fold.full) {
+    const unsigned place = fold.sample & SampleBlock::kMask;
+    const SampleBlock& block = fold.samples.block(fold.sample >> SampleBlock::kShift);
+    putColumn(0, begin(block, place, fold.sample, pixels.x(block, place, fold.sample)));
+    fold.column = 1;
+    ++fold.sample;
+  }
+  const Event* const stop = terminator;
+  unsigned sample = fold.sample, column = fold.column;
+  bool alone = true;
+  Column work = columnAt(column - 1);
+  while (sample < fold.end && column < kMaxColumns && !fold.stopped) {
+    const SampleBlock& block = fold.samples.block(sample >> SampleBlock::kShift);
+    const unsigned blockEnd = std::min(fold.end, (sample | SampleBlock::kMask) + 1);
+    while (sample < blockEnd && column < kMaxColumns) {
+      const unsigned place = sample & SampleBlock::kMask;
+      const int x = pixels.x(block, place, sample);
+      if (x == work.x) {
+        work.add(pixels.y(block, place, sample));
+        alone = false;
+      } else {
+        putColumn(column - 1, work);
+        work = begin(block, place, sample, x);
+        ++column;
+      }
+      ++sample;
+      if (fold.full && (renderStop.relaxed() || (stop && stop->IsSet()))) {
+        fold.stopped = true;
+        break;
+      }
+    }
+  }
+  putColumn(column - 1, work);
+  fold.sample = sample;
+  fold.column = column;
+  fold.alone = alone;
+}
+
+ViewData::Column ViewData::columnAt(unsigned i) const {
+  return {xPos[i], yPos[i], yLastPos[i], yMinPos[i], yMaxPos[i]};
+}
+
+void ViewData::putColumn(unsigned i, const Column& column) {
+  xPos[i] = column.x;
+  yPos[i] = column.first;
+  yLastPos[i] = column.last;
+  yMinPos[i] = column.min;
+  yMaxPos[i] = column.max;
+}
+
+}  // namespace sparlow

@@ -1,0 +1,204 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdlib>
+#include <limits>
+#include <string>
+#include <vector>
+
+#include "sparlow/axis/AxisData.h"
+
+namespace sparlow {
+namespace {
+
+constexpr double kInf = std::numeric_limits<double>::infinity();
+constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
+
+AxisData Finished(double min, double max, const char* unit, bool log, unsigned pixels = 1000) {
+  AxisData axis;
+  axis.log = log;
+  axis.SetFuncName(unit);
+  axis.SetMin(min);
+  axis.SetMax(max);
+  axis.SetParams();
+  axis.SetScale(pixels);
+  return axis;
+}
+
+// An empty slot before another label is a "_".
+std::string Labels(const AxisData& axis) {
+  std::string texts;
+  std::string gap;
+  for (int slot = 0; slot < 100; ++slot) {
+    const std::string text = axis.GetStr(slot);
+    if (text.empty()) {
+      gap += " _";
+    } else {
+      texts += gap + (texts.empty() ? "" : " ") + text;
+      gap.clear();
+    }
+  }
+  return texts;
+}
+
+TEST(Labels, ReadInEngineeringUnits) {
+  const struct {
+    double min, max;
+    const char* unit;
+    bool log;
+    unsigned length;
+    const char* texts;
+  } cases[] = {
+      {0, 2, "V", false, 4, "0 0.25 0.50 0.75 1.00 1.25 1.50 1.75 2.00 2.25"},
+      {-1, 1, "V", false, 5, "-1.00 -0.75 -0.50 -0.25 0 0.250 0.500 0.750 1.000 1.250"},
+      {0.0123, 0.0187, "s", false, 2, "13 14 15 16 17 18 19"},
+      {0, 1000, "Hz", false, 3, "0 0.1 0.2 0.3 0.4 0.5 0.6 0.7 0.8 0.9 1.0 1.1"},
+      {2, 30, "", true, 2, "2 3 4 5 6 7 8 9 10 20 30"},
+      {235, 245, "", true, 3, "235 236 237 238 239 240 250"},
+      {1, 1000, "", true, 4, "10.0 100 1000"},
+      {0.001, 1000, "", true, 4, "0.01 0.10 1.00 10.0 100 1000"},
+      // A whole number one short of the longest label gets no decimals.
+      {1, 50, "", true, 2, "1 2 3 4 5 6 7 8 9 10 20 30 40 50"},
+      // The first step is a zero that ceil makes negative.
+      {-0.05, 0.95, "", false, 3, "0 0.1 0.2 0.3 0.4 0.5 0.6 0.7 0.8 0.9 1.0"},
+      // An exponent without a point counts as a whole number.
+      {1e-6, 9e-5, "", true, 6,
+       "1e-06 2e-06 3e-06 4e-06 5e-06 6e-06 7e-06 8e-06 9e-06 "
+       "1e-05 2e-05 3e-05 4e-05 5e-05 6e-05 7e-05 8e-05 9e-05 0.0001"},
+      // Decimals go before an exponent.
+      {0, 2e-6, "", false, 8,
+       "0 2.50e-07 5.00e-07 7.50e-07 1.00e-06 1.25e-06 1.50e-06 1.75e-06 2.00e-06"},
+      {1e9, 1e9 + 1e-6, "V", false, 1, "1"},
+      // The digit of the first step is 0; just a hundred steps; more digits than a label shows.
+      {200, 230, "", true, 3, "200 300"},
+      {1, 100, "", true, 3, "10 100"},
+      {1.23456785, 1.23456798, "", true, 8, "1.234568"}};
+  for (const auto& c : cases) {
+    SCOPED_TRACE(::testing::Message() << c.min << " to " << c.max << ' ' << c.unit << ' ' << c.log);
+    const AxisData axis = Finished(c.min, c.max, c.unit, c.log);
+    EXPECT_EQ(Labels(axis), c.texts);
+    EXPECT_EQ(axis.maxLabelLength, c.length);
+  }
+}
+
+TEST(Labels, SlotsEndAtAHundred) {
+  const AxisData axis = Finished(0, 2, "V", false);
+  EXPECT_STREQ(axis.GetStr(99), "");
+  EXPECT_EQ(axis.GetStr(100), nullptr);
+  EXPECT_EQ(axis.GetStr(-1), nullptr);
+  EXPECT_STREQ(AxisData().GetStr(0), "");
+
+  AxisData dense = Finished(0, 1000, "", false);
+  dense.step = 1.0;
+  dense.SetLabels();
+  EXPECT_STREQ(dense.GetStr(99), "99");
+}
+
+TEST(Labels, ARunOfEqualOnesKeepsTheFirst) {
+  AxisData axis = Finished(1e9, 1e9 + 2e-3, "V", false);
+  axis.step = 0.35e-3;
+  axis.SetLabels();
+  EXPECT_EQ(Labels(axis), "1.0000000000 _ 1.000000000001 _ _ 1.000000000002");
+}
+
+// Each labelled step stands at the pixel of the value that its label reads.
+TEST(Walk, LabelsAndStepsVisitTheSameValues) {
+  const struct {
+    double min, max;
+    bool log;
+    int labelStep;
+  } cases[] = {{0, 2, false, 1},    {-1, 1, false, 1},      {-37, 64, false, 3},
+               {2, 30, true, 1},    {235, 245, true, 1},    {1, 1000, true, 1},
+               {2, 30, true, 3},    {0.001, 1000, true, 2}, {8.13, 8.95, true, 1},
+               {3, 7e5, true, 1},   {0.1, 0.9, true, 1},    {200, 230, true, 1},
+               {-37, 64, false, 0}, {2, 30, true, -1}};
+  for (const auto& c : cases) {
+    SCOPED_TRACE(::testing::Message() << c.min << " to " << c.max << ' ' << c.labelStep);
+    AxisData axis = Finished(c.min, c.max, "", c.log);
+    axis.labelStep = c.labelStep;
+    int seen = 0;
+    int slot = 0;
+    AxisData::StepIter iter;
+    for (iter.InitLabel(&axis); iter.pos <= 1000; iter.NextLabel(true)) {
+      ASSERT_STRNE(axis.GetStr(slot), "") << slot;
+      // Two truncations and the digits of the label may cost a pixel each.
+      EXPECT_NEAR(iter.pos, axis.GetPos(std::strtod(axis.GetStr(slot), nullptr)), 2) << slot;
+      slot += axis.LabelSlotStep();
+      ++seen;
+    }
+    EXPECT_GE(seen, 1);
+  }
+}
+
+TEST(Walk, TheGridTakesEveryStep) {
+  // 1 and 2 to 9 of three decades, and 1000, though only the decades are labelled.
+  AxisData axis = Finished(1, 1000, "", true, 300);
+  ASSERT_TRUE(axis.decadeLabels);
+  std::vector<int> grid;
+  for (axis.iter.Init(&axis); axis.iter.pos <= 300; axis.iter.Next(true))
+    grid.push_back(axis.iter.pos);
+  ASSERT_EQ(grid.size(), 28u);
+  EXPECT_EQ(grid[0], 0);
+  EXPECT_EQ(grid[1], 30);
+  EXPECT_EQ(grid[9], 100);
+  EXPECT_EQ(grid[10], 130);
+  EXPECT_EQ(grid[27], 300);
+
+  AxisData linear = Finished(0.5, 10.5, "", false, 100);
+  linear.labelStep = 3;
+  AxisData::StepIter iter;
+  iter.Init(&linear);
+  EXPECT_EQ(iter.pos, 5);
+  EXPECT_EQ(iter.Next(false), 15);
+  EXPECT_EQ(iter.Next(true), 45);
+  AxisData::StepIter other;
+  other = iter;
+  EXPECT_EQ(other.NextLabel(true), 75);
+  EXPECT_EQ(iter.pos, 45);
+}
+
+TEST(Walk, EndsOnAnAxisThatGivesNothingToWalkOn) {
+  AxisData::StepIter unset;
+  EXPECT_EQ(unset.Next(true), kFarPixel);
+  unset.InitLabel(nullptr);
+  EXPECT_EQ(unset.NextLabel(true), kFarPixel);
+  AxisData stale = Finished(1, 500, "V", false);
+  stale.scale = 1e6;
+  stale.iter.Init(&stale);
+  EXPECT_EQ(stale.iter.pos, kFarPixel);
+  AxisData changed = Finished(1, 500, "V", true);
+  changed.iter.Init(&changed);
+  changed.min = -1.0;
+  EXPECT_EQ(changed.iter.Next(false), kFarPixel);
+
+  const double hostile[] = {kNan, kInf, -kInf, 0.0, -1.0, 5e-324, 1e-300, 1e300};
+  for (const bool log : {false, true}) {
+    for (int field = 0; field < 5; ++field) {
+      for (const double value : hostile) {
+        for (const int labelStep : {1, 0, -5, std::numeric_limits<int>::max()}) {
+          SCOPED_TRACE(::testing::Message() << log << ' ' << field << ' ' << value);
+          AxisData axis = Finished(1, 500, "V", log);
+          axis.labelStep = labelStep;
+          if (field == 0)
+            axis.scale = value;
+          else
+            (field == 1   ? axis.step
+             : field == 2 ? axis.min
+             : field == 3 ? axis.max
+                          : axis.firstStep) = value;
+          axis.SetLabels();
+          EXPECT_LT(std::string(axis.GetStr(99)).size(), 64u);
+          for (const bool label : {false, true}) {
+            int steps = 0;
+            for (label ? axis.iter.InitLabel(&axis) : axis.iter.Init(&axis); axis.iter.pos < 1000;
+                 label ? axis.iter.NextLabel(true) : axis.iter.Next(true))
+              ASSERT_LE(++steps, 1000001);
+          }
+        }
+      }
+    }
+  }
+}
+
+}  // namespace
+}  // namespace sparlow

@@ -1,0 +1,94 @@
+#include <gtest/gtest.h>
+
+#include <thread>
+
+#include "sparlow/axis/AxisData.h"
+#include "tests/data/Series.h"
+
+namespace sparlow::test {
+namespace {
+
+// y tells which data set a sample belongs to, x its place there.
+void feed(SourceData& s, int dataSets) {
+  for (int set = 1; set <= dataSets; ++set) {
+    s.InitDataTransfer(set % 4 == 0);
+    for (int block = 0; block < 3; ++block) {
+      s.InitBlockTransfer();
+      for (int i = 0; i < 1500 * (set % 7); ++i)
+        s.Add(s.GetSize(), set);
+      s.TermBlockTransfer();
+    }
+    if (s.Valid())
+      s.Set(s.GetSize() / 2, s.GetSize() / 2, set);
+    s.TermDataTransfer();
+  }
+}
+
+TEST(Feeding, NewDataSetsDoNotDisturbWhoReads) {
+  Series s;
+  AxisData fixed;
+  fixed.autoRange = false;
+  fixed.fixedMin = 100;
+  fixed.fixedMax = 4000;
+  std::atomic<bool> done{false};
+  std::thread feeder([&] {
+    feed(s, 60);
+    done = true;
+  });
+  SourceData copy(s);
+  while (!done) {
+    const SampleReader samples = s.Read();
+    for (unsigned i = 0; i < samples.size(); i += 97) {
+      ASSERT_EQ(samples.x(i), i);
+      ASSERT_EQ(samples.y(i), samples.y(0)) << "a sample of another data set";
+    }
+    ASSERT_LT(s.GetxValueIndex(3000), 3001u);
+    s.SetIntervalParams();
+    s.ResetInterval(&fixed);
+    s.Scroll(50, nullptr);
+    s.SetIntervalBySample(false, nullptr, 2);
+    s.ZoomInByCursor();
+    const SampleInterval shown = s.GetInterval();
+    ASSERT_LE(shown.from, shown.end);
+    ASSERT_EQ(s.GetStatParams().mean, 0.0);
+    copy = s;
+    for (unsigned i = 0, n = copy.Read().size(); i < n; i += 997)
+      ASSERT_EQ(copy.xGet(i), i);
+  }
+  feeder.join();
+}
+
+TEST(Feeding, WhoSeesTheEndOfATransferSeesWhatItPublished) {
+  Series s;
+  std::atomic<int> ended{0}, seen{0};
+  constexpr int kRounds = 2000;
+  std::thread feeder([&] {
+    for (int round = 1; round <= kRounds; ++round) {
+      s.InitDataTransfer(false);
+      s.InitBlockTransfer();
+      ended = round;
+      for (int i = 0; i < 5; ++i)
+        s.Add(i, i);
+      s.TermBlockTransfer();
+      s.TermDataTransfer();
+      while (seen != round)
+        std::this_thread::yield();
+    }
+  });
+  for (int round = 1; round <= kRounds; ++round) {
+    while (ended != round)
+      std::this_thread::yield();
+    while (s.inTransfer)
+      s.ResetInterval(nullptr);
+    // Also when the interval was opened anew just as the transfer ended.
+    ASSERT_EQ(s.GetSize(), 5u);
+    ASSERT_EQ(s.GetTo(), 5u);
+    ASSERT_EQ(s.iRCursor, 4);
+    ASSERT_TRUE(s.adjusted);
+    seen = round;
+  }
+  feeder.join();
+}
+
+}  // namespace
+}  // namespace sparlow::test

@@ -1,0 +1,179 @@
+#include <gtest/gtest.h>
+
+#include <random>
+
+#include "sparlow/data/Error.h"
+#include "tests/data/Series.h"
+#include "tests/support/AllocationFailure.h"
+
+namespace sparlow::test {
+namespace {
+
+constexpr std::size_t kBlockBytes = sizeof(SampleBlock);
+constexpr std::size_t kTableBytes = SampleStore::kFirstTableSize * sizeof(SampleBlock*);
+
+void expectExactRuns(const SourceData& series) {
+  const SampleReader samples = series.Read();
+  for (unsigned begin = 0; begin < samples.size(); begin += SampleBlock::kRunSamples) {
+    double low = INFINITY, high = -INFINITY;
+    for (unsigned i = begin; i < std::min(begin + SampleBlock::kRunSamples, samples.size()); ++i) {
+      low = std::min(low, samples.y(i));
+      high = std::max(high, samples.y(i));
+    }
+    const SampleBlock& block = samples.block(begin / SampleBlock::kSamples);
+    const unsigned run = begin % SampleBlock::kSamples / SampleBlock::kRunSamples;
+    ASSERT_EQ(block.runMin[run], low) << "run at sample " << begin;
+    ASSERT_EQ(block.runMax[run], high) << "run at sample " << begin;
+  }
+}
+
+TEST(SampleStore, TheSampleAfterAFullBlockBeginsTheNextOne) {
+  Series s;
+  s.fillRamp(8192);
+  EXPECT_EQ(s.Store()->nCapacity(), 8192u);
+  const double* const first = s.Store()->Block(0).x;
+  s.Add(8192, -3);
+  EXPECT_EQ(s.GetSize(), 8193u);
+  EXPECT_EQ(s.Store()->iLastBlock(), 1u);
+  EXPECT_EQ(s.Store()->nCapacity(), 16384u);
+  EXPECT_EQ(s.Store()->nBlocksMax(), 1024u);
+  EXPECT_EQ(s.Store()->Block(0).x, first);
+  const SampleBlock& second = s.Store()->Block(8192);
+  EXPECT_EQ(second.x[0], 8192);
+  EXPECT_EQ(second.y[0], -3);
+  EXPECT_EQ(second.count, 1u);
+  EXPECT_EQ(second.yMin, -3);
+  EXPECT_EQ(second.yMax, -3);
+  EXPECT_EQ(s.Store()->Block(0).yMax, 8191);
+}
+
+TEST(SampleStore, GrowsItsTableAndSurvivesNoMemoryForIt) {
+  constexpr unsigned kFull = 1024 * 8192;
+  Series s;
+  s.fillRamp(kFull);
+  const SampleReader before = s.Read();
+  EXPECT_EQ(s.Store()->nBlocksMax(), 1024u);
+  {
+    const AllocationFailure noTable(2 * kTableBytes, 2 * kTableBytes);
+    try {
+      s.Add(kFull, 1);
+      ADD_FAILURE() << "a table came from nowhere";
+    } catch (const Error& e) {
+      EXPECT_EQ(e.code, 0xFF04);
+    }
+  }
+  EXPECT_EQ(s.GetSize(), kFull);
+  EXPECT_EQ(s.Store()->nCapacity(), kFull);
+  EXPECT_EQ(s.xGet(kFull - 1), kFull - 1);
+  s.Add(kFull, 1);
+  EXPECT_EQ(s.GetSize(), kFull + 1);
+  EXPECT_EQ(s.Store()->nBlocksMax(), 2048u);
+  const SampleReader after = s.Read();
+  for (unsigned i = 0; i < kFull; i += 4099) {
+    ASSERT_EQ(after.x(i), i);
+    ASSERT_EQ(before.x(i), i);  // through the table that was there then
+  }
+  EXPECT_EQ(after.x(kFull), kFull);
+}
+
+TEST(SampleStore, AFailedAllocationChangesNothingAndMayBeTriedAgain) {
+  Series s;
+  {
+    const AllocationFailure noBlock(kBlockBytes, kBlockBytes);
+    EXPECT_THROW(s.Add(1, 1), std::bad_alloc);
+  }
+  {
+    const AllocationFailure noTable(kTableBytes, kTableBytes);
+    EXPECT_THROW(s.Add(1, 1), Error);
+  }
+  EXPECT_FALSE(s.Valid());
+  EXPECT_EQ(s.yGlobalMin, SampleBlock::kNoMin);
+  s.fillRamp(8192);
+  {
+    const AllocationFailure noBlock(kBlockBytes, kBlockBytes);
+    for (int i = 0; i < 3; ++i)
+      EXPECT_THROW(s.Add(8192, 9e9), std::bad_alloc);
+  }
+  EXPECT_EQ(s.GetSize(), 8192u);
+  EXPECT_EQ(s.yGlobalMax, 8191);
+  EXPECT_EQ(s.Store()->iLastBlock(), 0u);
+  s.Add(8192, 8192);
+  EXPECT_EQ(s.GetSize(), 8193u);
+  EXPECT_EQ(s.xGet(8192), 8192);
+}
+
+TEST(SampleStore, TakesNoSampleBeyondItsLimit) {
+  SampleStore store(false, 10000);
+  unsigned taken = 0;
+  while (!store.AtLimit()) {
+    if (store.Full())
+      store.Grow();
+    store.Append(taken++, 0, false);
+  }
+  EXPECT_EQ(taken, 10000u);
+  EXPECT_TRUE(store.Full());
+}
+
+TEST(SampleStore, SummariesOfRunsFollowEveryChange) {
+  std::mt19937 random(20);
+  std::uniform_real_distribution<double> value(-1000, 1000);
+  Series s;
+  for (unsigned i = 0; i < 20000; ++i)
+    s.Add(i, value(random));
+  s.Add(20000, std::numeric_limits<double>::max());
+  s.Add(20001, std::numeric_limits<double>::lowest());
+  expectExactRuns(s);
+  const double blockMin = s.Store()->Block(0).yMin, blockMax = s.Store()->Block(0).yMax;
+  for (int i = 0; i < 3000; ++i) {
+    const unsigned sample = static_cast<unsigned>(random() % 20002);
+    s.Set(sample, sample, 5 * value(random));
+  }
+  expectExactRuns(s);
+  EXPECT_EQ(s.Store()->Block(0).yMin, blockMin);
+  EXPECT_EQ(s.Store()->Block(0).yMax, blockMax);
+}
+
+TEST(SampleStore, SortingAWaveformKeepsSamplesFlagsAndSummariesTogether) {
+  std::mt19937 random(21);
+  Series s;
+  s.InitDataTransfer(true);
+  s.InitBlockTransfer();
+  for (int i = 0; i < 3000; ++i) {
+    const int x = static_cast<int>(random() % 100000);
+    s.Add(x, 3.0 * x, x % 3 == 0);
+  }
+  s.TermBlockTransfer();
+  EXPECT_FALSE(s.Store()->Ascending());
+  EXPECT_TRUE(s.TermDataTransfer());
+  EXPECT_TRUE(s.Store()->Ascending());
+  for (unsigned i = 0; i < 3000; ++i) {
+    ASSERT_LE(s.xGet(i ? i - 1 : 0), s.xGet(i));
+    ASSERT_EQ(s.yGet(i), 3 * s.xGet(i));
+    ASSERT_EQ(s.slopeGet(i), static_cast<int>(s.xGet(i)) % 3 == 0);
+  }
+  expectExactRuns(s);
+  s.Add(s.xGet(0), 0);
+  EXPECT_FALSE(s.Store()->Ascending());
+}
+
+TEST(SampleStore, KnowsWhetherXAscends) {
+  Series s;
+  for (unsigned i = 0; i < 8192; ++i)
+    s.Add(i, 0);
+  s.Add(8191, 0);  // equal to the one before, in the next block
+  EXPECT_TRUE(s.Store()->Ascending());
+  s.Set(8191, 8190.5, 0);
+  s.Set(8192, 9000, 0);
+  EXPECT_TRUE(s.Store()->Ascending());
+  s.Add(8999, 0);  // below the sample as it was overwritten
+  EXPECT_FALSE(s.Store()->Ascending());
+  s.fillRamp(9000);
+  s.Set(8192, 8190, 0);  // below the last one of the block before
+  EXPECT_FALSE(s.Store()->Ascending());
+  s.fillRamp(10);
+  s.Set(4, 5.5, 0);  // above the next one
+  EXPECT_FALSE(s.Store()->Ascending());
+}
+
+}  // namespace
+}  // namespace sparlow::test

@@ -1,0 +1,130 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <cmath>
+
+#include "sparlow/platform/Threads.h"
+#include "sparlow/sparlow.h"
+#include "tests/support/GatedSeries.h"
+#include "tests/support/TestWindows.h"
+
+namespace sparlow {
+
+using test::GatedSeries;
+using test::TestWindow;
+using test::TestWindows;
+
+/// A view whose graph the tests can reach.
+class TestView : public CSingleGraphView {
+ public:
+  Graph& TheGraph() { return *graph; }
+};
+
+/// One view with one series, in a window that opens nothing. The verbs below are what tests say.
+class GraphTest : public ::testing::Test {
+ protected:
+  GraphTest() {
+    series.Init("Delay", nullptr);
+    OpenView({640, 480});
+  }
+  ~GraphTest() override {
+    series.OpenGate();
+    CloseView();
+    SetThreadStarter(nullptr);
+    SourceData::nLastSamplesToDraw = 0;
+    Graph::UnlockResizing();
+    series.Term();
+  }
+
+  void OpenView(CSize size) {
+    view = new TestView;
+    ASSERT_TRUE(view->Create());
+    Window().Resize(size);
+    view->CreateGraph(&axis);
+    ASSERT_TRUE(view->AddViewData(&series));
+  }
+  void CloseView() {
+    if (view)
+      view->DestroyWindow();
+    view = nullptr;
+  }
+
+  TestWindow& Window() { return TestWindows::Of(*view); }
+  Graph& TheGraph() { return view->TheGraph(); }
+  void Pump() { TestWindows::Pump(); }
+  bool PumpUntil(const std::function<bool()>& holds) { return TestWindows::PumpUntil(holds); }
+  bool AwaitIdle() {
+    return PumpUntil([this] { return Workers() == 0 && !RenderDue(); });
+  }
+
+  static double WaveAt(unsigned i) { return std::sin(i * 0.01) + 0.25 * std::sin(i * 1.7); }
+  /// Ends a transfer of n samples, one a millisecond.
+  static void Fill(ViewData& data, unsigned n) {
+    Begin(data);
+    AddBlock(data, n);
+    data.TermDataTransfer();
+  }
+  static void Begin(ViewData& data) { data.InitDataTransfer(false); }
+  static void AddBlock(ViewData& data, unsigned n) {
+    data.InitBlockTransfer();
+    for (unsigned i = 0; i < n; ++i) {
+      const unsigned k = data.GetSize();
+      data.Add(k * 1e-3, WaveAt(k), false);
+    }
+    data.TermBlockTransfer();
+  }
+  /// A worker stands at the gate, in the middle of a render of n samples.
+  void StartGatedRender(unsigned n = 20000) {
+    Fill(series, n);
+    series.CloseGate();
+    view->UpdateGraph();
+    series.AwaitWorker();
+  }
+
+  int Workers() { return TheGraph().workers->Count(); }
+  bool RenderDue() { return TheGraph().RenderDue(); }
+  CSize Plot() { return {TheGraph().width, TheGraph().height}; }
+  CMutex& PipelineLock() { return TheGraph().pipelineLock; }
+
+  /// What the last frame was painted of, from its background to its copy to the window.
+  std::vector<std::string> Frame() {
+    const auto& calls = Window().surface->calls();
+    std::size_t begin = calls.size();
+    while (begin > 0 && !calls[--begin].starts_with("memory: FillRect 0,0 ")) {
+    }
+    std::vector<std::string> frame(calls.begin() + static_cast<std::ptrdiff_t>(begin), calls.end());
+    for (std::string& call : frame)
+      call = call.substr(call.starts_with("memory: ") ? 8 : 0);
+    return frame;
+  }
+  /// The last frame has a text that reads so.
+  bool Shows(const std::string& text) {
+    for (const std::string& call : Frame()) {
+      if (call.starts_with("Text ") && call.find('"' + text + '"') != std::string::npos)
+        return true;
+    }
+    return false;
+  }
+  /// The columns are those that a fresh render of the same samples gives.
+  void ExpectTrueColumns() {
+    ViewData fresh(series);
+    fresh.Render(&axis, true);
+    ASSERT_EQ(series.nColumns, fresh.nColumns);
+    for (unsigned i = 0; i < fresh.nColumns; ++i) {
+      ASSERT_EQ(series.xPos[i], fresh.xPos[i]) << i;
+      ASSERT_EQ(series.yPos[i], fresh.yPos[i]) << i;
+      ASSERT_EQ(series.yLastPos[i], fresh.yLastPos[i]) << i;
+      ASSERT_EQ(series.yMinPos[i], fresh.yMinPos[i]) << i;
+      ASSERT_EQ(series.yMaxPos[i], fresh.yMaxPos[i]) << i;
+    }
+  }
+
+  TestWindows system;
+  GraphAxis axis;
+  GatedSeries series;
+  TestView* view = nullptr;
+};
+
+}  // namespace sparlow

@@ -1,0 +1,148 @@
+#include "examples/host/FileSource.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+#include "tests/host/TextFile.h"
+
+namespace sparlow::host {
+
+namespace {
+
+/// What became of a file: its samples, and the lines that were told, without the file's path.
+struct Reading {
+  std::vector<Sample> samples;
+  std::vector<std::string> told;
+};
+
+using Samples = std::vector<Sample>;
+using Lines = std::vector<std::string>;
+
+Reading readFile(const std::string& path, std::optional<double> rate) {
+  std::ostringstream told;
+  ErrorLog log(told);
+  Reading result;
+  FileSource source(path, rate, "V", log);
+  if (source.Open()) {
+    std::vector<Sample> block;
+    bool more = true;
+    while (more) {
+      more = source.Next(block, std::stop_token());
+      result.samples.insert(result.samples.end(), block.begin(), block.end());
+    }
+    EXPECT_EQ(source.Progress(), 1.0);
+  }
+  std::istringstream lines(told.str());
+  const std::string head = "sparlow-host: " + path;
+  for (std::string line; std::getline(lines, line);) {
+    EXPECT_TRUE(line.starts_with(head)) << line;
+    result.told.push_back(line.substr(std::min(head.size(), line.size())));
+  }
+  return result;
+}
+
+Reading read(std::string_view content, std::optional<double> rate = std::nullopt) {
+  const TextFile file(content);
+  return readFile(file.path(), rate);
+}
+
+TEST(FileSource, ReadsColumnsHoweverTheyAreSeparated) {
+  const Samples expected{{1, -2.5}, {2, 3e-3}};
+  for (const char* const content :
+       {"1 -2.5\n2 3e-3\n", "1\t-2.5\r\n2\t3e-3\r\n", "1,-2.5\n2,3e-3", "  1 ; -2.5  \n\n+2;3e-3;",
+        "\xEF\xBB\xBF# x y\n% more\n;and more\n1 -2.5 # first\n2 3e-3\n",
+        "1 -2.5 9 word\n2 3e-3"}) {
+    const Reading reading = read(content);
+    EXPECT_EQ(reading.samples, expected) << content;
+    EXPECT_EQ(reading.told, Lines{}) << content;
+  }
+}
+
+TEST(FileSource, TakesTheTimeOfOneColumnFromTheRate) {
+  // A sample that is skipped has had its time.
+  const Reading reading = read("5\n\nnan\n7\n", 10.0);
+  EXPECT_EQ(reading.samples, (Samples{{0.0, 5}, {0.2, 7}}));
+  EXPECT_EQ(reading.told,
+            (Lines{":3: not a finite number, skipped", ": 1 sample skipped: not a finite number"}));
+}
+
+TEST(FileSource, SkipsSamplesThatAreNoneAndCountsThem) {
+  const Reading reading = read("1 1\n2 inf\nnan 2\n3 1e999\n4 1e-999\n3.5 7\n4 8\n1 9\n");
+  EXPECT_EQ(reading.samples, (Samples{{1, 1}, {4, 0}, {4, 8}}));
+  EXPECT_EQ(reading.told, (Lines{":2: not a finite number, skipped", ":6: x goes back, skipped",
+                                 ": 3 samples skipped: not a finite number",
+                                 ": 2 samples skipped: x goes back"}));
+}
+
+TEST(FileSource, EndsAtALineThatIsNoSample) {
+  const struct {
+    const char* content;
+    const char* told;
+  } cases[] = {
+      {"1 2\n3 x4y\n5 6\n", ":2: 'x4y' is not a number"},
+      {"1 2\n0x10 3\n", ":2: '0x10' is not a number"},
+      {"1 2\n3 4.5.6\n", ":2: '4.5.6' is not a number"},
+      {"1 2\n3 +-4\n", ":2: '+-4' is not a number"},
+      {"1 2\n3 \x1b[2J\n", ":2: '?[2J' is not a number"},
+      {"1 2\n3,,4\n", ":2: a column is empty"},
+      {"1 2\n3", ":2: the file ends after x, without y"},
+      {"1 2\n3,\n", ":2: the file ends after x, without y"},
+      {"1 2\n3\n5 6\n", ":2: x without y"},
+  };
+  for (const auto& [content, told] : cases) {
+    const Reading reading = read(content);
+    EXPECT_EQ(reading.samples, (Samples{{1, 2}})) << content;
+    EXPECT_EQ(reading.told, Lines{told}) << content;
+  }
+}
+
+TEST(FileSource, TellsWhyAFileGivesNothing) {
+  EXPECT_EQ(read("").told, Lines{": no samples"});
+  EXPECT_EQ(read("# nothing\n\n").told, Lines{": no samples"});
+  EXPECT_EQ(read("1\n2\n").told, Lines{":1: x without y; a file of one column needs --rate"});
+  EXPECT_EQ(read("1 2\n", 10.0).told,
+            Lines{":1: a second column, and --rate is for files that have one"});
+  EXPECT_EQ(read(std::string(2 * LineReader::maxLine, '1')).told,
+            Lines{":1: a line of more than 65536 characters: this is no text"});
+  EXPECT_EQ(readFile("/nowhere/to/be/found", {}).told, Lines{": No such file or directory"});
+  EXPECT_EQ(readFile("/", {}).told, Lines{": Is a directory"});
+}
+
+TEST(FileSource, JoinsLinesAcrossThePiecesThatItReads) {
+  std::string content;
+  constexpr int lines = 200'000;
+  for (int i = 0; i < lines; ++i)
+    content += std::to_string(i) + " " + std::to_string(i % 1000) + "\n";
+  ASSERT_GT(content.size(), std::size_t{3} << 19);
+  const Reading reading = read(content + "end\n");
+  ASSERT_EQ(reading.samples.size(), std::size_t{lines});
+  for (std::size_t i = 0; i < lines; ++i)
+    ASSERT_EQ(reading.samples[i], (Sample{static_cast<double>(i), static_cast<double>(i % 1000)}));
+  EXPECT_EQ(reading.told, Lines{":200001: 'end' is not a number"});
+}
+
+TEST(FileSource, WaitsForAPipeOnlyUntilItIsStopped) {
+  int ends[2];
+  ASSERT_EQ(pipe(ends), 0);
+  ASSERT_EQ(write(ends[1], "1 2\n3", 5), 5);
+  std::ostringstream told;
+  ErrorLog log(told);
+  FileSource source("/dev/fd/" + std::to_string(ends[0]), {}, "V", log);
+  ASSERT_TRUE(source.Open());
+  std::vector<Sample> block;
+  EXPECT_TRUE(source.Next(block, std::stop_token()));
+  EXPECT_EQ(block, (Samples{{1, 2}}));
+  EXPECT_LT(source.Progress(), 0.0);
+  EXPECT_TRUE(source.Next(block, std::stop_token()));
+  EXPECT_TRUE(block.empty());
+  ASSERT_EQ(write(ends[1], "0 4\n", 4), 4);
+  close(ends[1]);
+  EXPECT_FALSE(source.Next(block, std::stop_token()));
+  EXPECT_EQ(block, (Samples{{30, 4}}));
+  close(ends[0]);
+}
+
+}  // namespace
+
+}  // namespace sparlow::host

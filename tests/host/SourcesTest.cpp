@@ -1,0 +1,97 @@
+// Sources that read no file, and what is said of their samples.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+
+#include "examples/host/Summary.h"
+#include "examples/host/SyntheticSource.h"
+#include "examples/host/TimerSource.h"
+#include "sparlow/data/SourceData.h"
+
+namespace sparlow::host {
+
+namespace {
+
+std::vector<Sample> readAll(SampleSource& source) {
+  std::vector<Sample> all;
+  std::vector<Sample> block;
+  bool more = true;
+  while (more) {
+    more = source.Next(block, std::stop_token());
+    all.insert(all.end(), block.begin(), block.end());
+  }
+  return all;
+}
+
+std::vector<Sample> synthetic(unsigned samples, std::uint64_t seed) {
+  SyntheticSource source(samples, seed);
+  return readAll(source);
+}
+
+TEST(SyntheticSource, MakesTheRecordThatTheSeedNames) {
+  const std::vector<Sample> record = synthetic(200'000, 7);
+  ASSERT_EQ(record.size(), 200'000u);
+  EXPECT_EQ(record, synthetic(200'000, 7));
+  EXPECT_NE(record, synthetic(200'000, 8));
+  for (std::size_t i = 0; i < record.size(); ++i) {
+    ASSERT_DOUBLE_EQ(record[i].x, static_cast<double>(i) * 1e-6);
+    ASSERT_LT(std::abs(record[i].y), 8.0);
+  }
+}
+
+TEST(TimerSource, MeasuresDelaysForItsTime) {
+  TimerSource source(std::chrono::microseconds(500), 0.2);
+  const std::vector<Sample> delays = readAll(source);
+  ASSERT_FALSE(delays.empty());
+  EXPECT_EQ(source.Progress(), 1.0);
+  EXPECT_LE(delays.size(), 400u);
+  double lastTick = 0.0;
+  for (const Sample& delay : delays) {
+    ASSERT_GE(delay.y, 0.0);
+    // Every wake-up belongs to a tick of its own, a multiple of the period.
+    const double tick = delay.x - delay.y;
+    ASSERT_NEAR(std::remainder(tick, 500e-6), 0.0, 1e-9);
+    ASSERT_GT(tick, lastTick + 400e-6);
+    lastTick = tick;
+  }
+}
+
+TEST(TimerSource, ComesBackFromALongSleepWhenItIsStopped) {
+  TimerSource source(std::chrono::hours(1), std::nullopt);
+  std::vector<Sample> block;
+  EXPECT_TRUE(source.Next(block, std::stop_token()));
+  EXPECT_TRUE(block.empty());
+  EXPECT_LT(source.Progress(), 0.0);
+}
+
+TEST(Summary, TellsRanksOfDelaysInMicroseconds) {
+  SourceData series;
+  series.Init("delays");
+  EXPECT_EQ(DescribeDelays(series.Read()), "0 samples");
+  // 1 to 200 microseconds, in mixed order.
+  for (int i = 0; i < 200; ++i)
+    series.Add(i * 0.5, (i * 77 % 200 + 1) * 1e-6);
+  EXPECT_EQ(DescribeDelays(series.Read()),
+            "200 samples in 99.5 s: delay min 1, median 100, 99th percentile 198, max 200 us; "
+            "2 samples/s");
+  series.Term();
+}
+
+TEST(Summary, TellsTheReachOfASeries) {
+  SourceData series;
+  series.Init("s");
+  EXPECT_EQ(SampleRate(series.Read()), 0.0);
+  series.Add(1.0, 5.0);
+  series.Add(1.0, -2.5);
+  EXPECT_EQ(SampleRate(series.Read()), 0.0);
+  series.Add(3.0, 4.0);
+  EXPECT_EQ(SampleRate(series.Read()), 1.0);
+  EXPECT_EQ(DescribeSeries(series), "s: 3 samples, x 1 to 3, y -2.5 to 5");
+  series.Term();
+}
+
+}  // namespace
+
+}  // namespace sparlow::host

@@ -1,0 +1,123 @@
+// What CDC makes of coordinates and state before a device sees them.
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+#include "sparlow/platform/CDC.h"
+#include "sparlow/platform/LineClip.h"
+#include "tests/support/RecordingDevice.h"
+
+namespace sparlow {
+namespace {
+
+using test::RecordingDevice;
+using Calls = RecordingDevice::Calls;
+
+class DrawingTest : public ::testing::Test {
+ protected:
+  DrawingTest() { dc.SetBkMode(TRANSPARENT); }
+
+  RecordingDevice surface{{200, 100}};
+  DeviceContext context{&surface};
+  CDC dc{&context};
+};
+
+TEST_F(DrawingTest, OriginMovesEverythingButTheClip) {
+  CRgn region;
+  region.CreateRectRgn(1, 2, 30, 40);
+  dc.SelectClipRgn(&region);
+  dc.SetViewportOrg(10, 20);
+  dc.MoveTo(0, 0);
+  dc.LineTo(5, 5);
+  dc.LineTo(6, 5);
+  dc.FillSolidRect({0, 0, 2, 2}, 0xFF);
+  EXPECT_EQ(surface.take(), (Calls{"Line 10,20 15,25 style 0 width 1 color 0x000000 clip 1,2 30,40",
+                                   "Line 15,25 16,25 style 0 width 1 color 0x000000 clip 1,2 30,40",
+                                   "FillRect 10,20 12,22 color 0x0000FF clip 1,2 30,40"}));
+}
+
+TEST_F(DrawingTest, TextHangsOnItsCell) {
+  dc.SetTextAlign(TA_RIGHT | TA_BOTTOM);
+  dc.TextOut(100, 50, "abc");
+  dc.SetTextAlign(TA_CENTER | TA_TOP);
+  dc.TextOut(100, 50, "abcd");
+  dc.SetTextAlign(TA_BASELINE);
+  dc.TextOut(100, 50, "a\xB0");
+  EXPECT_EQ(surface.take(), (Calls{"Text 79,35 \"abc\" height 15 color 0x000000",
+                                   "Text 86,50 \"abcd\" height 15 color 0x000000",
+                                   "Text 100,38 \"a\xC2\xB0\" height 15 color 0x000000"}));
+  dc.SetTextAlign(TA_RIGHT);
+  dc.DrawText("a long name", {0, 0, 50, 15}, DT_SINGLELINE | DT_WORD_ELLIPSIS);
+  EXPECT_EQ(surface.take(),
+            (Calls{"Text 0,0 \"a lo...\" height 15 color 0x000000 clip 0,0 50,15"}));
+  dc.SetTextAlign(TA_LEFT);
+  dc.SetBkMode(OPAQUE);
+  dc.TextOut(1, 2, "ab");
+  EXPECT_EQ(surface.take(), (Calls{"FillRect 1,2 15,17 color 0xFFFFFF",
+                                   "Text 1,2 \"ab\" height 15 color 0x000000"}));
+}
+
+TEST_F(DrawingTest, CopiesHonourBothOriginsAndReversedEdges) {
+  Bitmap bitmap{surface.MakeCompatible({50, 50})};
+  const HDC memory = CreateCompatibleDC(&context);
+  CDC source(memory);
+  source.SelectObject(&bitmap);
+  source.SetViewportOrg(5, 5);
+  dc.SetViewportOrg(20, 20);
+  dc.BitBlt(1, 1, 10, 10, memory, 1, 1, SRCCOPY);
+  dc.BitBlt(11, 11, -10, -10, memory, 11, 11, SRCCOPY);
+  // Only what both surfaces have.
+  dc.BitBlt(-30, 0, 1000, 10, memory, -5, 0, SRCCOPY);
+  EXPECT_EQ(surface.take(), (Calls{"Copy 21,21 31,31 from 6,6", "Copy 21,21 31,31 from 6,6",
+                                   "Copy 0,20 40,30 from 10,5"}));
+  source.SelectObject(HBITMAP{});
+  DeleteDC(memory);
+}
+
+TEST_F(DrawingTest, AnyCoordinateIsAllowed) {
+  constexpr int most = std::numeric_limits<int>::max();
+  constexpr int least = std::numeric_limits<int>::min();
+  dc.SetViewportOrg(50, 50);
+  dc.MoveTo(least, least);
+  dc.LineTo(most, most);
+  dc.MoveTo(0, least);
+  dc.LineTo(0, most);
+  dc.MoveTo(most, 0);
+  dc.LineTo(most, most);
+  dc.FillSolidRect({least, least, most, most}, 1);
+  dc.TextOut(most, least, "far");
+  EXPECT_EQ(surface.take(), (Calls{"Line -30000,-30000 30000,30000 style 0 width 1 color 0x000000",
+                                   "Line 50,-30000 50,30000 style 0 width 1 color 0x000000",
+                                   "FillRect -30000,-30000 30000,30000 color 0x000001"}));
+}
+
+TEST(LineClip, KeepsTheCourseOfALine) {
+  CPoint from{-40000, 0};
+  CPoint to{40000, 8000};
+  ASSERT_TRUE(ClipToDeviceLimit(from, to));
+  EXPECT_EQ(from, (CPoint{-30000, 1000}));
+  EXPECT_EQ(to, (CPoint{30000, 7000}));
+  from = {-40000, 39000};
+  to = {-1, 90000};
+  EXPECT_FALSE(ClipToDeviceLimit(from, to));
+}
+
+TEST_F(DrawingTest, WithoutASurfaceNothingHappens) {
+  CDC nowhere;
+  nowhere.LineTo(1, 1);
+  nowhere.TextOut(0, 0, "x");
+  nowhere.SelectClipRgn(nullptr);
+  DeviceContext memory(nullptr);
+  CDC empty(&memory);
+  empty.LineTo(1, 1);
+  dc.BitBlt(0, 0, 5, 5, &memory, 0, 0, SRCCOPY);
+  EXPECT_EQ(empty.GetPixel({0, 0}), 0xFFFFFFFFu);
+  EXPECT_EQ(empty.GetDeviceCaps(LOGPIXELSY), 96);
+  EXPECT_TRUE(surface.calls().empty());
+  EXPECT_EQ(MulDiv(11, 96, 72), 15);
+  EXPECT_EQ(MulDiv(1, 1, 0), -1);
+}
+
+}  // namespace
+}  // namespace sparlow

@@ -1,0 +1,195 @@
+// Windows and their messages, over peers that open nothing.
+
+#include <gtest/gtest.h>
+
+#include <thread>
+
+#include "sparlow/platform/CDocument.h"
+#include "sparlow/platform/CView.h"
+#include "sparlow/platform/Windows.h"
+#include "tests/support/TestWindows.h"
+
+namespace sparlow {
+namespace {
+
+using test::TestWindow;
+using test::TestWindows;
+
+constexpr UINT WM_NUMBER = WM_USER + 1;
+constexpr UINT WM_END = WM_USER + 2;
+
+/// Writes down what reaches it.
+class NotedView : public CView {
+ public:
+  explicit NotedView(std::vector<int>* numbers) : numbers_(numbers) {}
+  ~NotedView() override {
+    if (deleted)
+      *deleted = true;
+  }
+
+  int paints = 0;
+  int sizes = 0;
+  int creation = 0;  // what WM_CREATE answers
+  bool* deleted = nullptr;
+  std::function<void()> onPaint;
+
+ protected:
+  void OnDraw(CDC*) override {
+    ++paints;
+    if (onPaint)
+      onPaint();
+  }
+  const MessageMap* GetMessageMap() const override { return &messageMap; }
+
+ private:
+  LRESULT OnCreate(WPARAM, LPARAM) { return creation; }
+  LRESULT OnSize(WPARAM, LPARAM) { return ++sizes; }
+  LRESULT OnNumber(WPARAM number, LPARAM) {
+    numbers_->push_back(static_cast<int>(number));
+    return 2 * static_cast<LRESULT>(number);
+  }
+  LRESULT OnEnd(WPARAM, LPARAM) {
+    DestroyWindow();
+    return 0;
+  }
+
+  static constexpr MessageEntry entries[] = {{WM_CREATE, Handle<NotedView, &NotedView::OnCreate>},
+                                             {WM_SIZE, Handle<NotedView, &NotedView::OnSize>},
+                                             {WM_NUMBER, Handle<NotedView, &NotedView::OnNumber>},
+                                             {WM_END, Handle<NotedView, &NotedView::OnEnd>}};
+  static inline const MessageMap messageMap{&CView::messageMap, entries};
+
+  std::vector<int>* numbers_;
+};
+
+class WindowTest : public ::testing::Test {
+ protected:
+  WindowTest() {
+    view->deleted = &deleted;
+    view->Create();
+    handle = view->GetSafeHwnd();
+  }
+  ~WindowTest() override {
+    if (!deleted)
+      view->DestroyWindow();
+  }
+
+  TestWindows system;
+  std::vector<int> numbers;
+  bool deleted = false;
+  NotedView* view = new NotedView(&numbers);
+  HWND handle = nullptr;
+};
+
+TEST_F(WindowTest, PostsKeepTheirOrderAndNeverRunInsideThePoster) {
+  std::thread([this] {
+    for (WPARAM i = 0; i < 100; ++i)
+      EXPECT_TRUE(PostMessage(handle, WM_NUMBER, i, 0));
+  }).join();
+  EXPECT_TRUE(numbers.empty());
+  TestWindows::Pump();
+  ASSERT_EQ(numbers.size(), 100u);
+  for (int i = 0; i < 100; ++i)
+    EXPECT_EQ(numbers[static_cast<std::size_t>(i)], i);
+  EXPECT_EQ(SendMessage(handle, WM_NUMBER, 21, 0), 42);
+}
+
+TEST_F(WindowTest, AMessageToAWindowThatIsGoneDoesNothingAndSaysSo) {
+  PostMessage(handle, WM_NUMBER, 1, 0);
+  PostMessage(handle, WM_END, 0, 0);
+  PostMessage(handle, WM_NUMBER, 2, 0);
+  TestWindows::Pump();
+  EXPECT_TRUE(deleted);
+  EXPECT_EQ(numbers, std::vector<int>{1}) << "what waits goes with the window";
+  EXPECT_FALSE(PostMessage(handle, WM_NUMBER, 3, 0));
+  EXPECT_EQ(SendMessage(handle, WM_NUMBER, 3, 0), 0);
+  EXPECT_FALSE(RedrawWindow(handle));
+  EXPECT_EQ(GetDC(handle), nullptr);
+  CRect rect{1, 2, 3, 4};
+  EXPECT_FALSE(GetClientRect(handle, &rect));
+  EXPECT_EQ(rect, CRect{});
+  EXPECT_FALSE(ShowScrollBar(handle, SB_BOTH, true));
+}
+
+TEST_F(WindowTest, ManyMarksMakeOnePaintAndAMarkInAPaintMakesAnother) {
+  TestWindows::Pump();
+  view->paints = 0;
+  std::thread([this] {
+    for (int i = 0; i < 10; ++i)
+      RedrawWindow(handle);
+  }).join();
+  EXPECT_EQ(view->paints, 0);
+  view->onPaint = [this] {
+    if (view->paints == 1)
+      InvalidateRect(handle, nullptr, false);
+  };
+  MessageQueue::Serve();
+  EXPECT_EQ(view->paints, 1);
+  MessageQueue::Serve();
+  MessageQueue::Serve();
+  EXPECT_EQ(view->paints, 2);
+}
+
+TEST_F(WindowTest, AHiddenWindowKeepsItsPaintForLater) {
+  TestWindow& window = TestWindows::Of(*view);
+  window.Show(false);
+  window.Resize({30, 20});
+  EXPECT_EQ(view->sizes, 1);
+  view->paints = 0;
+  TestWindows::Pump();
+  EXPECT_EQ(view->paints, 0);
+  window.Show(true);
+  UpdateWindow(handle);
+  EXPECT_EQ(view->paints, 1);
+}
+
+TEST_F(WindowTest, APosterThatNeverStopsLeavesRoomForPaints) {
+  std::atomic<bool> stop{false};
+  std::thread poster([&] {
+    while (!stop)
+      PostMessage(handle, WM_NUMBER, 0, 0);
+  });
+  view->paints = 0;
+  while (view->paints < 5) {
+    RedrawWindow(handle);
+    MessageQueue::Serve();
+  }
+  stop = true;
+  poster.join();
+}
+
+TEST_F(WindowTest, AWindowThatDeclinesItsCreationIsNone) {
+  auto* const declining = new NotedView(&numbers);
+  bool gone = false;
+  declining->creation = -1;
+  declining->deleted = &gone;
+  EXPECT_FALSE(declining->Create());
+  EXPECT_TRUE(gone);
+  EXPECT_FALSE(view->Create()) << "it has a window already";
+}
+
+TEST_F(WindowTest, DocumentsAndViewsMayGoInAnyOrder) {
+  auto document = std::make_unique<CDocument>();
+  document->AddView(view);
+  document->SetTitle("Delay");
+  EXPECT_EQ(view->GetDocument()->GetTitle(), "Delay");
+  document.reset();
+  EXPECT_EQ(view->GetDocument(), nullptr);
+  CDocument other;
+  other.AddView(view);
+  view->DestroyWindow();
+  EXPECT_TRUE(deleted);
+}
+
+TEST(MessageOnlyWindow, NeedsNoWindowSystem) {
+  CWnd window;
+  ASSERT_TRUE(window.CreateMessageOnly());
+  EXPECT_TRUE(PostMessage(window.GetSafeHwnd(), WM_NUMBER, 0, 0));
+  EXPECT_EQ(GetDC(window.GetSafeHwnd()), nullptr);
+  CWnd unseen;
+  EXPECT_FALSE(unseen.Create());
+  EXPECT_FALSE(unseen.DestroyWindow());
+}
+
+}  // namespace
+}  // namespace sparlow
