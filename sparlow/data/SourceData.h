@@ -5,6 +5,7 @@
 #include <mutex>
 #include <thread>
 
+#include "sparlow/data/OwnState.h"
 #include "sparlow/data/SampleReader.h"
 #include "sparlow/data/StatisticParameters.h"
 #include "sparlow/data/StoreHandle.h"
@@ -96,7 +97,7 @@ class SourceData {
   unsigned GetSize() const { return nSamples; }
   virtual unsigned GetnSamples() const { return nSamples; }
   /// Whoever works on the series should stop.
-  bool IsAborted() const { return terminator && terminator->IsSet(); }
+  bool IsAborted() const { return closing || (terminator && terminator->IsSet()); }
   /// The store of the present data set; null without one.
   std::shared_ptr<const SampleStore> Store() const { return store_.Get(); }
   /// One sample, without any check: sample is below GetSize(), and no new data set begins
@@ -255,12 +256,16 @@ class SourceData {
   CMutex* threadsMutex = nullptr;
   /// Keeps the data set in place: held for a render, and to begin, to drop or to sort one.
   CMutex* dataMutex = nullptr;
-  /// Tells workers to stop.
+  /// Tells workers to stop; a host may signal it too.
   HANDLE terminator = nullptr;
   /// Null for a calculated series. Read through GetStatParams where another thread may write.
   StatisticParameters* statParams = nullptr;
   SourceData* analyzeFrom = nullptr;
   ///@}
+
+  /// The graph that shows the series closes: whoever works on it should stop, whatever becomes of
+  /// terminator. Written by the window's thread.
+  OwnRequest closing;
 
   CString name;
   char cptName[32] = "Sample";
@@ -284,6 +289,7 @@ class SourceData {
 
   StoreHandle store_;
   CopyableAtomic<std::thread::id> feedingThread_;  // of the latest transfer
+  OwnMutex beginning_;  // a transfer doesn't begin while TryReset empties the series
 };
 
 inline void SourceData::Add(double x, double y, bool slope) {

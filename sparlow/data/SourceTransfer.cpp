@@ -15,6 +15,7 @@ std::mutex& SourceData::openEndLock() {
 }
 
 bool SourceData::TryReset() {
+  const std::lock_guard<OwnMutex> lock(beginning_);
   if (inTransfer && feedingThread_ != std::this_thread::get_id())
     return false;
   Reset();
@@ -22,6 +23,7 @@ bool SourceData::TryReset() {
 }
 
 void SourceData::InitDataTransfer(bool isWaveform) {
+  const std::lock_guard<OwnMutex> begin(beginning_);
   feedingThread_ = std::this_thread::get_id();
   {
     const std::lock_guard<std::mutex> lock(openEndLock());

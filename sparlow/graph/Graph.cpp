@@ -61,7 +61,11 @@ void Graph::RemoveActiveGraph() {}
 void Graph::SetViewData(ViewData* series) {
   if (!series)
     return;
-  const CSingleLock pipeline(&pipelineLock);
+  const CSingleLock pipeline(&workers->pipelineLock);
+  if (workers->Count() == 0)
+    former.clear();
+  else if (ViewData* const replaced = activeViewData; replaced && replaced != series)
+    former.push_back(replaced);
   activeViewData = series;
   series->SetColor(colors->trace);
 }
@@ -87,13 +91,13 @@ void Graph::Clear() {
   if (!series || !series->TryReset())
     return;
   {
-    const CSingleLock pipeline(&pipelineLock);
+    const CSingleLock pipeline(&workers->pipelineLock);
     series->ResetUnits();
     if (axis)
       axis->Reset();
   }
-  ShowScrollBar(hWnd, SB_BOTH, false);
   RedrawWindow(hWnd, RDW_INVALIDATE);
+  ShowScrollBar(hWnd, SB_BOTH, false);
 }
 
 bool Graph::DataValid() const {

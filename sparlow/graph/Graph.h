@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <vector>
@@ -26,16 +27,16 @@ inline constexpr UINT WM_UPDATE_GRAPH = WM_USER + 104;
 /// window up to date after each change.
 ///
 /// Every change of data, interval or axes ends in UpdateGraph, every change of window size in
-/// ResizeGraph. A render of at most updateRenderLimit samples runs there and then; a larger one
-/// goes to a worker, and the window shows "Rendering graph" until it is done.
+/// ResizeGraph. A full render of few samples runs there and then, and so does one that only adds new
+/// samples; a larger one goes to a worker, and the window shows "Rendering graph" until it is done.
 /// docs/road-of-an-update.md tells the whole road.
 ///
-/// Locks, in the order in which they are taken: pipelineLock of the graph, threadsMutex of a
+/// Locks, in the order in which they are taken: GraphWorkers::pipelineLock of the graph, threadsMutex of a
 /// series, dataMutex of a series.
 /// Threads: the window's, unless an operation says otherwise.
 class Graph {
  public:
-  /// Samples that an update renders on the caller's thread; one more goes to a worker.
+  /// Samples of a full render that an update does on the caller's thread; one more is a worker's.
   static constexpr unsigned updateRenderLimit = 10000;
   /// Samples from which a resize goes to a worker.
   static constexpr unsigned resizeWorkerLimit = 10000;
@@ -61,7 +62,8 @@ class Graph {
   virtual bool AddMaskData(ViewData* series);
   virtual bool RemoveMaskData(ViewData* series);
   /// Makes a series the active one, in place of any other, and gives it the trace colour. Null is
-  /// ignored. Waits for a render that runs.
+  /// ignored. Waits for a render that runs; an analysis of the former series goes on, so that series too must
+  /// live until Destroy has returned.
   void SetViewData(ViewData* series);
   ViewData* GetActiveViewData() const { return activeViewData; }
   /// The active series' name, null without one.
@@ -71,14 +73,18 @@ class Graph {
   virtual void SetActiveMask(int index);
   virtual void RemoveActiveGraph();
   virtual bool IsDependent() const { return false; }
-  /// True when there is a series with samples and both axes can be painted. Any thread.
+  /// True when there is a series with samples and both axes can be painted.
   bool DataAndAxisValid() const;
-  /// Empties the active series, its units and the axes.
+  /// Empties the active series, its units and the axes. Nothing changes while another thread feeds the
+  /// series.
   void Clear();
 
   /// @name From a change to the screen
   /// Brings the graph up to date after a change of data, interval, axes or settings.
   void UpdateGraph();
+  /// Changes the axes while no worker reads them, then updates. Waits for a render that runs. A host
+  /// that sets ranges or modes of its axes does it here, or before the first update.
+  void ChangeAxes(const std::function<void(GraphAxis&)>& change);
   /// Brings the graph up to date after a change of window size. Does nothing while resizing is
   /// locked, also not later.
   void ResizeGraph();
@@ -86,13 +92,14 @@ class Graph {
   void DrawAll();
   /// True while the window shows "Rendering graph", because columns are still to be made.
   bool RenderDue() const { return workers->RenderDue(); }
-  /// Recalculates analysis series, or new masks, on a worker, which then posts WM_UPDATE_GRAPH.
+  /// Recalculates analysis series, or new masks, on a worker, which posts WM_UPDATE_GRAPH when
+  /// something was calculated.
   void AnalyzeAll();
   void AnalyzeMask();
-  /// What those workers run: true when something was calculated.
+  /// What those workers run, there: true when something was calculated.
   virtual bool AnalyzeEach();
   virtual bool AnalyzeEachNewMask();
-  /// Sends the cursor readings and the statistics to the info bar.
+  /// Sends the cursor readings and the statistics to the info bar. Also called on workers.
   void UpdateCursorsReadout() {}
   void UpdateStaParams() {}
 
@@ -133,7 +140,8 @@ class Graph {
   /// Renders what lies beside the active series. False when it was stopped. Any thread that
   /// renders.
   virtual bool RenderSecondaryGraphs() { return true; }
-  /// All series of the graph, with samples or without, the active one first.
+  /// All series of the graph, with samples or without, the active one first. Also
+  /// called on workers.
   virtual std::vector<ViewData*> AllSeries() const;
   /// Signals the terminator of every series of the graph, and remembers which.
   virtual void SetThreadsTerminator();
@@ -185,12 +193,16 @@ class Graph {
   enum class RenderEnd { done, givenUp, stopped };
   struct WorkerStart;
   class LastRepaints;
+  class ResizingLocked;
 
-  // Updating, with pipelineLock taken.
-  bool update();
-  bool resize();
+  // Updating.
+  /// How an update or a resize on the window's thread ends: with columns that are ready for a paint,
+  /// with a render that is a worker's matter, or with the graph closed.
+  enum class Update { ready, worker, closed };
+  Update update(GraphWorkers& shared);
+  Update resize(GraphWorkers& shared);
   bool SetAxisAutoRange();
-  bool fitLiveAxes(bool newDataSet);
+  bool fitLiveAxes();
   void fitAxes(bool wholeInterval);
   bool RenderGraph(bool reset);
   void sbRender();
@@ -202,10 +214,12 @@ class Graph {
 
   // Workers.
   void startWorker(Job job);
+  static bool beginThread(WorkerStart* start);
   static unsigned runWorker(void* start);
   void doJob(Job job, std::uint64_t render, bool onWorker);
   void RenderThread(std::uint64_t render, bool newLayout, bool onWorker);
   RenderEnd tryRender(std::uint64_t render, bool newLayout);
+  void sendDueReadouts();
   void AnalyzeThread(bool (Graph::*analyze)());
 
   // The frame.
@@ -220,17 +234,18 @@ class Graph {
   static inline CopyableAtomic<HWND> InfoBarHwnd{nullptr};
   static inline CopyableAtomic<bool> LockResize{false};
 
-  /// Held by whoever updates, resizes or renders this graph, outermost of all locks. Never by a
-  /// paint.
-  CMutex pipelineLock;
   const std::shared_ptr<GraphWorkers> workers;
   mutable std::mutex layoutLock;
 
   // The window's thread.
   HDC memDC = nullptr;
   HBITMAP memBitmap = nullptr;
-  std::vector<HANDLE> terminated;   // what SetThreadsTerminator signalled
-  std::uint64_t fittedDataSet = 0;  // the data set that the axes were last fitted to
+  struct ToldSeries {
+    ViewData* series;
+    bool signalled;  // its terminator, and not by its host
+  };
+  std::vector<ToldSeries> told;   // what SetThreadsTerminator told to stop
+  std::vector<ViewData*> former;  // were active when a worker ran that may still hold them
 
   CopyableAtomic<bool> tooLarge{false};  // the last layout had no room in the series' columns
 };

@@ -1,5 +1,7 @@
 // From the columns to the screen: the frame in the memory bitmap, and its copy to the window.
 
+#include <utility>
+
 #include "sparlow/graph/Graph.h"
 #include "sparlow/platform/Windows.h"
 
@@ -9,18 +11,20 @@ void Graph::DrawAll() {
   CRect client;
   if (!memDC || !GetClientRect(hWnd, &client))
     return;
-  const HDC windowDC = GetDC(hWnd);
-  DeleteObject(memBitmap);
-  memBitmap = CreateCompatibleBitmap(windowDC, client.Width(), client.Height());
+  CClientDC window(hWnd);
+  DeleteObject(std::exchange(memBitmap, nullptr));
+  memBitmap = CreateCompatibleBitmap(window.GetSafeHdc(), client.Width(), client.Height());
+  // What a host draws or throws leaves no pen, font or bitmap behind.
+  const SavedDC before(memDC);
   CDC frame(memDC);
-  const HBITMAP bitmapBefore = frame.SelectObject(memBitmap);
+  frame.SelectObject(memBitmap);
   CFont font;
   CreateTextFont(&font, &frame);
-  const CFont* const fontBefore = frame.SelectObject(&font);
+  frame.SelectObject(&font);
 
   frame.FillSolidRect(client, active ? colors->backActive : colors->backInactive);
   // Asked once: a render that is done in between has invalidated the window again.
-  const bool rendering = workers->RenderDue();
+  const bool rendering = RenderDue();
   const bool ready = !rendering && DataAndAxisValid();
   if (rendering)
     drawMessage(&frame, client, "Rendering graph");
@@ -29,14 +33,9 @@ void Graph::DrawAll() {
   else
     drawMessage(&frame, client, "No Data Available");
 
-  CDC window(windowDC);
   window.BitBlt(client.left, client.top, client.Width(), client.Height(), memDC, 0, 0, SRCCOPY);
-  frame.SelectObject(bitmapBefore);
-  frame.SelectObject(fontBefore);
   if (active && ready)
     DrawCursors(&window, client);
-  frame.Detach();
-  ReleaseDC(hWnd, windowDC);
 }
 
 void Graph::drawMessage(CDC* dc, const CRect& area, const char* text) {

@@ -1,5 +1,7 @@
 // Where the plot lies in the window, and how large it is.
 
+#include <algorithm>
+
 #include "sparlow/graph/Graph.h"
 #include "sparlow/platform/UiThread.h"
 #include "sparlow/platform/Windows.h"
@@ -16,30 +18,35 @@ void Graph::SetGraphArea(const CRect& area) {
   plotWidth -= Offset::Left(axis->ver.maxLabelLength) + Offset::Right();
   if (IsLegend())
     plotHeight -= LegendOffset();
+  const std::lock_guard whole(layoutLock);
   height = std::max(plotHeight, 1);
   width = std::max(plotWidth, 1);
+  axis->ver.CalculateScale(static_cast<unsigned>(height.load()));
+  axis->hor.CalculateScale(static_cast<unsigned>(width.load()));
 }
 
 void Graph::layOut() {
   CRect client;
   GetClientRect(hWnd, &client);
-  const std::lock_guard whole(layoutLock);
   SetGraphArea(client);
-  axis->ver.CalculateScale(static_cast<unsigned>(height.load()));
-  axis->hor.CalculateScale(static_cast<unsigned>(width.load()));
 }
 
 void Graph::tellTooLarge() {
-  if (tooLarge)
-    AfxMessageBox("Screen or printer resolution is too high.\nThe graph will be truncated.", 0, 0);
+  const std::shared_ptr<GraphWorkers> shared = workers;
+  if (!tooLarge || !shared->BeginTelling())
+    return;
+  AfxMessageBox("Screen or printer resolution is too high.\nThe graph will be truncated.", 0, 0);
+  shared->EndTelling();
 }
 
 void Graph::Clip(CPoint& point) const {
+  // Calls a host's series: not under the lock.
+  const int left = Offset::Left(axis->ver.maxLabelLength);
+  const int top = TopOffset(activeViewData);
   const std::lock_guard whole(layoutLock);
   // In 64 bits: a host may pass any point.
-  const std::int64_t x =
-      static_cast<std::int64_t>(point.x) - Offset::Left(axis->ver.maxLabelLength);
-  const std::int64_t y = static_cast<std::int64_t>(point.y) - TopOffset(activeViewData);
+  const std::int64_t x = static_cast<std::int64_t>(point.x) - left;
+  const std::int64_t y = static_cast<std::int64_t>(point.y) - top;
   point.x = static_cast<int>(std::clamp<std::int64_t>(x, 0, width));
   point.y = static_cast<int>(std::clamp<std::int64_t>(y, 0, height));
 }

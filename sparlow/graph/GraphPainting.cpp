@@ -78,10 +78,9 @@ void Graph::DrawCaption(CDC* dc) {
   }
   DrawCaptionStrLeft(dc, series->GetName());
 
-  const unsigned shown = series->GetIntervalSize();
   CString count = FormatText("%u", series->GetnSamples());
-  if (shown < series->GetSize())
-    count += FormatText("(%u)", shown);
+  if (!series->IntervalWhole())
+    count += FormatText("(%u)", series->GetIntervalSize());
   DrawCaptionStrRight(dc, count + " " + series->GetCptName() + "s");
   dc->SetViewportOrg(origin.x, origin.y);
   dc->SetTextColor(colorBefore);

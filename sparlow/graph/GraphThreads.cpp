@@ -1,5 +1,8 @@
 // The workers' half of the pipeline, and how it ends.
 
+#include <utility>
+
+#include "sparlow/data/DataLock.h"
 #include "sparlow/graph/Graph.h"
 #include "sparlow/platform/Threads.h"
 #include "sparlow/platform/UiThread.h"
@@ -18,18 +21,28 @@ struct Graph::WorkerStart {
 };
 
 void Graph::startWorker(Job job) {
+  auto start = std::make_unique<WorkerStart>(WorkerStart{workers, this, job, 0});
   if (!workers->Enter())
     return;
-  const bool renders = job == Job::render || job == Job::resize;
-  auto start = std::make_unique<WorkerStart>(
-      WorkerStart{workers, this, job, renders ? workers->AskForRender(job == Job::render) : 0});
-  if (AfxBeginThread(runWorker, start.get())) {
-    start.release();  // the worker's own now
+  if (job == Job::render || job == Job::resize)
+    start->render = workers->AskForRender(job == Job::render);
+  if (beginThread(start.get())) {
+    // The worker's own now.
+    static_cast<void>(start.release());
     return;
   }
   // The system has no thread to give: the work is done here.
   workers->Leave();
   doJob(job, start->render, false);
+}
+
+bool Graph::beginThread(WorkerStart* start) {
+  try {
+    return AfxBeginThread(runWorker, start);
+  } catch (...) {
+    // A host's way of starting threads failed.
+    return false;
+  }
 }
 
 unsigned Graph::runWorker(void* parameter) {
@@ -74,47 +87,54 @@ class Graph::LastRepaints {
 
 void Graph::RenderThread(std::uint64_t render, bool newLayout, bool onWorker) {
   constexpr std::chrono::milliseconds pause{5};
-  bool done = false;
+  RenderEnd end = RenderEnd::givenUp;
   {
     const LastRepaints repaint(*this);
     const GraphWorkers::DueRender due(*workers);
-    RenderEnd end = tryRender(render, newLayout);
+    end = tryRender(render, newLayout);
     // Stopped, but by nobody who would do the work in this one's place: a host has signalled the
     // terminator. A worker waits until it is cleared, without any lock.
     while (end == RenderEnd::stopped && onWorker && !workers->WaitForNewer(render, pause))
       end = tryRender(render, newLayout);
-    done = end == RenderEnd::done;
   }
-  if (done && onWorker)
+  if (end != RenderEnd::done)
+    return;
+  sendDueReadouts();
+  if (newLayout)
     tellTooLarge();
 }
 
 Graph::RenderEnd Graph::tryRender(std::uint64_t render, bool newLayout) {
-  const CSingleLock pipeline(&pipelineLock);
+  const CSingleLock pipeline(&workers->pipelineLock);
   ViewData* const series = activeViewData;
   if (!series)
     return RenderEnd::givenUp;
-  {
-    const CSingleLock threads(series->threadsMutex);
-    const GraphWorkers::RunningRender running(*workers, render, AllSeries());
-    if (!running)
-      return RenderEnd::givenUp;
-    if (newLayout)
-      layOut();
-    const bool secondary = RenderSecondaryGraphs();
-    if ((newLayout && !secondary) || !RenderGraph(true))
-      return RenderEnd::stopped;
-  }
-  if (workers->TakeReadout()) {
-    UpdateCursorsReadout();
-    UpdateStaParams();
-  }
+  const DataLock threads(series->threadsMutex);
+  const GraphWorkers::RunningRender running(*workers, render, AllSeries());
+  if (!running)
+    return RenderEnd::givenUp;
+  if (newLayout)
+    layOut();
+  const bool secondary = RenderSecondaryGraphs();
+  if ((newLayout && !secondary) || !RenderGraph(true))
+    return RenderEnd::stopped;
   return RenderEnd::done;
 }
 
+void Graph::sendDueReadouts() {
+  const ViewData* const series = activeViewData;
+  // A series that is to stop has nothing to tell; whoever renders it next sends what is due.
+  if (!series || series->IsAborted() || !workers->TakeReadout())
+    return;
+  UpdateCursorsReadout();
+  UpdateStaParams();
+}
+
 void Graph::AnalyzeThread(bool (Graph::*analyze)()) {
+  // A host's calculation may open a box, and the graph be gone when that is closed.
+  const HWND window = hWnd;
   if ((this->*analyze)())
-    PostMessage(hWnd, WM_UPDATE_GRAPH, 0, 0);
+    PostMessage(window, WM_UPDATE_GRAPH, 0, 0);
 }
 
 void Graph::AnalyzeAll() {
@@ -126,25 +146,35 @@ void Graph::AnalyzeMask() {
 }
 
 void Graph::SetThreadsTerminator() {
-  for (const ViewData* const series : AllSeries()) {
-    if (SetEvent(series->terminator))
-      terminated.push_back(series->terminator);
+  std::vector<ViewData*> all = AllSeries();
+  all.insert(all.end(), former.begin(), former.end());
+  for (ViewData* const series : all) {
+    series->closing = true;
+    // A signal of the host's own is the host's to clear.
+    const bool signalled = series->terminator && series->terminator->IsSet();
+    if (!signalled)
+      SetEvent(series->terminator);
+    told.push_back({series, !signalled});
   }
 }
 
 void Graph::ClearThreadsTerminator() {
-  for (const HANDLE event : terminated)
-    ResetEvent(event);
-  terminated.clear();
+  for (const ToldSeries& each : told) {
+    each.series->closing = false;
+    if (each.signalled)
+      ResetEvent(each.series->terminator);
+  }
+  told.clear();
 }
 
 void Graph::WaitForThreadsEnd() {
-  const ViewData* const series = activeViewData;
-  if (series && series->threadsMutex)
-    const CSingleLock free(series->threadsMutex);
+  if (const ViewData* const series = activeViewData)
+    const DataLock free(series->threadsMutex);
 }
 
 void Graph::Destroy() {
+  if (workers->Closed())
+    return;
   workers->Close();
   SetThreadsTerminator();
   {
@@ -152,10 +182,8 @@ void Graph::Destroy() {
     workers->WaitForEnd();
   }
   ClearThreadsTerminator();
-  DeleteObject(memBitmap);
-  memBitmap = nullptr;
-  DeleteDC(memDC);
-  memDC = nullptr;
+  DeleteObject(std::exchange(memBitmap, nullptr));
+  DeleteDC(std::exchange(memDC, nullptr));
 }
 
 }  // namespace sparlow

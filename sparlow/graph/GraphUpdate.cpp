@@ -1,51 +1,73 @@
 // The window's half of the pipeline: from a change to columns that are ready for a paint, or to a
 // worker that makes them.
 
+#include <utility>
+
+#include "sparlow/data/DataLock.h"
 #include "sparlow/graph/Graph.h"
 #include "sparlow/platform/Windows.h"
 #include "sparlow/view/ViewData.h"
 
 namespace sparlow {
 
+/// Nobody resizes while it lives. It leaves resizing free at its end, also where a host had locked it.
+class Graph::ResizingLocked {
+ public:
+  ResizingLocked() { LockResize = true; }
+  ~ResizingLocked() { LockResize = false; }
+  ResizingLocked(const ResizingLocked&) = delete;
+  ResizingLocked& operator=(const ResizingLocked&) = delete;
+};
+
 void Graph::UpdateGraph() {
-  if (!activeViewData || !axis || workers->Closed())
+  // Whatever runs code of the host's may end the graph; this outlives it and tells.
+  const std::shared_ptr<GraphWorkers> shared = workers;
+  if (!activeViewData || !axis || shared->Closed())
     return;
-  if (update())
+  sbRender();
+  if (shared->Closed())
+    return;
+  const Update end = update(*shared);
+  if (end == Update::closed)
+    return;
+  if (end == Update::ready)
     RedrawWindow(hWnd, RDW_INVALIDATE);
   else
     startWorker(Job::render);
   // Last, since the view may go while the box is open.
-  tellTooLarge();
+  if (!shared->Closed())
+    tellTooLarge();
 }
 
-bool Graph::update() {
-  CSingleLock pipeline(&pipelineLock);
-  ViewData* const series = activeViewData;
-  if (!series->Valid()) {
-    ShowScrollBar(hWnd, SB_BOTH, false);
-    if (!axis->preset)
-      axis->Reset();
-    return true;
+Graph::Update Graph::update(GraphWorkers& shared) {
+  {
+    const CSingleLock pipeline(&shared.pipelineLock);
+    if (shared.Closed())
+      return Update::closed;
+    ViewData* const series = activeViewData;
+    if (!series->Valid()) {
+      tooLarge = false;
+      if (!axis->preset)
+        axis->Reset();
+      return Update::ready;
+    }
+    const DataLock threads(series->threadsMutex);
+    axis->SetUnits(series->GetxUnit(), series->GetyUnit());
+    bool fullRender = axis->preset || SetAxisAutoRange();
+    layOut();
+    if (!axis->hor.autoRange && series->adjusted)
+      ResetInterval();
+    // Columns of another data set, interval or scale can't be continued, whatever the axes say.
+    fullRender = fullRender || !series->CanContinueRender(*axis);
+    if (fullRender && series->GetIntervalSize() > updateRenderLimit)
+      return Update::worker;
+    RenderSecondaryGraphs();
+    if (!RenderGraph(fullRender))
+      return Update::worker;
   }
-  CSingleLock threads(series->threadsMutex);
-  sbRender();
-  axis->SetUnits(series->GetxUnit(), series->GetyUnit());
-  bool fullRender = axis->preset || SetAxisAutoRange();
-  layOut();
-  if (!axis->hor.autoRange && series->adjusted)
-    ResetInterval();
-  // Columns of another data set, interval or scale can't be continued, whatever the axes say.
-  fullRender = fullRender || !series->CanContinueRender(*axis);
-  if (fullRender && series->GetIntervalSize() > updateRenderLimit)
-    return false;
-  RenderSecondaryGraphs();
-  if (!RenderGraph(fullRender))
-    return false;
-  threads.Unlock();
-  pipeline.Unlock();
   UpdateCursorsReadout();
   UpdateStaParams();
-  return true;
+  return Update::ready;
 }
 
 bool Graph::RenderGraph(bool reset) {
@@ -57,38 +79,36 @@ bool Graph::RenderGraph(bool reset) {
 
 void Graph::sbRender() {
   // A bar that goes changes the size of the window, which this update is about to lay out anyway.
-  LockResize = true;
+  const ResizingLocked locked;
   ShowScrollBar(hWnd, SB_BOTH, false);
-  LockResize = false;
 }
 
 bool Graph::SetAxisAutoRange() {
-  ViewData* const series = activeViewData;
+  const ViewData* const series = activeViewData;
   defineMinMax();
   const bool live = series->inTransfer && series->IntervalWhole() &&
                     SourceData::nLastSamplesToDraw == 0 && series->RealTimeScalingDefined();
-  if (live && series->GetSize() < 2)
+  if (!live) {
+    fitAxes(series->IntervalWhole());
     return true;
-  const std::uint64_t dataSet = series->Read().serial();
-  const bool newDataSet = std::exchange(fittedDataSet, dataSet) != dataSet;
-  if (live)
-    return fitLiveAxes(newDataSet);
-  fitAxes(series->IntervalWhole());
-  return true;
+  }
+  return series->GetSize() < 2 || fitLiveAxes();
 }
 
-bool Graph::fitLiveAxes(bool newDataSet) {
+bool Graph::fitLiveAxes() {
+  // A range that is wide enough may still not hold the data: a margin leaves room at the wrong end,
+  // and a new data set may lie elsewhere.
+  const auto beyond = [](const AxisData& a, double min, double max) {
+    return min < a.min || max > a.max;
+  };
   bool changed = !axis->hor.autoRange && !axis->ver.autoRange;
-  // Axes that were wide enough for the data set before say nothing about a new one.
-  if (axis->hor.autoRange && (newDataSet || xMax - xMin > axis->hor.range)) {
+  if (axis->hor.autoRange && (xMax - xMin > axis->hor.range || beyond(axis->hor, xMin, xMax))) {
     // Twice the span that the data have: the next full render is due only when they fill it.
     xMax += xMax - xMin;
     axis->SetHor(xMin, xMax);
     changed = true;
   }
-  // With a margin the axis may be wider than the data and yet not hold a new peak.
-  const bool beyond = yMin < axis->ver.min || yMax > axis->ver.max;
-  if (axis->ver.autoRange && (newDataSet || beyond || yMax - yMin >= axis->ver.range)) {
+  if (axis->ver.autoRange && (yMax - yMin >= axis->ver.range || beyond(axis->ver, yMin, yMax))) {
     axis->SetVer(yMin, yMax);
     changed = true;
   }
@@ -113,20 +133,38 @@ void Graph::fitAxes(bool wholeInterval) {
 }
 
 void Graph::ResizeGraph() {
-  if (LockResize || !DataAndAxisValid() || workers->Closed())
+  const std::shared_ptr<GraphWorkers> shared = workers;
+  if (LockResize || !DataAndAxisValid() || shared->Closed())
     return;
   if (activeViewData.load()->GetIntervalSize() >= resizeWorkerLimit)
     return startWorker(Job::resize);
-  resize();
+  const Update end = resize(*shared);
+  if (end == Update::closed)
+    return;
+  if (end == Update::worker)
+    return startWorker(Job::resize);
   RedrawWindow(hWnd, RDW_INVALIDATE);
   tellTooLarge();
 }
 
-bool Graph::resize() {
-  const CSingleLock pipeline(&pipelineLock);
-  const CSingleLock threads(activeViewData.load()->threadsMutex);
+Graph::Update Graph::resize(GraphWorkers& shared) {
+  const CSingleLock pipeline(&shared.pipelineLock);
+  if (shared.Closed())
+    return Update::closed;
+  const DataLock threads(activeViewData.load()->threadsMutex);
   layOut();
-  return RenderSecondaryGraphs() && RenderGraph(true);
+  return RenderSecondaryGraphs() && RenderGraph(true) ? Update::ready : Update::worker;
+}
+
+void Graph::ChangeAxes(const std::function<void(GraphAxis&)>& change) {
+  {
+    const std::shared_ptr<GraphWorkers> shared = workers;
+    const CSingleLock pipeline(&shared->pipelineLock);
+    if (!axis || !change || shared->Closed())
+      return;
+    change(*axis);
+  }
+  UpdateGraph();
 }
 
 }  // namespace sparlow

@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "sparlow/platform/Synchronization.h"
 #include "sparlow/view/ViewData.h"
 
 namespace sparlow {
@@ -89,6 +88,16 @@ void GraphWorkers::Close() {
 bool GraphWorkers::Closed() const {
   const std::lock_guard guard(lock_);
   return closed_;
+}
+
+bool GraphWorkers::BeginTelling() {
+  const std::lock_guard guard(lock_);
+  return !closed_ && !std::exchange(telling_, true);
+}
+
+void GraphWorkers::EndTelling() {
+  const std::lock_guard guard(lock_);
+  telling_ = false;
 }
 
 void GraphWorkers::WaitForEnd() {

@@ -6,19 +6,23 @@
 #include <mutex>
 #include <vector>
 
+#include "sparlow/platform/Synchronization.h"
+
 namespace sparlow {
 
 class ViewData;
 
 /// The workers of one graph: how many there are, which renders are due, and which one is the
-/// newest. It is shared by the graph and its workers and outlives the graph, so that the last
-/// worker can still count itself off.
+/// newest. /// It is shared by the graph, its workers and whoever waits for them, and outlives the graph: the last
+/// worker can still count itself off, and a wait that the graph's end comes into can end as well.
 ///
 /// Renders are numbered as they are asked for. Asking for one stops the one that runs, and a worker
 /// whose render isn't the newest gives up, so a quick series of requests costs one render.
 /// Threads: any.
 class GraphWorkers {
  public:
+  /// Held by whoever updates, resizes or renders the graph, outermost of all locks. Never by a paint.
+  CMutex pipelineLock;
   /// @name By whoever starts a worker
   /// Counts a worker that is about to be started. False, and nothing is counted, when the graph is
   /// closing.
@@ -61,15 +65,20 @@ class GraphWorkers {
   bool WaitForNewer(std::uint64_t render, std::chrono::milliseconds limit);
 
   /// @name By the graph
-  /// True from AskForRender until the last render asked for has finished: nobody but a worker may
-  /// touch columns and layout then.
+  /// True from AskForRender until the last render asked for has finished: no paint may read columns
+  /// and layout then.
   bool RenderDue() const;
+  /// Workers that were counted and not counted off.
   int Count() const;
   /// No worker is started and no render begins any more; a render that runs is told to stop.
   void Close();
   bool Closed() const;
   /// Waits until no worker is left.
   void WaitForEnd();
+  /// True for the one that may open a box about the graph, until it calls EndTelling: messages that
+  /// are handled while it is open would open another.
+  bool BeginTelling();
+  void EndTelling();
 
  private:
   void stopRunning();  // lock_ held
@@ -81,8 +90,9 @@ class GraphWorkers {
   int rendersDue_ = 0;
   bool closed_ = false;
   bool readoutDue_ = false;
+  bool telling_ = false;
   std::uint64_t newest_ = 0;
-  std::vector<ViewData*> running_;  // what the render that runs may be stopped by
+  std::vector<ViewData*> running_;  // the series of the render that runs
 };
 
 }  // namespace sparlow

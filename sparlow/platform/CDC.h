@@ -112,6 +112,20 @@ class CDC {
   HDC dc_ = nullptr;
 };
 
+/// Puts a device context back into the state that it had, with its bitmap, pen and font.
+/// Threads: the one that paints.
+class SavedDC {
+ public:
+  explicit SavedDC(HDC dc) : dc_(dc), state_(*dc) {}
+  ~SavedDC() { *dc_ = state_; }
+  SavedDC(const SavedDC&) = delete;
+  SavedDC& operator=(const SavedDC&) = delete;
+
+ private:
+  const HDC dc_;
+  const DeviceContext state_;
+};
+
 /// A memory device context without a bitmap, to be freed with DeleteDC.
 HDC CreateCompatibleDC(HDC dc);
 /// Frees what CreateCompatibleDC made. Null is allowed.

@@ -16,11 +16,8 @@ CView::~CView() {
 
 LRESULT CView::OnPaint(WPARAM, LPARAM) {
   WindowProc(WM_ERASEBKGND, 0, 0);
-  const HWND window = GetSafeHwnd();
-  const HDC hdc = GetDC(window);
-  CDC dc(hdc);
+  CClientDC dc(GetSafeHwnd());
   OnDraw(&dc);
-  ReleaseDC(window, hdc);
   return 0;
 }
 

@@ -1,7 +1,7 @@
 #include "sparlow/platform/Threads.h"
 
 #include <atomic>
-#include <system_error>
+
 #include <thread>
 
 namespace sparlow {
@@ -12,7 +12,8 @@ bool startDetached(AFX_THREADPROC proc, void* parameter) {
   try {
     std::thread([proc, parameter] { proc(parameter); }).detach();
     return true;
-  } catch (const std::system_error&) {
+  } catch (...) {
+    // No thread, or no memory for one: the same to the caller.
     return false;
   }
 }

@@ -47,6 +47,15 @@ int logAndAnswer(const BoxRequest& request) {
   return IDOK;
 }
 
+/// What a box ends with; a handler that fails counts as a box that was closed.
+int openBox(const UiThread::BoxHandler& handler, const BoxRequest& request) {
+  try {
+    return handler ? handler(request) : logAndAnswer(request);
+  } catch (...) {
+    return IDOK;
+  }
+}
+
 /// Lets the worker go on that wants the box, unless it has gone on already.
 void giveAnswer(PendingBox& box, int answer) {
   if (box.answered)
@@ -65,7 +74,7 @@ void openFront(std::unique_lock<std::mutex>& guard) {
   ++s.openBoxes;
   const UiThread::BoxHandler handler = s.answerSilently > 0 ? nullptr : s.handler;
   guard.unlock();
-  const int answer = handler ? handler(box->request) : logAndAnswer(box->request);
+  const int answer = openBox(handler, box->request);
   guard.lock();
   --s.openBoxes;
   std::erase(s.openForWorkers, box);
@@ -119,7 +128,7 @@ int UiThread::ShowBox(BoxRequest request) {
     const BoxHandler handler = s.handler;
     ++s.openBoxes;
     guard.unlock();
-    const int answer = handler ? handler(request) : logAndAnswer(request);
+    const int answer = openBox(handler, request);
     guard.lock();
     // Boxes of workers stood back while this one was open.
     if (--s.openBoxes == 0 && !s.boxes.empty() && s.wake)

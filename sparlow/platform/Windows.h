@@ -27,6 +27,19 @@ void UpdateWindow(HWND window);
 /// with ReleaseDC. Null for a window without a surface.
 HDC GetDC(HWND window);
 void ReleaseDC(HWND window, HDC dc);
+/// A context on a window's surface for as long as it lives, which then brings what it drew to the
+/// screen. It draws nothing on a window without a surface.
+/// Threads: the window's.
+class CClientDC : public CDC {
+ public:
+  explicit CClientDC(HWND window) : CDC(GetDC(window)), window_(window) {}
+  ~CClientDC() { ReleaseDC(window_, Detach()); }
+  CClientDC(const CClientDC&) = delete;
+  CClientDC& operator=(const CClientDC&) = delete;
+
+ private:
+  const HWND window_;
+};
 /// bar: SB_HORZ, SB_VERT or SB_BOTH. The client area has its new size when this returns, and the
 /// window has had its WM_SIZE.
 bool ShowScrollBar(HWND window, int bar, bool show);

@@ -55,6 +55,11 @@ void View::UpdateGraph() {
     graph->UpdateGraph();
 }
 
+void View::ChangeAxes(const std::function<void(GraphAxis&)>& change) {
+  if (graph)
+    graph->ChangeAxes(change);
+}
+
 void View::SetActive(bool active) {
   if (!graph)
     return;

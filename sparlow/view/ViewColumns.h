@@ -2,9 +2,9 @@
 
 #include <bitset>
 #include <cstdint>
-#include <mutex>
 
 #include "sparlow/axis/GraphAxis.h"
+#include "sparlow/data/OwnState.h"
 #include "sparlow/platform/CopyableAtomic.h"
 
 namespace sparlow {
@@ -26,20 +26,6 @@ struct RenderKey {
   Axis hor;
   Axis ver;
   friend bool operator==(const RenderKey&, const RenderKey&) = default;
-};
-
-/// A mutex that a copy of its owner doesn't share and an assignment leaves alone.
-/// Threads: any.
-class OwnMutex {
- public:
-  OwnMutex() = default;
-  OwnMutex(const OwnMutex&) {}
-  OwnMutex& operator=(const OwnMutex&) { return *this; }
-  void lock() { mutex_.lock(); }
-  void unlock() { mutex_.unlock(); }
-
- private:
-  std::mutex mutex_;
 };
 
 /// The samples of an interval, reduced to pixel columns: x, and the first, latest, topmost and

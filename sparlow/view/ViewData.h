@@ -11,16 +11,6 @@ namespace sparlow {
 
 class CDC;
 
-/// A request that belongs to one object: a copy has none, and an assignment leaves it alone.
-/// Threads: any.
-class OwnRequest : public CopyableAtomic<bool> {
- public:
-  OwnRequest() = default;
-  OwnRequest(const OwnRequest&) : CopyableAtomic<bool>() {}
-  OwnRequest& operator=(const OwnRequest&) { return *this; }
-  using CopyableAtomic<bool>::operator=;
-};
-
 /// A series that can be drawn. Render reduces the samples of the interval to pixel columns, Draw
 /// walks the columns alone. A class derived from it may map samples to pixels in its own way.
 ///

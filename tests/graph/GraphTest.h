@@ -4,6 +4,8 @@
 
 #include <atomic>
 #include <cmath>
+#include <functional>
+#include <thread>
 
 #include "sparlow/platform/Threads.h"
 #include "sparlow/sparlow.h"
@@ -16,10 +18,34 @@ using test::GatedSeries;
 using test::TestWindow;
 using test::TestWindows;
 
-/// A view whose graph the tests can reach.
+/// A view whose graph the tests can reach, and what a host may do in its own code.
 class TestView : public CSingleGraphView {
  public:
   Graph& TheGraph() { return *graph; }
+
+  std::function<void(UINT)> afterMessage;
+  std::function<void()> onOverlay;
+
+  LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
+    const auto then = afterMessage;
+    const LRESULT result = CSingleGraphView::WindowProc(message, wParam, lParam);
+    if (then)
+      then(message);
+    return result;
+  }
+
+ protected:
+  std::unique_ptr<Graph> NewGraph(GraphAxis* axes) override {
+    struct HostGraph : Graph {
+      HostGraph(GraphAxis* shared, TestView& owner) : Graph(shared), view(owner) {}
+      void DrawCustomOverlay(CDC*) override {
+        if (view.onOverlay)
+          view.onOverlay();
+      }
+      TestView& view;
+    };
+    return std::make_unique<HostGraph>(axes, *this);
+  }
 };
 
 /// One view with one series, in a window that opens nothing. The verbs below are what tests say.
@@ -38,12 +64,13 @@ class GraphTest : public ::testing::Test {
     series.Term();
   }
 
-  void OpenView(CSize size) {
+  void OpenView(CSize size) { OpenView(size, series); }
+  void OpenView(CSize size, ViewData& shown) {
     view = new TestView;
     ASSERT_TRUE(view->Create());
     Window().Resize(size);
     view->CreateGraph(&axis);
-    ASSERT_TRUE(view->AddViewData(&series));
+    ASSERT_TRUE(view->AddViewData(&shown));
   }
   void CloseView() {
     if (view)
@@ -86,7 +113,25 @@ class GraphTest : public ::testing::Test {
   int Workers() { return TheGraph().workers->Count(); }
   bool RenderDue() { return TheGraph().RenderDue(); }
   CSize Plot() { return {TheGraph().width, TheGraph().height}; }
-  CMutex& PipelineLock() { return TheGraph().pipelineLock; }
+  bool Closed() { return TheGraph().workers->Closed(); }
+  /// Another thread can take the lock, so nobody has left it locked.
+  bool PipelineIsFree() {
+    bool free = false;
+    std::thread([&] {
+      CMutex& lock = TheGraph().workers->pipelineLock;
+      free = lock.TryLock();
+      lock.Unlock();
+    }).join();
+    return free;
+  }
+  /// Opens the gate from another thread as soon as the graph closes.
+  std::thread OpenGateWhenClosed() {
+    return std::thread([this, workers = TheGraph().workers] {
+      while (!workers->Closed())
+        std::this_thread::yield();
+      series.OpenGate();
+    });
+  }
 
   /// What the last frame was painted of, from its background to its copy to the window.
   std::vector<std::string> Frame() {

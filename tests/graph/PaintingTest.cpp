@@ -142,7 +142,11 @@ TEST_F(PaintingTest, SchemesAndActivity) {
 }
 
 TEST_F(PaintingTest, AStateThatTheNextPaintFindsAsItWas) {
-  Paint();
+  view->onOverlay = [] { throw 1; };
+  EXPECT_THROW(Paint(), int);
+  view->onOverlay = nullptr;
+  RedrawWindow(view->GetSafeHwnd());
+  Pump();
   const std::vector<std::string> first = Frame();
   TheGraph().DrawAll();
   EXPECT_EQ(Frame(), first);

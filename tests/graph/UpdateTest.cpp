@@ -89,6 +89,26 @@ TEST_F(UpdateTest, APeakInAMarginMovesTheAxis) {
   ExpectTrueColumns();
 }
 
+TEST_F(UpdateTest, OnlyNewSamplesAreRenderedHoweverManyThereAre) {
+  axis.yMarginPercent = 10;
+  Begin(series);
+  AddBlock(series, 12000);
+  view->UpdateGraph();
+  ASSERT_TRUE(AwaitIdle());
+  const int before = series.begun;
+  AddBlock(series, 11000);
+  view->UpdateGraph();
+  EXPECT_EQ(Workers(), 0);
+  EXPECT_EQ(series.begun, before + 1);
+  EXPECT_FALSE(series.lastWasFull);
+  ExpectTrueColumns();
+  // On two fixed axes every update is a full one.
+  view->ChangeAxes([](GraphAxis& axes) { axes.hor.autoRange = axes.ver.autoRange = false; });
+  ASSERT_TRUE(AwaitIdle());
+  EXPECT_TRUE(series.lastWasFull);
+  ExpectTrueColumns();
+}
+
 TEST_F(UpdateTest, LastSamplesSlideAlongTheAxis) {
   SourceData::nLastSamplesToDraw = 100;
   Begin(series);

@@ -20,6 +20,7 @@ class GatedSeries : public ViewData {
   }
   bool Render(GraphAxis* axis, bool full) override {
     ++begun;
+    lastWasFull = full;
     const bool done = ViewData::Render(axis, full);
     ++(done ? completed : stopped);
     return done;
@@ -38,6 +39,7 @@ class GatedSeries : public ViewData {
   }
 
   std::atomic<int> begun{0};
+  std::atomic<bool> lastWasFull{false};
   std::atomic<int> completed{0};
   std::atomic<int> stopped{0};
 

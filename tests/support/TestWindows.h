@@ -24,7 +24,11 @@ class TestWindow : public WindowPeer {
   void Present() override { ++presented; }
   bool IsShown() const override { return shown; }
   void Show(bool show) override { shown = show; }
-  void ShowScrollBar(int bar, bool show) override { barShown[bar] = show; }
+  void ShowScrollBar(int bar, bool show) override {
+    barShown[bar] = show;
+    if (onShowScrollBar)
+      onShowScrollBar();
+  }
   void SetTitle(const std::string&) override {}
 
   void Resize(CSize size) {
@@ -36,6 +40,7 @@ class TestWindow : public WindowPeer {
   int presented = 0;
   bool shown = true;
   bool barShown[2] = {true, true};
+  std::function<void()> onShowScrollBar;
 
  private:
   WindowSite& site_;
