@@ -126,6 +126,16 @@ class Graph {
   /// cursor readouts.
   static inline CopyableAtomic<bool> RestrictGraphOperationInRealTime{true};
 
+  /// @name Zoom box
+  /// Moves the rubber-band box on a context of the window: takes the one from zoomStart to zoomPrev
+  /// away and draws one from zoomStart to zoomEnd. The origin of dc stays that of the plot. Nothing on
+  /// a fixed horizontal axis, which can't be zoomed.
+  void DrawZoomBox(CDC* dc);
+  /// First corner, the one that follows the mouse, and where that was before; plot pixels.
+  CPoint zoomStart;
+  CPoint zoomEnd;
+  CPoint zoomPrev;
+
   /// The active one of its frame: shows its cursors and has the active background.
   CopyableAtomic<bool> active{false};
 

@@ -3,26 +3,12 @@
 
 #include "sparlow/axis/EngineeringPrefix.h"
 #include "sparlow/graph/Graph.h"
+#include "sparlow/graph/SelectedPen.h"
 #include "sparlow/view/ViewData.h"
 
 namespace sparlow {
 
 namespace {
-
-/// A pen in a device context for as long as it lives.
-class SelectedPen {
- public:
-  SelectedPen(CDC* dc, int style, int width, COLORREF color)
-      : dc_(dc), pen_(style, width, color), before_(dc->SelectObject(&pen_)) {}
-  ~SelectedPen() { dc_->SelectObject(before_); }
-  SelectedPen(const SelectedPen&) = delete;
-  SelectedPen& operator=(const SelectedPen&) = delete;
-
- private:
-  CDC* const dc_;
-  const CPen pen_;
-  const CPen* const before_;
-};
 
 void drawLine(CDC* dc, int x0, int y0, int x1, int y1) {
   dc->MoveTo(x0, y0);
