@@ -27,13 +27,14 @@ inline constexpr UINT WM_UPDATE_GRAPH = WM_USER + 104;
 /// window up to date after each change.
 ///
 /// Every change of data, interval or axes ends in UpdateGraph, every change of window size in
-/// ResizeGraph. A full render of few samples runs there and then, and so does one that only adds new
-/// samples; a larger one goes to a worker, and the window shows "Rendering graph" until it is done.
-/// docs/road-of-an-update.md tells the whole road.
+/// ResizeGraph. A full render of few samples runs there and then, and so does one that only adds
+/// new samples; a larger one goes to a worker, and the window shows "Rendering graph" until it is
+/// done. docs/road-of-an-update.md tells the whole road.
 ///
-/// Locks, in the order in which they are taken: GraphWorkers::pipelineLock of the graph, threadsMutex of a
-/// series, dataMutex of a series.
-/// Threads: the window's, unless an operation says otherwise.
+/// Locks, in the order in which they are taken: GraphWorkers::pipelineLock of the graph,
+/// threadsMutex of a series, dataMutex of a series.
+/// Threads: the window's, unless an operation says
+/// otherwise.
 class Graph {
  public:
   /// Samples of a full render that an update does on the caller's thread; one more is a worker's.
@@ -62,8 +63,8 @@ class Graph {
   virtual bool AddMaskData(ViewData* series);
   virtual bool RemoveMaskData(ViewData* series);
   /// Makes a series the active one, in place of any other, and gives it the trace colour. Null is
-  /// ignored. Waits for a render that runs; an analysis of the former series goes on, so that series too must
-  /// live until Destroy has returned.
+  /// ignored. Waits for a render that runs; an analysis of the former series goes on, so that
+  /// series too must live until Destroy has returned.
   void SetViewData(ViewData* series);
   ViewData* GetActiveViewData() const { return activeViewData; }
   /// The active series' name, null without one.
@@ -75,15 +76,15 @@ class Graph {
   virtual bool IsDependent() const { return false; }
   /// True when there is a series with samples and both axes can be painted.
   bool DataAndAxisValid() const;
-  /// Empties the active series, its units and the axes. Nothing changes while another thread feeds the
-  /// series.
+  /// Empties the active series, its units and the axes. Nothing changes while another thread feeds
+  /// the series.
   void Clear();
 
   /// @name From a change to the screen
   /// Brings the graph up to date after a change of data, interval, axes or settings.
   void UpdateGraph();
-  /// Changes the axes while no worker reads them, then updates. Waits for a render that runs. A host
-  /// that sets ranges or modes of its axes does it here, or before the first update.
+  /// Changes the axes while no worker reads them, then updates. Waits for a render that runs. A
+  /// host that sets ranges or modes of its axes does it here, or before the first update.
   void ChangeAxes(const std::function<void(GraphAxis&)>& change);
   /// Brings the graph up to date after a change of window size. Does nothing while resizing is
   /// locked, also not later.
@@ -128,8 +129,8 @@ class Graph {
 
   /// @name Zoom box
   /// Moves the rubber-band box on a context of the window: takes the one from zoomStart to zoomPrev
-  /// away and draws one from zoomStart to zoomEnd. The origin of dc stays that of the plot. Nothing on
-  /// a fixed horizontal axis, which can't be zoomed.
+  /// away and draws one from zoomStart to zoomEnd. The origin of dc stays that of the plot. Nothing
+  /// on a fixed horizontal axis, which can't be zoomed.
   void DrawZoomBox(CDC* dc);
   /// First corner, the one that follows the mouse, and where that was before; plot pixels.
   CPoint zoomStart;
@@ -206,8 +207,8 @@ class Graph {
   class ResizingLocked;
 
   // Updating.
-  /// How an update or a resize on the window's thread ends: with columns that are ready for a paint,
-  /// with a render that is a worker's matter, or with the graph closed.
+  /// How an update or a resize on the window's thread ends: with columns that are ready for a
+  /// paint, with a render that is a worker's matter, or with the graph closed.
   enum class Update { ready, worker, closed };
   Update update(GraphWorkers& shared);
   Update resize(GraphWorkers& shared);

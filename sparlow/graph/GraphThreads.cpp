@@ -69,8 +69,8 @@ void Graph::doJob(Job job, std::uint64_t render, bool onWorker) {
   }
 }
 
-/// Marks the window when no render is due any more, after everything is released: who is the last to
-/// give up, behind the one that rendered, brings the graph in place of the message.
+/// Marks the window when no render is due any more, after everything is released: who is the last
+/// to give up, behind the one that rendered, brings the graph in place of the message.
 class Graph::LastRepaints {
  public:
   explicit LastRepaints(Graph& graph) : graph_(graph) {}

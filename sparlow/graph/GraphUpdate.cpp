@@ -10,7 +10,8 @@
 
 namespace sparlow {
 
-/// Nobody resizes while it lives. It leaves resizing free at its end, also where a host had locked it.
+/// Nobody resizes while it lives. It leaves resizing free at its end, also where a host had locked
+/// it.
 class Graph::ResizingLocked {
  public:
   ResizingLocked() { LockResize = true; }

@@ -13,15 +13,18 @@ namespace sparlow {
 class ViewData;
 
 /// The workers of one graph: how many there are, which renders are due, and which one is the
-/// newest. /// It is shared by the graph, its workers and whoever waits for them, and outlives the graph: the last
-/// worker can still count itself off, and a wait that the graph's end comes into can end as well.
+/// newest.
+/// It is shared by the graph, its workers and whoever waits for them, and outlives the graph: the
+/// last worker can still count itself off, and a wait that the graph's end comes into can end as
+/// well.
 ///
 /// Renders are numbered as they are asked for. Asking for one stops the one that runs, and a worker
 /// whose render isn't the newest gives up, so a quick series of requests costs one render.
 /// Threads: any.
 class GraphWorkers {
  public:
-  /// Held by whoever updates, resizes or renders the graph, outermost of all locks. Never by a paint.
+  /// Held by whoever updates, resizes or renders the graph, outermost of all locks. Never by a
+  /// paint.
   CMutex pipelineLock;
   /// @name By whoever starts a worker
   /// Counts a worker that is about to be started. False, and nothing is counted, when the graph is

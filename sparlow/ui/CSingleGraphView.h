@@ -32,8 +32,8 @@ class CSingleGraphView : public CView {
   bool DataValid() const;
   /// Brings the window up to date after any change of data or settings.
   void UpdateGraph();
-  /// Changes the axes while no worker reads them, then updates. Once a graph has been updated, a host
-  /// changes them in this way only.
+  /// Changes the axes while no worker reads them, then updates. Once a graph has been updated, a
+  /// host changes them in this way only.
   void ChangeAxes(const std::function<void(GraphAxis&)>& change);
   /// True while a worker has columns to make and the window shows "Rendering graph".
   bool RenderDue() const { return graph && graph->RenderDue(); }
