@@ -47,7 +47,7 @@ unsigned SourceData::GetAnalyzeTo() const {
 
 unsigned SourceData::GetxValueIndex(double x) const {
   const SampleReader samples = Read();
-  if (samples.empty() || std::isnan(x))
+  if (samples.empty() || std::isnan(x) || x < samples.x(0))
     return 0;
   const unsigned last = samples.blockCount() - 1;
   unsigned b = 0;

@@ -1,91 +1,73 @@
 #include <gtest/gtest.h>
 
+#include <map>
+
 #include "tests/data/Series.h"
 
 namespace sparlow::test {
 namespace {
 
-// Three full blocks and a bit, y = 0 where a test hasn't put anything.
-struct Bounds : testing::Test {
-  void fill() {
-    s.Reset();
-    for (unsigned i = 0; i < 25000; ++i)
-      s.Add(i, peaks.contains(i) ? peaks[i] : 0);
-    s.AdjustSizeTo();
-  }
-  void expect(unsigned from, unsigned to, double low, double high) {
-    s.SetFrom(from);
-    s.SetTo(to);
-    s.SetIntervalParams();
-    EXPECT_EQ(s.xIntervalMinGet(), from);
-    EXPECT_EQ(s.xIntervalMaxGet(), to - 1);
-    EXPECT_EQ(s.yIntervalMinGet(), low);
-    EXPECT_EQ(s.yIntervalMaxGet(), high);
-  }
+using Peaks = std::map<unsigned, double>;
 
-  std::map<unsigned, double> peaks;
+// Three full blocks and a bit, y = 0 where there is no peak.
+void fill(Series& s, const Peaks& peaks, unsigned from, unsigned to) {
+  s.Reset();
+  for (unsigned i = 0; i < 25000; ++i)
+    s.Add(i, peaks.contains(i) ? peaks.at(i) : 0);
+  s.SetFrom(from);
+  s.SetTo(to);
+}
+
+TEST(Bounds, ComeFromTheTwoBlocksThatPromiseMost) {
+  const Peaks atEdges{{16383, 3}, {16384, 50}, {8191, 40}, {8192, -2}};
+  const struct {
+    Peaks peaks;
+    unsigned from, to;
+    double low, high;
+  } cases[] = {{{{5, -7}, {20000, 9}}, 0, 25000, -7, 9},
+               // The lowest block has its -5 outside and reaches -1 inside, which hides the -3 of
+               // the second.
+               {{{10, -5}, {100, -1}, {9000, -3}, {9001, 4}, {17000, 6}}, 50, 25000, -1, 6},
+               // The highest block keeps its lowest y to itself.
+               {{{100, -5}, {17000, 6}, {17001, -20}, {10, -30}}, 50, 25000, -5, 6},
+               // Of two equal blocks the first one is read.
+               {{{10, -5}, {100, -1}, {9000, -5}}, 50, 20000, -1, 0},
+               // The blocks of the interval, and no others.
+               {atEdges, 8192, 16384, -2, 3},
+               {atEdges, 8191, 16385, -2, 50},
+               {atEdges, 8192, 8193, -2, -2}};
   Series s;
-};
-
-TEST_F(Bounds, OfThatWholeAreThoseOfAllSamples) {
-  peaks = {{5, -7}, {20000, 9}};
-  fill();
-  expect(0, 25000, -7, 9);
+  for (const auto& c : cases) {
+    SCOPED_TRACE(::testing::Message() << c.low << " to " << c.high);
+    fill(s, c.peaks, c.from, c.to);
+    s.SetIntervalParams();
+    EXPECT_EQ(s.xIntervalMinGet(), c.from);
+    EXPECT_EQ(s.xIntervalMaxGet(), c.to - 1);
+    EXPECT_EQ(s.yIntervalMinGet(), c.low);
+    EXPECT_EQ(s.yIntervalMaxGet(), c.high);
+  }
+  // Those of nothing stay as they are.
+  for (const unsigned samples : {25000u, 0u}) {
+    s.SetTo(samples == 0 ? 9000 : 8192);
+    s.nSamples = samples;
+    s.SetIntervalParams();
+    EXPECT_EQ(s.xIntervalMax, 8192);
+    EXPECT_EQ(s.yIntervalMin, -2);
+  }
 }
 
-TEST_F(Bounds, ComeFromTheTwoBlocksThatPromiseMost) {
-  // The lowest block has its -5 outside and reaches -1 inside, which hides the -3 of the second.
-  peaks = {{10, -5}, {100, -1}, {9000, -3}, {9001, 4}, {17000, 6}};
-  fill();
-  expect(50, 25000, -1, 6);
-  // The highest block keeps its lowest y to itself.
-  peaks = {{100, -5}, {17000, 6}, {17001, -20}, {10, -30}};
-  fill();
-  expect(50, 25000, -5, 6);
-  // Of two equal blocks the first one is read.
-  peaks = {{10, -5}, {100, -1}, {9000, -5}};
-  fill();
-  expect(50, 20000, -1, 0);
-}
-
-TEST_F(Bounds, CoverTheBlocksOfTheIntervalAndNoOthers) {
-  peaks = {{16383, 3}, {16384, 50}, {8191, 40}, {8192, -2}};
-  fill();
-  expect(8192, 16384, -2, 3);
-  expect(8191, 16385, -2, 50);
-  expect(8192, 8193, -2, -2);
-}
-
-TEST_F(Bounds, UseAnOpenEndDuringATransfer) {
-  fill();
+TEST(Bounds, FollowWhatComesDuringATransferAndWhatIsOverwritten) {
+  Series s;
+  fill(s, {}, 20000, 0);
   s.inTransfer = true;
-  s.SetFrom(20000);
-  s.SetTo(0);
   s.Add(25000, 77);
   s.SetIntervalParams();
   EXPECT_EQ(s.xIntervalMax, 25000);
   EXPECT_EQ(s.yIntervalMax, 77);
-}
-
-TEST_F(Bounds, FollowAnOverwrittenSampleWithinTheRecords) {
-  fill();
-  s.SetFrom(1);
+  fill(s, {}, 1, 25000);
   s.Set(30, 30, 12);  // its block's record doesn't know of it, but the first block is the one read
   s.SetIntervalParams();
   EXPECT_EQ(s.yIntervalMax, 12);
-}
-
-TEST_F(Bounds, OfNothingStayAsTheyAre) {
-  peaks = {{5, -7}};
-  fill();
-  expect(0, 100, -7, 0);
-  s.SetFrom(50);
-  s.SetTo(50);
-  s.SetIntervalParams();
-  EXPECT_EQ(s.xIntervalMax, 99);
-  s.nSamples = 0;
-  s.SetIntervalParams();
-  EXPECT_EQ(s.yIntervalMin, -7);
 }
 
 }  // namespace

@@ -1,8 +1,13 @@
 #pragma once
 
+#include <limits>
+
 #include "sparlow/data/SourceData.h"
 
 namespace sparlow::test {
+
+constexpr double kInf = std::numeric_limits<double>::infinity();
+constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
 
 /// A series that is set up and taken down with its object.
 struct Series : SourceData {

@@ -6,6 +6,7 @@
 #include <sstream>
 #include <thread>
 
+#include "examples/host/SyntheticSource.h"
 #include "sparlow/graph/Graph.h"
 #include "sparlow/platform/CWnd.h"
 #include "sparlow/platform/MessageQueue.h"
@@ -22,41 +23,14 @@ class UpdateCounter : public CWnd {
 
   std::vector<bool> inTransfer;
 
- protected:
-  const MessageMap* GetMessageMap() const override {
-    static constexpr MessageEntry entries[] = {
-        {WM_UPDATE_GRAPH, Handle<UpdateCounter, &UpdateCounter::OnUpdate>}};
-    static const MessageMap map{&CWnd::messageMap, entries};
-    return &map;
+  LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
+    if (message == WM_UPDATE_GRAPH)
+      inTransfer.push_back(series_.inTransfer);
+    return CWnd::WindowProc(message, wParam, lParam);
   }
 
  private:
-  LRESULT OnUpdate(WPARAM, LPARAM) {
-    inTransfer.push_back(series_.inTransfer);
-    return 0;
-  }
-
   const SourceData& series_;
-};
-
-/// So many blocks of ten samples, without end if blocks is negative.
-class BlockSource : public SampleSource {
- public:
-  explicit BlockSource(int blocks) : blocks_(blocks) {}
-  std::string Name() const override { return "blocks"; }
-  std::string Unit() const override { return "V"; }
-  std::string Activity() const override { return "going on"; }
-  double Progress() const override { return -1.0; }
-  bool Next(std::vector<Sample>& block, const std::stop_token&) override {
-    block.clear();
-    for (int i = 0; i < 10; ++i, ++made_)
-      block.push_back({made_ * 1.0, made_ * 2.0});
-    return --blocks_ != 0;
-  }
-
- private:
-  int blocks_;
-  int made_ = 0;
 };
 
 class FeederTest : public testing::Test {
@@ -76,13 +50,13 @@ class FeederTest : public testing::Test {
 
 TEST_F(FeederTest, BringsAWholeSourceAndTellsTheViewAtTheEnd) {
   UpdateCounter view(series_);
-  BlockSource source(7);
+  SyntheticSource source(200'000, 1);
   Feeder feeder(source, series_, view.GetSafeHwnd(), log_);
   EXPECT_FALSE(feeder.Finished());
   feeder.Start();
   WaitUntil([&] { return feeder.Finished(); });
-  ASSERT_EQ(series_.GetSize(), 70u);
-  EXPECT_EQ(series_.Read().y(69), 138.0);
+  ASSERT_EQ(series_.GetSize(), 200'000u);
+  EXPECT_EQ(series_.Read().x(199'999), 199'999 / 1e6);
   EXPECT_TRUE(series_.IntervalWhole());
   EXPECT_TRUE(series_.adjusted);
   while (MessageQueue::Serve()) {
@@ -91,29 +65,28 @@ TEST_F(FeederTest, BringsAWholeSourceAndTellsTheViewAtTheEnd) {
   EXPECT_FALSE(view.inTransfer.back());
 }
 
-TEST_F(FeederTest, EndsASourceThatDoesNotEnd) {
-  BlockSource source(-1);
-  Feeder feeder(source, series_, nullptr, log_);
-  feeder.Start();
-  WaitUntil([&] { return series_.GetSize() >= 100; });
-  feeder.End();
-  WaitUntil([&] { return feeder.Finished(); });
+TEST_F(FeederTest, CompletesATransferThatIsEndedButNotOneThatIsStopped) {
+  SyntheticSource endless(0xFFFFFFFFu, 1);
+  Feeder ended(endless, series_, nullptr, log_);
+  ended.Start();
+  WaitUntil([&] { return series_.GetSize() > 0; });
+  ended.End();
+  WaitUntil([&] { return ended.Finished(); });
   EXPECT_FALSE(series_.inTransfer);
   EXPECT_EQ(series_.GetTo(), series_.GetSize());
-}
 
-TEST_F(FeederTest, StopsWithoutCompletingTheTransfer) {
-  BlockSource source(-1);
-  Feeder feeder(source, series_, nullptr, log_);
-  feeder.Start();
-  WaitUntil([&] { return series_.GetSize() >= 100; });
-  feeder.Stop();
-  const unsigned size = series_.GetSize();
-  EXPECT_FALSE(feeder.Finished());
-  EXPECT_FALSE(series_.adjusted);
-  EXPECT_EQ(size % 10, 0u);
-  feeder.Stop();
-  EXPECT_EQ(series_.GetSize(), size);
+  SourceData other;
+  other.Init("other");
+  Feeder stopped(endless, other, nullptr, log_);
+  stopped.Start();
+  WaitUntil([&] { return other.GetSize() > 0; });
+  stopped.Stop();
+  EXPECT_FALSE(stopped.Finished());
+  EXPECT_FALSE(other.adjusted);
+  const unsigned size = other.GetSize();
+  stopped.Stop();
+  EXPECT_EQ(other.GetSize(), size);
+  other.Term();
 }
 
 }  // namespace

@@ -11,43 +11,40 @@ namespace {
 
 TEST(Mutex, BelongsToAThreadAndCounts) {
   CMutex mutex;
+  const auto takenElsewhere = [&mutex] {
+    bool taken = false;
+    std::thread([&] {
+      taken = mutex.TryLock();
+      mutex.Unlock();  // if it isn't its own, nothing happens
+    }).join();
+    return taken;
+  };
   mutex.Lock();
   mutex.Lock();
   mutex.Unlock();
-  bool taken = true;
-  std::thread([&] {
-    taken = mutex.TryLock();
-    mutex.Unlock();  // not its own: nothing happens
-  }).join();
-  EXPECT_FALSE(taken);
+  EXPECT_FALSE(takenElsewhere());
+  EXPECT_FALSE(takenElsewhere());
   mutex.Unlock();
-  std::thread([&] {
-    taken = mutex.TryLock();
-    mutex.Unlock();
-  }).join();
-  EXPECT_TRUE(taken);
+  EXPECT_TRUE(takenElsewhere());
 }
 
 TEST(Mutex, KeepsThreadsApart) {
   CMutex mutex;
   int count = 0;
-  std::vector<std::thread> threads;
-  for (int t = 0; t < 4; ++t) {
-    threads.emplace_back([&] {
-      for (int i = 0; i < 2000; ++i) {
-        const CSingleLock lock(&mutex);
-        ++count;
-      }
-    });
-  }
-  for (std::thread& thread : threads)
-    thread.join();
+  const auto work = [&] {
+    for (int i = 0; i < 4000; ++i) {
+      const CSingleLock lock(&mutex);
+      ++count;
+    }
+  };
+  std::thread other(work);
+  work();
+  other.join();
   EXPECT_EQ(count, 8000);
 }
 
 TEST(Event, StaysSignalledUntilReset) {
   const HANDLE event = CreateEvent(false);
-  EXPECT_EQ(WaitForSingleObject(event, 0), WAIT_TIMEOUT);
   EXPECT_EQ(WaitForSingleObject(event, 5), WAIT_TIMEOUT);
   std::thread([event] { SetEvent(event); }).join();
   EXPECT_EQ(WaitForSingleObject(event, INFINITE), WAIT_OBJECT_0);
@@ -87,64 +84,45 @@ TEST_F(BoxTest, AWorkerThatHoldsALockGetsItsBoxWhileTheWindowsThreadWaitsForThat
   CMutex mutex;
   Event locked;
   int answer = 0;
-  std::thread worker([&] {
+  const std::jthread worker([&] {
     const CSingleLock lock(&mutex);
     locked.Set();
     answer = AfxMessageBox("Too large");
   });
   locked.Wait(std::chrono::hours(1));
-  {
-    const CSingleLock lock(&mutex);
-    EXPECT_EQ(answer, 7);
-  }
-  worker.join();
+  const CSingleLock lock(&mutex);
+  EXPECT_EQ(answer, 7);
   EXPECT_EQ(shown, std::vector<std::string>{"Too large"});
 }
 
 TEST_F(BoxTest, BoxesOfWorkersWaitForOneThatIsOpen) {
   std::atomic<int> answered{0};
-  std::vector<std::thread> workers;
-  during = [&] { UiThread::ServeBoxes(); };
+  std::vector<std::jthread> workers;
+  during = [] { UiThread::ServeBoxes(); };
   for (int i = 0; i < 3; ++i)
     workers.emplace_back([&] { answered += AfxMessageBox("Worker") == 7; });
   AfxMessageBox("Own");
   while (answered < 3)
     UiThread::ServeBoxes();
-  for (std::thread& worker : workers)
-    worker.join();
   EXPECT_EQ(shown.size(), 4u);
 }
 
-TEST_F(BoxTest, AClosingWindowAnswersWithoutABox) {
-  const UiThread::AnswerBoxes closing;
-  std::mutex lock;
-  std::condition_variable changed;
-  bool done = false;
+TEST_F(BoxTest, AWindowThatClosesAnswersAnOpenBoxAndLaterOnesItself) {
+  std::atomic<bool> done{false};
   std::thread worker([&] {
+    EXPECT_EQ(AfxMessageBox("Open"), IDOK);
     EXPECT_EQ(AfxMessageBox("Nobody sees this"), IDOK);
-    const std::lock_guard guard(lock);
     done = true;
-    changed.notify_all();
   });
-  std::unique_lock guard(lock);
-  WaitServingBoxes(guard, changed, [&] { return done; });
-  guard.unlock();
-  worker.join();
-  EXPECT_TRUE(shown.empty());
-}
-
-TEST_F(BoxTest, AWindowThatClosesUnderAnOpenBoxLetsItsWorkerGoOn) {
-  std::atomic<int> answer{0};
-  std::thread worker([&] { answer = AfxMessageBox("Open"); });
   during = [&] {
     const UiThread::AnswerBoxes closing;
-    while (answer == 0)
-      std::this_thread::yield();
+    while (!done)
+      UiThread::ServeBoxes();
   };
   while (shown.empty())
     UiThread::ServeBoxes();
   worker.join();
-  EXPECT_EQ(answer, IDOK);
+  EXPECT_EQ(shown, std::vector<std::string>{"Open"});
 }
 
 }  // namespace

@@ -1,11 +1,10 @@
 // A graph in a real window surface, pixel by pixel, and as pictures for people to look at.
 
-#include <QImage>
-
 #include <cmath>
 
 #include "sparlow/platform/qt/QtWindow.h"
 #include "sparlow/sparlow.h"
+#include "tests/qt/Pixels.h"
 #include "tests/qt/QtEnvironment.h"
 #include "tests/support/GatedSeries.h"
 
@@ -48,24 +47,12 @@ class GraphOnScreen : public testing::Test {
     series.TermDataTransfer();
     view->UpdateGraph();
   }
-  QImage Pixels() { return dynamic_cast<qt::QtWindow&>(*view->GetPeer()).Pixels().Image(); }
-  COLORREF At(int x, int y) {
-    const HDC hdc = GetDC(view->GetSafeHwnd());
-    const COLORREF color = CDC(hdc).GetPixel({x, y});
-    ReleaseDC(view->GetSafeHwnd(), hdc);
-    return color;
+  const qt::ImageDevice& Surface() {
+    return dynamic_cast<qt::QtWindow&>(*view->GetPeer()).Pixels();
   }
-  static int Count(const QImage& image, COLORREF color) {
-    int found = 0;
-    for (int y = 0; y < image.height(); ++y) {
-      for (int x = 0; x < image.width(); ++x) {
-        const QRgb pixel = image.pixel(x, y);
-        found += RGB(static_cast<unsigned>(qRed(pixel)), static_cast<unsigned>(qGreen(pixel)),
-                     static_cast<unsigned>(qBlue(pixel))) == color;
-      }
-    }
-    return found;
-  }
+  QImage Pixels() { return Surface().Image(); }
+  COLORREF At(int x, int y) { return Surface().PixelAt({x, y}); }
+  int Count(COLORREF color) { return Find(Pixels(), color).count; }
 
   const GraphColors colors{0};
   GraphAxis axis;
@@ -75,7 +62,7 @@ class GraphOnScreen : public testing::Test {
 
 TEST_F(GraphOnScreen, FrameGridAndCurveLieOnTheirPixels) {
   Fill(5001);
-  App().ProcessEvents();
+  app->ProcessEvents();
   qt::SavePicture(*view, "graph-ready.png");
   // The plot of 562 by 438 pixels begins at (58, 21).
   for (const CPoint corner : {CPoint{58, 21}, {620, 21}, {58, 459}, {620, 459}})
@@ -90,14 +77,13 @@ TEST_F(GraphOnScreen, FrameGridAndCurveLieOnTheirPixels) {
   EXPECT_EQ(At(58, 459), colors.frame) << "a curve paints over the frame";
 
   ViewData* found = nullptr;
-  int index = -1;
-  bool mask = true;
-  EXPECT_TRUE(view->TheGraph().GetViewDataByPoint(&found, &index, &mask, {58 + 421, 40}));
+  EXPECT_TRUE(view->TheGraph().GetViewDataByPoint(&found, nullptr, nullptr, {58 + 421, 40}));
   EXPECT_EQ(found, &series);
-  EXPECT_EQ(index, 0);
-  EXPECT_FALSE(mask);
-  EXPECT_FALSE(view->TheGraph().GetViewDataByPoint(nullptr, nullptr, nullptr, {100, 40}));
-  EXPECT_FALSE(view->TheGraph().GetViewDataByPoint(nullptr, nullptr, nullptr, {-5, 9999}));
+  EXPECT_FALSE(view->TheGraph().GetViewDataByPoint(&found, nullptr, nullptr, {100, 40}));
+
+  const QImage first = Pixels();
+  view->TheGraph().DrawAll();
+  EXPECT_EQ(Pixels(), first) << "the same graph is painted again";
 }
 
 TEST_F(GraphOnScreen, ASlowRenderShowsItsMessageAndThenTheGraph) {
@@ -105,27 +91,43 @@ TEST_F(GraphOnScreen, ASlowRenderShowsItsMessageAndThenTheGraph) {
   Fill(20001);
   series.AwaitWorker();
   qt::Resize(*view, 500, 300);
-  App().ProcessEvents();
+  app->ProcessEvents();
   ASSERT_TRUE(qt::SavePicture(*view, "graph-rendering.png"));
-  const QImage message = Pixels();
   // The soft edges of the text may hit the colour of the curve, but a curve has hundreds of pixels.
   constexpr int curve = 300;
-  EXPECT_LT(Count(message, colors.trace), curve / 10);
-  EXPECT_LT(Count(message, colors.backActive), message.width() * message.height() - 100);
+  EXPECT_LT(Count(colors.trace), curve / 10);
+  EXPECT_GT(Find(Pixels(), colors.backActive, true).count, 100) << "no message";
   EXPECT_EQ(At(58, 21), colors.backActive);
   series.OpenGate();
-  while (Count(Pixels(), colors.trace) < curve)
-    App().ProcessEvents();
+  while (Count(colors.trace) < curve)
+    app->ProcessEvents();
   EXPECT_EQ(At(58, 21), colors.frame);
   EXPECT_EQ(At(500 - 20, 300 - 21), colors.frame);
 }
 
-TEST_F(GraphOnScreen, PixelsComeBackWhenTheSameGraphIsPaintedAgain) {
+TEST_F(GraphOnScreen, AZoomBoxLeavesNothingBehind) {
   Fill(5001);
-  App().ProcessEvents();
-  const QImage first = Pixels();
-  view->TheGraph().DrawAll();
-  EXPECT_EQ(Pixels(), first);
+  app->ProcessEvents();
+  const QImage before = Pixels();
+  Graph& graph = view->TheGraph();
+  graph.zoomStart = graph.zoomEnd = graph.zoomPrev = {100, 50};
+  const auto moveTo = [&](CPoint point) {
+    graph.zoomPrev = graph.zoomEnd;
+    graph.zoomEnd = point;
+    CClientDC dc(view->GetSafeHwnd());
+    graph.DrawZoomBox(&dc);
+  };
+  for (const CPoint point : {CPoint{300, 200}, {40, 400}, {562, 438}}) {
+    moveTo(point);
+    EXPECT_NE(Pixels(), before);
+  }
+  moveTo({100, 50});
+  EXPECT_EQ(Pixels(), before);
+  view->ChangeAxes([](GraphAxis& axes) { axes.hor.autoRange = false; });
+  app->ProcessEvents();
+  const QImage fixed = Pixels();
+  moveTo({300, 200});
+  EXPECT_EQ(Pixels(), fixed);
 }
 
 }  // namespace

@@ -1,28 +1,18 @@
 #include "tests/support/AllocationFailure.h"
 
-#include <atomic>
 #include <cstdlib>
 #include <new>
 
-namespace {
+using sparlow::test::AllocationFailure;
 
-std::atomic<std::size_t> failFrom{1}, failTo{0};
-
-void* allocate(std::size_t size) {
-  if (size >= failFrom && size <= failTo)
-    throw std::bad_alloc();
-  if (void* memory = std::malloc(size != 0 ? size : 1))
+void* operator new(std::size_t size) {
+  const bool fails = size >= AllocationFailure::from && size <= AllocationFailure::to;
+  if (void* memory = fails ? nullptr : std::malloc(size != 0 ? size : 1))
     return memory;
   throw std::bad_alloc();
 }
-
-}  // namespace
-
-void* operator new(std::size_t size) {
-  return allocate(size);
-}
 void* operator new[](std::size_t size) {
-  return allocate(size);
+  return operator new(size);
 }
 void operator delete(void* memory) noexcept {
   std::free(memory);
@@ -36,17 +26,3 @@ void operator delete(void* memory, std::size_t) noexcept {
 void operator delete[](void* memory, std::size_t) noexcept {
   std::free(memory);
 }
-
-namespace sparlow::test {
-
-AllocationFailure::AllocationFailure(std::size_t smallest, std::size_t largest) {
-  failFrom = smallest;
-  failTo = largest;
-}
-
-AllocationFailure::~AllocationFailure() {
-  failFrom = 1;
-  failTo = 0;
-}
-
-}  // namespace sparlow::test

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <vector>
 
 #include "sparlow/axis/GraphAxis.h"
@@ -40,10 +41,8 @@ struct FoldModel {
         continue;
       }
       left.yLast = c.y;
-      if (c.y < left.yMin)
-        left.yMin = c.y;
-      if (c.y > left.yMax)
-        left.yMax = c.y;
+      left.yMin = std::min(left.yMin, c.y);
+      left.yMax = std::max(left.yMax, c.y);
       alone = false;
     }
     if (full)

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <tuple>
 #include <vector>
 
 #include "sparlow/platform/CDC.h"
@@ -19,14 +20,15 @@ struct Drawing : testing::Test {
     LogicalPixel::LogPixelSize = 1u;
   }
   void render(const std::vector<CPoint>& pixels) {
-    view.Reset();
-    for (const CPoint& p : pixels)
-      view.Add(p.x, -p.y);
-    view.AdjustSizeTo();
+    view.fill(pixels);
     view.Render(&axis, true);
   }
   Calls draw(bool bold = false) {
     view.Draw(&dc, 100, bold);
+    return device.take();
+  }
+  Calls drawWaveform() {
+    view.DrawWaveform(&dc, 0x00FF00, 0x0000FF);
     return device.take();
   }
   static std::string line(const char* ends, int width = 1, COLORREF color = 0x0000FF) {
@@ -63,6 +65,7 @@ TEST_F(Drawing, ASparseCurveFollowsTheStyle) {
 }
 
 TEST_F(Drawing, TakesItsWidthFromTheLogicalPixelAndGivesThePenBack) {
+  EXPECT_EQ(draw(), Calls{});  // no columns yet
   const CPen before(PS_DOT, 3, 0x00FF00);
   dc.SelectObject(&before);
   render({{10, 10}});
@@ -70,17 +73,10 @@ TEST_F(Drawing, TakesItsWidthFromTheLogicalPixelAndGivesThePenBack) {
   EXPECT_EQ(draw()[0], line("10,10 10,10", 7));
   EXPECT_EQ(draw(true)[0], line("10,10 10,10", 14));
   EXPECT_EQ(context.pen, &before);
-  view.DrawWaveform(&dc, 0, 0);
+  drawWaveform();
   EXPECT_EQ(context.pen, &before);
-}
-
-TEST_F(Drawing, NothingWithoutColumnsOrContext) {
-  EXPECT_EQ(draw(), Calls{});
-  render({{10, 10}});
   view.Draw(nullptr, 0, false);
   view.DrawWaveform(nullptr, 0, 0);
-  view.Reset();
-  EXPECT_EQ(draw(), Calls{});
 }
 
 TEST_F(Drawing, AnEdgeLeansAsItsFlagSays) {
@@ -92,36 +88,32 @@ TEST_F(Drawing, AnEdgeLeansAsItsFlagSays) {
   view.SetFrom(1);
   view.Render(&axis, true);
   const Calls screen{line("42,48 38,52", 2, 0xFF), line("58,48 62,52", 2, 0xFF00)};
-  view.DrawWaveform(&dc, 0xFF00, 0xFF);
-  EXPECT_EQ(device.take(), screen);
+  EXPECT_EQ(drawWaveform(), screen);
   // As it was rendered, whatever becomes of interval and flags before the next render.
   view.SetFrom(2);
   view.Set(1, 40, -50, false);
-  view.DrawWaveform(&dc, 0xFF00, 0xFF);
-  EXPECT_EQ(device.take(), screen);
+  EXPECT_EQ(drawWaveform(), screen);
   LogicalPixel::LogPixelSize = 7u;
-  view.DrawWaveform(&dc, 0xFF00, 0xFF);
-  EXPECT_EQ(device.take()[0], line("48,42 32,58", 14, 0xFF));
+  EXPECT_EQ(drawWaveform()[0], line("48,42 32,58", 14, 0xFF));
   LogicalPixel::LogPixelSize = 1u;
   view.InitDataTransfer(false);
-  render({{40, 50}});
-  view.DrawWaveform(&dc, 0xFF00, 0xFF);  // columns without flags
-  EXPECT_EQ(device.take(), Calls{line("38,48 42,52", 2, 0xFF00)});
+  render({{40, 50}});  // columns without flags
+  EXPECT_EQ(drawWaveform(), Calls{line("38,48 42,52", 2, 0xFF00)});
 }
 
 TEST(DrawStyle, AcceptsKnownPairsOnly) {
-  const auto given = [](auto... style) {
-    ViewData::SetDrawStyle(style...);
-    return ViewData::GetDrawStyle();
-  };
-  EXPECT_EQ(given(2, 1), 0x201);
+  const std::tuple<int, int, int> cases[] = {{2, 1, 0x201}, {0, 1, 1},     {1, 1, 0x101},
+                                             {0, 0, 0x100}, {3, 0, 0x100}, {-1, 1, 0x100},
+                                             {1, 2, 0x100}, {1, -1, 0x100}};
+  for (const auto& [line, point, style] : cases) {
+    ViewData::SetDrawStyle(line, point);
+    EXPECT_EQ(ViewData::GetDrawStyle(), style) << line << " " << point;
+  }
+  ViewData::SetDrawStyle(0x201);
   EXPECT_EQ(ViewData::GetLineStyle(), 2);
   EXPECT_EQ(ViewData::GetPointStyle(), 1);
-  EXPECT_EQ(given(0, 1), 1);
-  EXPECT_EQ(given(0x101), 0x101);
-  for (const auto& [line, point] : {std::pair{0, 0}, {3, 0}, {-1, 1}, {1, 2}, {1, -1}})
-    EXPECT_EQ(given(line, point), 0x100) << line << " " << point;
-  EXPECT_EQ(given(0), 0x100);
+  ViewData::SetDrawStyle(0);
+  EXPECT_EQ(ViewData::GetDrawStyle(), 0x100);
 }
 
 }  // namespace

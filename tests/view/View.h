@@ -1,8 +1,11 @@
 #pragma once
 
 #include <typeinfo>
+#include <vector>
 
+#include "sparlow/platform/Geometry.h"
 #include "sparlow/view/ViewData.h"
+#include "tests/support/FoldModel.h"
 
 namespace sparlow::test {
 
@@ -16,6 +19,17 @@ struct Live : T {
   ~Live() override { T::Term(); }
   Live(const Live&) = delete;
   Live& operator=(const Live&) = delete;
+
+  /// One sample for each pixel of an axis that unitAxis made.
+  void add(const std::vector<CPoint>& pixels) {
+    for (const CPoint& p : pixels)
+      this->Add(p.x, -p.y);
+  }
+  void fill(const std::vector<CPoint>& pixels) {
+    this->Reset();
+    add(pixels);
+    this->AdjustSizeTo();
+  }
 };
 
 /// One pixel for each unit of x, and of y downward from 0: GetPosInv(-y) is y.
@@ -23,6 +37,14 @@ inline GraphAxis unitAxis() {
   GraphAxis axis;
   axis.hor.scale = axis.ver.scale = 1.0;
   return axis;
+}
+
+inline std::vector<FoldModel::Column> columnsOf(const ViewData& view) {
+  std::vector<FoldModel::Column> columns;
+  for (unsigned i = 0; i < view.nColumns; ++i)
+    columns.push_back(
+        {view.xPos[i], view.yPos[i], view.yLastPos[i], view.yMinPos[i], view.yMaxPos[i]});
+  return columns;
 }
 
 }  // namespace sparlow::test
