@@ -72,11 +72,9 @@ void SourceData::Term() {
 }
 
 void SourceData::Reset() {
-  // Freed, if nobody else reads it, after the lock is released.
-  std::shared_ptr<SampleStore> old;
   const DataLock data(dataMutex);
   nSamples = 0;
-  old = store_.Exchange(nullptr);
+  store_.Exchange(nullptr);
   nFrom = 0;
   nTo = 0;
   resetBounds();
@@ -109,7 +107,6 @@ SampleStore* SourceData::grow() {
 void SourceData::Set(unsigned sample, double x, double y, bool slope) {
   if (!std::isfinite(x) || !std::isfinite(y))
     return;
-  const DataLock data(dataMutex);
   const std::shared_ptr<SampleStore> store = store_.Get();
   if (!store || sample >= nSamples || sample >= store->Size())
     return;

@@ -29,6 +29,15 @@ struct SampleInterval {
   friend bool operator==(const SampleInterval&, const SampleInterval&) = default;
 };
 
+/// What the samples of an interval reach over.
+/// Threads: a value; any thread, each with its own.
+struct IntervalBounds {
+  double xMin = 0.0;
+  double xMax = 0.0;
+  double yMin = 0.0;
+  double yMax = 0.0;
+};
+
 /// One series of (x, y) samples, x ascending: its store, the interval of it that is on show, its
 /// two cursors and its units.
 ///
@@ -63,7 +72,8 @@ class SourceData {
   ///@{
   /// Empties the series. Samples that somebody reads at the moment go when the reader is done.
   virtual void Reset();
-  /// Reset, unless another thread feeds the series: false, and nothing changes. Any thread.
+  /// Reset, unless a transfer of another thread's runs: false, and nothing changes. Any thread, but
+  /// not beside one that adds samples without a transfer.
   bool TryReset();
   /// Appends a sample. One with a NaN or an infinity is dropped, and so is one beyond 8192 samples
   /// of a waveform or beyond 2^31 - 1 of any series. slope: the edge of a waveform rises.
@@ -72,7 +82,7 @@ class SourceData {
   /// Through a copy, samples go to the end of the shared store, which may lie beyond the copy's.
   void Add(double x, double y, bool slope = false);
   /// Overwrites a sample, and the flag of a waveform's; one at GetSize() or beyond, or one that Add
-  /// would drop, is ignored. The bounds of all samples widen. Waits for a render.
+  /// would drop, is ignored. The bounds of all samples widen.
   void Set(unsigned sample, double x, double y, bool slope = false);
 
   /// A transfer is InitDataTransfer; InitBlockTransfer, Add..., TermBlockTransfer for each block;
@@ -98,7 +108,8 @@ class SourceData {
   virtual unsigned GetnSamples() const { return nSamples; }
   /// Whoever works on the series should stop.
   bool IsAborted() const { return closing || (terminator && terminator->IsSet()); }
-  /// The store of the present data set; null without one.
+  /// The store of the present data set; null without one. Its operations on capacity are the feeding
+  /// thread's.
   std::shared_ptr<const SampleStore> Store() const { return store_.Get(); }
   /// One sample, without any check: sample is below GetSize(), and no new data set begins
   /// meanwhile.
@@ -135,18 +146,20 @@ class SourceData {
   void SetTo(unsigned sample) { nTo = sample; }
   /// The interval is all samples, and there are some.
   bool IntervalWhole() const;
-  /// The bounds that the last SetIntervalParams found.
+  /// The bounds that the last SetIntervalParams found, one by one or as they belong together.
   double xIntervalMinGet() const { return xIntervalMin; }
   double xIntervalMaxGet() const { return xIntervalMax; }
   double yIntervalMinGet() const { return yIntervalMin; }
   double yIntervalMaxGet() const { return yIntervalMax; }
+  IntervalBounds GetIntervalBounds() const;
   /// Works out the bounds of the interval. x is exact. y comes from the blocks with the lowest and
   /// the highest value: what a partly covered one of them has outside of the interval hides a more
   /// extreme value of a third one.
-  /// Threads: any one at a time.
+  /// Threads: any.
   virtual void SetIntervalParams();
 
-  /// Sample at or before x; 0 below the first one and without samples, the last one beyond it.
+  /// Sample at or before x; 0 below the first one and without samples, the last one beyond it. An x
+  /// between the samples of two blocks gives the first sample of the last block.
   unsigned GetxValueIndex(double x) const;
   /// The samples from min to max of the axis, with one more at each side.
   void SetInterval(const AxisData& axis);
@@ -286,9 +299,12 @@ class SourceData {
   SampleInterval findInterval(const SampleReader& samples, double xFrom, double xTo) const;
   void placeCursors(const SampleReader& samples, SampleInterval found, double xFrom, double xTo);
   void showInterval(SampleInterval interval);
+  bool writeInterval(std::uint64_t dataSet, SampleInterval interval);
+  void publishBounds(const IntervalBounds& bounds);
 
   StoreHandle store_;
   CopyableAtomic<std::thread::id> feedingThread_;  // of the latest transfer
+  mutable OwnMutex boundsLock_;                    // keeps the four bounds of an interval together
   OwnMutex beginning_;  // a transfer doesn't begin while TryReset empties the series
 };
 

@@ -68,14 +68,12 @@ void SourceData::setInterval(double xFrom, double xTo) {
     return;
   const SampleReader samples = Read();
   if (samples.empty()) {
-    nFrom = 0;
-    nTo = 0;
+    writeInterval(0, {});
     return;
   }
   const SampleInterval found = findInterval(samples, xFrom, xTo);
-  nFrom = found.from;
-  nTo = found.end;
-  placeCursors(samples, found, xFrom, xTo);
+  if (writeInterval(samples.serial(), found))
+    placeCursors(samples, found, xFrom, xTo);
 }
 
 SampleInterval SourceData::findInterval(const SampleReader& samples, double xFrom,
@@ -135,7 +133,7 @@ void SourceData::ResetInterval(const AxisData* axis) {
   }
   if (isFixed(axis))
     setInterval(axis->fixedMin, axis->fixedMax);
-  xIntervalMin = xIntervalMax = yIntervalMin = yIntervalMax = 0.0;
+  publishBounds({});
 }
 
 bool SourceData::ZoomInByPoint(double x1, double x2, const AxisData* axis) {
@@ -214,9 +212,20 @@ void SourceData::ScrollTo(unsigned first) {
   showInterval({first, first + size});
 }
 
-void SourceData::showInterval(SampleInterval interval) {
+bool SourceData::writeInterval(std::uint64_t dataSet, SampleInterval interval) {
+  const std::lock_guard<std::mutex> lock(openEndLock());
+  // Not over the interval of a data set that has begun meanwhile.
+  const auto store = store_.Get();
+  if ((store ? store->Serial() : 0) != dataSet)
+    return false;
   nFrom = interval.from;
   nTo = interval.end;
+  return true;
+}
+
+void SourceData::showInterval(SampleInterval interval) {
+  if (!writeInterval(Read().serial(), interval))
+    return;
   iLCursor = static_cast<int>(interval.from);
   iRCursor = static_cast<int>(interval.end) - 1;
 }

@@ -59,18 +59,24 @@ void SourceData::SetIntervalParams() {
   // Bounds that start anew belong to a data set that replaces the one in hand.
   if (xLow > xHigh || yLow > yHigh)
     return;
-  if (interval == SampleInterval{0, samples.size()}) {
-    yIntervalMin = yLow;
-    yIntervalMax = yHigh;
-    xIntervalMin = xLow;
-    xIntervalMax = xHigh;
-    return;
-  }
+  if (interval == SampleInterval{0, samples.size()})
+    return publishBounds({xLow, xHigh, yLow, yHigh});
   const Range range = rangeOf(samples, interval);
-  yIntervalMin = std::max(range.min, yLow);
-  yIntervalMax = std::min(range.max, yHigh);
-  xIntervalMin = samples.x(interval.from);
-  xIntervalMax = samples.x(interval.end - 1);
+  publishBounds({samples.x(interval.from), samples.x(interval.end - 1), std::max(range.min, yLow),
+                 std::min(range.max, yHigh)});
+}
+
+void SourceData::publishBounds(const IntervalBounds& bounds) {
+  const std::lock_guard<OwnMutex> lock(boundsLock_);
+  xIntervalMin = bounds.xMin;
+  xIntervalMax = bounds.xMax;
+  yIntervalMin = bounds.yMin;
+  yIntervalMax = bounds.yMax;
+}
+
+IntervalBounds SourceData::GetIntervalBounds() const {
+  const std::lock_guard<OwnMutex> lock(boundsLock_);
+  return {xIntervalMin, xIntervalMax, yIntervalMin, yIntervalMax};
 }
 
 }  // namespace sparlow

@@ -34,14 +34,19 @@ void SourceData::InitDataTransfer(bool isWaveform) {
 }
 
 bool SourceData::InitBlockTransfer() {
+  const std::lock_guard<OwnMutex> begin(beginning_);
   feedingThread_ = std::this_thread::get_id();
   nToAtBlockStart = GetTo();
   nBlockSamples = 0;
   if (!firstBlockPending)
     return false;
   Reset();
-  nFrom = 0;
-  nTo = 0;
+  {
+    // A zoom that began before the new data set doesn't write after it.
+    const std::lock_guard<std::mutex> lock(openEndLock());
+    nFrom = 0;
+    nTo = 0;
+  }
   nToAtBlockStart = 0;
   firstBlockPending = false;
   return true;
@@ -58,6 +63,10 @@ void SourceData::TermBlockTransfer() {
 bool SourceData::TermDataTransfer() {
   const unsigned size = nSamples;
   if (firstBlockPending || size == 0) {
+    const std::lock_guard<std::mutex> lock(openEndLock());
+    // An end that was opened for samples that never came stands at the old ones again.
+    if (nTo == 0)
+      nTo = size;
     inTransfer = false;
     return false;
   }

@@ -87,11 +87,20 @@ void Graph::SetColors(GraphColors* scheme) {
 
 void Graph::Clear() {
   ViewData* const series = activeViewData;
-  // While another thread feeds the series it isn't ours to empty.
-  if (!series || !series->TryReset())
+  if (!series)
     return;
   {
     const CSingleLock pipeline(&workers->pipelineLock);
+    // No render runs now: who holds the series works it out. While another thread fills it, it isn't
+    // ours to empty.
+    CMutex* const threads = series->threadsMutex;
+    if (threads && !threads->TryLock())
+      return;
+    const bool emptied = series->TryReset();
+    if (threads)
+      threads->Unlock();
+    if (!emptied)
+      return;
     series->ResetUnits();
     if (axis)
       axis->Reset();
@@ -117,10 +126,11 @@ std::vector<ViewData*> Graph::AllSeries() const {
 void Graph::defineMinMax() {
   ViewData* const series = activeViewData;
   series->SetIntervalParams();
-  xMin = series->xIntervalMinGet();
-  xMax = series->xIntervalMaxGet();
-  yMin = series->yIntervalMinGet();
-  yMax = series->yIntervalMaxGet();
+  const IntervalBounds bounds = series->GetIntervalBounds();
+  xMin = bounds.xMin;
+  xMax = bounds.xMax;
+  yMin = bounds.yMin;
+  yMax = bounds.yMax;
 }
 
 void Graph::ResetInterval() {

@@ -62,12 +62,21 @@ struct AxisPixels {
   int y(const SampleBlock& block, unsigned place, unsigned) const { return ver(block.yAt(place)); }
 };
 
+// A host's pixel, with room for the width of a pen round it.
+int nearPixel(int pixel) {
+  return std::clamp(pixel, -kFarPixel, kFarPixel);
+}
+
 // Whatever a derived class makes of its samples.
 struct VirtualPixels {
   const ViewData* view;
   const GraphAxis* axis;
-  int x(const SampleBlock&, unsigned, unsigned sample) const { return view->xPosGet(sample, axis); }
-  int y(const SampleBlock&, unsigned, unsigned sample) const { return view->yPosGet(sample, axis); }
+  int x(const SampleBlock&, unsigned, unsigned sample) const {
+    return nearPixel(view->xPosGet(sample, axis));
+  }
+  int y(const SampleBlock&, unsigned, unsigned sample) const {
+    return nearPixel(view->yPosGet(sample, axis));
+  }
 };
 
 template <class OfSample>
@@ -97,8 +106,9 @@ int ViewData::yPosGet(unsigned sample, const GraphAxis* axis) const {
 void ViewData::SetViewData(unsigned column, unsigned sample, const GraphAxis* axis) {
   if (column >= kMaxColumns)
     return;
-  xPos[column] = xPosGet(sample, axis);
-  yPos[column] = yLastPos[column] = yMinPos[column] = yMaxPos[column] = yPosGet(sample, axis);
+  xPos[column] = nearPixel(xPosGet(sample, axis));
+  yPos[column] = yLastPos[column] = yMinPos[column] = yMaxPos[column] =
+      nearPixel(yPosGet(sample, axis));
 }
 
 bool ViewData::Render(GraphAxis* axis, bool full) {

@@ -76,6 +76,12 @@ TEST_F(Transfer, WithoutSamplesEndsWithFalse) {
   EXPECT_FALSE(s.TermDataTransfer());
   EXPECT_FALSE(s.inTransfer || s.adjusted);
   EXPECT_EQ(s.calls, 0);
+  // An interval that was opened for samples that never came.
+  s.fillRamp(10);
+  s.InitDataTransfer(false);
+  s.ResetInterval(nullptr);
+  EXPECT_FALSE(s.TermDataTransfer());
+  EXPECT_TRUE(s.IntervalWhole());
 }
 
 TEST_F(Transfer, SlidesOverTheLastSamples) {

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <limits>
+
 #include <functional>
 
 #include "tests/view/View.h"
@@ -97,6 +99,26 @@ TEST_F(Render, StopsWhenItIsTold) {
     EXPECT_EQ(view.nColumns, 4u);
     ResetEvent(view.terminator);
   }
+}
+
+TEST_F(Render, PixelsOfAHostLeaveRoomForAPen) {
+  struct Far : ViewData {
+    int xPosGet(unsigned, const GraphAxis*) const override {
+      return std::numeric_limits<int>::max();
+    }
+    int yPosGet(unsigned, const GraphAxis*) const override {
+      return std::numeric_limits<int>::min();
+    }
+  } far;
+  far.Init("far");
+  far.Reset();
+  far.Add(0.0, 0.0);
+  far.AdjustSizeTo();
+  GraphAxis axes = unitAxis();
+  far.Render(&axes, true);
+  EXPECT_EQ(far.xPos[0], kFarPixel);
+  EXPECT_EQ(far.yMinPos[0], -kFarPixel);
+  far.Term();
 }
 
 TEST_F(Render, EndsAtTheLastColumn) {
