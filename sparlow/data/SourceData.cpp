@@ -120,7 +120,14 @@ void SourceData::SetUnits(const char* unit) {
   copyText(yUnit, unit);
 }
 
-void SourceData::CalculateStatParams(double /*yLow*/, double /*yHigh*/) {}
+void SourceData::CalculateStatParams(double yLow, double yHigh) {
+  if (!statParams)
+    return;
+  const std::shared_ptr<SampleStore> store = store_.Get();
+  StatisticParameters values;
+  values.Calculate(this, yLow, yHigh);
+  PublishStatParams(values, store.get());
+}
 
 StatisticParameters SourceData::GetStatParams() const {
   const std::lock_guard<std::mutex> lock(statisticsLock());
@@ -128,8 +135,14 @@ StatisticParameters SourceData::GetStatParams() const {
 }
 
 void SourceData::PublishStatParams(const StatisticParameters& values) {
+  PublishStatParams(values, store_.Raw());
+}
+
+// A Reset changes the store before it publishes its zeros, so values that come too late for their
+// data set can't outlive them.
+void SourceData::PublishStatParams(const StatisticParameters& values, const SampleStore* store) {
   const std::lock_guard<std::mutex> lock(statisticsLock());
-  if (statParams)
+  if (statParams && store_.Raw() == store)
     *statParams = values;
 }
 

@@ -108,8 +108,8 @@ class SourceData {
   virtual unsigned GetnSamples() const { return nSamples; }
   /// Whoever works on the series should stop.
   bool IsAborted() const { return closing || (terminator && terminator->IsSet()); }
-  /// The store of the present data set; null without one. Its operations on capacity are the feeding
-  /// thread's.
+  /// The store of the present data set; null without one. Its operations on capacity are the
+  /// feeding thread's.
   std::shared_ptr<const SampleStore> Store() const { return store_.Get(); }
   /// One sample, without any check: sample is below GetSize(), and no new data set begins
   /// meanwhile.
@@ -179,6 +179,20 @@ class SourceData {
   void ScrollTo(unsigned first);
   ///@}
 
+  /// @name Cursors
+  /// Threads: the window's.
+  ///@{
+  /// Puts the cursors on the first and the last sample of the interval, if there are samples.
+  void ResetCursor();
+  /// Move a cursor by samples, toward higher ones if positive, as far as the other cursor and the
+  /// ends of the series; on a fixed axis never out of its range. On an automatic axis a cursor that
+  /// leaves the interval scrolls it and both go to its ends: true, and the graph is to be updated.
+  /// Decline (false, nothing changed) below two samples, with a cursor not set, and from outside of
+  /// a fixed range. A null axis counts as an automatic one.
+  bool MoveLCursor(int samples, const AxisData* axis);
+  bool MoveRCursor(int samples, const AxisData* axis);
+  ///@}
+
   /// @name Analysis
   /// Threads: any; SetAnalyzeFromSource, the window's.
   ///@{
@@ -194,7 +208,8 @@ class SourceData {
   /// Recalculate the series. False: there was nothing to do, or it failed.
   virtual bool Analyze() { return false; }
   virtual bool ApplyMask() { return false; }
-  /// Works out the statistics of the samples with yLow <= y <= yHigh.
+  /// Works out the statistics of the samples with yLow <= y <= yHigh, on the calling thread, if the
+  /// series has any. They are not kept if a new data set begins meanwhile.
   virtual void CalculateStatParams(double yLow, double yHigh);
   /// The statistics, whole; all 0 for a series that has none.
   StatisticParameters GetStatParams() const;
@@ -291,6 +306,7 @@ class SourceData {
 
  private:
   SampleStore* grow();
+  void PublishStatParams(const StatisticParameters& values, const SampleStore* store);
   void resetFields();
   void resetBounds();
   static std::mutex& openEndLock();

@@ -14,6 +14,18 @@ GraphColors& defaultColors() {
   return scheme0;
 }
 
+/// Empties a series that nobody renders, unless somebody fills it: an analysis, which holds its
+/// threadsMutex, or a transfer of another thread's.
+bool emptyUnlessFilled(ViewData& series) {
+  CMutex* const threads = series.threadsMutex;
+  if (threads && !threads->TryLock())
+    return false;
+  const bool emptied = series.TryReset();
+  if (threads)
+    threads->Unlock();
+  return emptied;
+}
+
 }  // namespace
 
 Graph::Graph(GraphAxis* sharedAxis)
@@ -61,13 +73,15 @@ void Graph::RemoveActiveGraph() {}
 void Graph::SetViewData(ViewData* series) {
   if (!series)
     return;
-  const CSingleLock pipeline(&workers->pipelineLock);
-  if (workers->Count() == 0)
-    former.clear();
-  else if (ViewData* const replaced = activeViewData; replaced && replaced != series)
-    former.push_back(replaced);
-  activeViewData = series;
-  series->SetColor(colors->trace);
+  whileNobodyRenders([&] {
+    if (workers->Count() == 0)
+      former.clear();
+    else if (ViewData* const replaced = activeViewData; replaced && replaced != series)
+      former.push_back(replaced);
+    activeViewData = series;
+    series->SetColor(colors->trace);
+    return true;
+  });
 }
 
 const char* Graph::GetName() const {
@@ -86,25 +100,17 @@ void Graph::SetColors(GraphColors* scheme) {
 }
 
 void Graph::Clear() {
-  ViewData* const series = activeViewData;
-  if (!series)
-    return;
-  {
-    const CSingleLock pipeline(&workers->pipelineLock);
-    // No render runs now: who holds the series works it out. While another thread fills it, it isn't
-    // ours to empty.
-    CMutex* const threads = series->threadsMutex;
-    if (threads && !threads->TryLock())
-      return;
-    const bool emptied = series->TryReset();
-    if (threads)
-      threads->Unlock();
-    if (!emptied)
-      return;
+  const bool cleared = whileNobodyRenders([this] {
+    ViewData* const series = activeViewData;
+    if (!series || !emptyUnlessFilled(*series))
+      return false;
     series->ResetUnits();
     if (axis)
       axis->Reset();
-  }
+    return true;
+  });
+  if (!cleared)
+    return;
   RedrawWindow(hWnd, RDW_INVALIDATE);
   ShowScrollBar(hWnd, SB_BOTH, false);
 }

@@ -3,6 +3,7 @@
 #include <functional>
 #include <memory>
 #include <mutex>
+#include <string>
 #include <vector>
 
 #include "sparlow/axis/GraphAxis.h"
@@ -100,9 +101,66 @@ class Graph {
   /// What those workers run, there: true when something was calculated.
   virtual bool AnalyzeEach();
   virtual bool AnalyzeEachNewMask();
-  /// Sends the cursor readings and the statistics to the info bar. Also called on workers.
-  void UpdateCursorsReadout() {}
-  void UpdateStaParams() {}
+  /// Sends the cursor readings and the drift rates to the info bar, if the graph is active and its
+  /// cursors are set. Any thread.
+  void UpdateCursorsReadout();
+  /// Sends the two drift rates alone. Any thread.
+  void UpdateDriftRate();
+  /// Sends the statistics of the active series. Any thread.
+  void UpdateStaParams();
+  /// Sends the statistics of a series in the unit given. Any thread.
+  static void UpdateStaParams(const ViewData* series, const char* unit);
+
+  /// @name Zoom and scroll
+  /// Each brings the graph up to date. Without data they do nothing; the five zooms also do nothing
+  /// on a fixed horizontal axis.
+  /// To the box between zoomStart, its left upper corner, and zoomEnd.
+  void ZoomInByPoint();
+  /// To the samples between the cursors.
+  void ZoomInByCursor();
+  /// To half or twice as many samples about the middle.
+  void ZoomInBySample();
+  void ZoomOutBySample();
+  /// To all samples.
+  void ZoomOutFull();
+  /// Moves the interval by samples, toward higher ones if positive, or to a first sample.
+  void Scroll(int samples);
+  void ScrollTo(unsigned first);
+  /// Moves the vertical range by a twentieth of its span.
+  void yScroll(bool up);
+  /// Moves the vertical range to where the thumb of the vertical scroll bar is dragged.
+  void yScrollDo();
+  /// Lets the vertical range follow the samples on show, or not any more; without data too.
+  void OnYAutoZoom();
+  bool CanYScroll() const { return axis && !axis->ver.log; }
+  bool GetYAutoZoom() const { return axis && axis->yAutoZoom; }
+  bool GetYAutoRange() const { return axis && axis->ver.autoRange; }
+  bool GetXAutoRange() const { return axis && axis->hor.autoRange; }
+  /// Has the user fix the range of an axis, or give it back to automatic ranging, through the
+  /// AxisRangeEditor that is installed. OnXRange then shows all samples, or those in the range.
+  void OnXRange();
+  void OnYRange();
+
+  /// @name Cursors
+  /// Points are plot pixels, as Clip gives them, unless said otherwise.
+  /// Draws both markers on the window, in place of where they were.
+  void DrawCursors();
+  /// Moves a cursor by samples. True when the interval scrolled with it, so that UpdateGraph is
+  /// due.
+  bool MoveLCursor(int samples);
+  bool MoveRCursor(int samples);
+  /// Is the point within reach of a marker at (x, y)?
+  bool inCursorArea(const CPoint& point, int x, int y) const;
+  bool InLeftCursorArea(const CPoint& point) const;
+  bool InRightCursorArea(const CPoint& point) const;
+  bool IsCursorDrag() const { return lCursor->drag || rCursor->drag; }
+  /// Takes the mouse for a cursor until EndDragCursor.
+  void BeginDragLeftCursor();
+  void BeginDragRightCursor();
+  /// One step of a drag, to a point of the client area, which is clipped. A cursor that crosses the
+  /// other hands the mouse over to it.
+  void DragCursor(CPoint& point);
+  void EndDragCursor();
 
   /// @name Looks
   /// The scheme stays the host's and must live as long as the graph uses it. Null is ignored.
@@ -217,6 +275,21 @@ class Graph {
   void fitAxes(bool wholeInterval);
   bool RenderGraph(bool reset);
   void sbRender();
+  bool hsbValid() const;
+  bool vsbValid() const;
+  void sbEnable();
+  void sbSetRange();
+  void sbSetThumbPos();
+
+  // Zoom and scroll.
+  /// Changes interval or axes under the pipeline lock. What change answers; false when the graph is
+  /// closed, before or by it.
+  bool whileNobodyRenders(const std::function<bool()>& change);
+  bool canZoom() const;
+  bool zoomVertically();
+  void zoomBySample(bool in);
+  double verticalStep() const;
+  void editRange(AxisData GraphAxis::*which);
 
   // Layout.
   void layOut();
@@ -233,13 +306,27 @@ class Graph {
   void sendDueReadouts();
   void AnalyzeThread(bool (Graph::*analyze)());
 
+  // Readouts.
+  struct Units {
+    std::string hor;
+    std::string ver;
+    std::string seriesX;
+    std::string seriesY;
+  };
+  void noteUnits();
+  Units unitsOnShow();
+
   // The frame.
   bool DataValid() const;
   bool IsLegend() const { return IsMultiple(); }
   void drawMessage(CDC* dc, const CRect& area, const char* text);
   void DrawVerticalLabels(CDC* dc);
   void DrawHorizontalLabels(CDC* dc);
-  void DrawCursors(CDC*, const CRect&) {}
+  void DrawCursors(HDC dc, const CRect& area);
+  /// frame: holds what the markers lie on; null on paper.
+  void drawMarkers(HDC dc, HDC frame, const CRect& area);
+  void beginDragCursor();
+  static void tellCursorMoves();
   COLORREF GetPixel(CPoint point);
 
   static inline CopyableAtomic<HWND> InfoBarHwnd{nullptr};
@@ -247,6 +334,7 @@ class Graph {
 
   const std::shared_ptr<GraphWorkers> workers;
   mutable std::mutex layoutLock;
+  Units units;  // of axes and series, for readouts on workers; guarded by layoutLock
 
   // The window's thread.
   HDC memDC = nullptr;

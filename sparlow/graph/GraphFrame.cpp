@@ -35,7 +35,7 @@ void Graph::DrawAll() {
 
   window.BitBlt(client.left, client.top, client.Width(), client.Height(), memDC, 0, 0, SRCCOPY);
   if (active && ready)
-    DrawCursors(&window, client);
+    DrawCursors(window.GetSafeHdc(), client);
 }
 
 void Graph::drawMessage(CDC* dc, const CRect& area, const char* text) {

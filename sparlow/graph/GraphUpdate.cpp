@@ -10,16 +10,6 @@
 
 namespace sparlow {
 
-/// Nobody resizes while it lives. It leaves resizing free at its end, also where a host had locked
-/// it.
-class Graph::ResizingLocked {
- public:
-  ResizingLocked() { LockResize = true; }
-  ~ResizingLocked() { LockResize = false; }
-  ResizingLocked(const ResizingLocked&) = delete;
-  ResizingLocked& operator=(const ResizingLocked&) = delete;
-};
-
 void Graph::UpdateGraph() {
   // Whatever runs code of the host's may end the graph; this outlives it and tells.
   const std::shared_ptr<GraphWorkers> shared = workers;
@@ -54,6 +44,7 @@ Graph::Update Graph::update(GraphWorkers& shared) {
     }
     const DataLock threads(series->threadsMutex);
     axis->SetUnits(series->GetxUnit(), series->GetyUnit());
+    noteUnits();
     bool fullRender = axis->preset || SetAxisAutoRange();
     layOut();
     if (!axis->hor.autoRange && series->adjusted)
@@ -76,12 +67,6 @@ bool Graph::RenderGraph(bool reset) {
   if (reset)
     series->ResetViewData();
   return series->Render(axis, reset);
-}
-
-void Graph::sbRender() {
-  // A bar that goes changes the size of the window, which this update is about to lay out anyway.
-  const ResizingLocked locked;
-  ShowScrollBar(hWnd, SB_BOTH, false);
 }
 
 bool Graph::SetAxisAutoRange() {
@@ -157,15 +142,23 @@ Graph::Update Graph::resize(GraphWorkers& shared) {
   return RenderSecondaryGraphs() && RenderGraph(true) ? Update::ready : Update::worker;
 }
 
+bool Graph::whileNobodyRenders(const std::function<bool()>& change) {
+  // A message box may be answered while the lock is waited for, and in a host's own code, and end
+  // the graph.
+  const std::shared_ptr<GraphWorkers> shared = workers;
+  const CSingleLock pipeline(&shared->pipelineLock);
+  return !shared->Closed() && change() && !shared->Closed();
+}
+
 void Graph::ChangeAxes(const std::function<void(GraphAxis&)>& change) {
-  {
-    const std::shared_ptr<GraphWorkers> shared = workers;
-    const CSingleLock pipeline(&shared->pipelineLock);
-    if (!axis || !change || shared->Closed())
-      return;
+  const bool changed = whileNobodyRenders([&] {
+    if (!axis || !change)
+      return false;
     change(*axis);
-  }
-  UpdateGraph();
+    return true;
+  });
+  if (changed)
+    UpdateGraph();
 }
 
 }  // namespace sparlow

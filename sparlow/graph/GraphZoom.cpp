@@ -1,4 +1,6 @@
-// What a user sees of a zoom under way.
+// The zooms: the box that the user draws, and what becomes of the interval and the ranges.
+
+#include <cmath>
 
 #include "sparlow/graph/Graph.h"
 #include "sparlow/graph/SelectedPen.h"
@@ -16,7 +18,78 @@ void drawBox(CDC* dc, CPoint a, CPoint b) {
   dc->LineTo(a.x, a.y);
 }
 
+/// A box lower than this share of all the data's range leaves the vertical range alone.
+constexpr double kLeastShare = 0.025;
+
 }  // namespace
+
+bool Graph::canZoom() const {
+  return DataAndAxisValid() && axis->hor.autoRange;
+}
+
+void Graph::ZoomInByPoint() {
+  bool zoomed = false;
+  const bool tried = whileNobodyRenders([&] {
+    if (!canZoom())
+      return false;
+    const double left = axis->xPointValue(zoomStart.x), right = axis->xPointValue(zoomEnd.x);
+    zoomed = zoomVertically();
+    zoomed = activeViewData.load()->ZoomInByPoint(left, right, &axis->hor) || zoomed;
+    return true;
+  });
+  if (!tried)
+    return;
+  if (zoomed)
+    UpdateGraph();
+  else
+    DrawAll();  // takes the box off the window
+}
+
+bool Graph::zoomVertically() {
+  if (axis->yAutoZoom)
+    return false;
+  const double top = axis->yPointValue(zoomStart.y), bottom = axis->yPointValue(zoomEnd.y);
+  const double least = kLeastShare * std::fabs(activeViewData.load()->yGlobalIntervalGet());
+  const double span = std::fabs(top - bottom);
+  if (!(span > least) || !std::isfinite(span))
+    return false;
+  axis->SetVer(bottom, top);
+  return true;
+}
+
+void Graph::ZoomInByCursor() {
+  if (whileNobodyRenders([this] { return canZoom() && activeViewData.load()->ZoomInByCursor(); }))
+    UpdateGraph();
+}
+
+void Graph::ZoomInBySample() {
+  zoomBySample(true);
+}
+
+void Graph::ZoomOutBySample() {
+  zoomBySample(false);
+}
+
+void Graph::zoomBySample(bool in) {
+  constexpr int factor = 2;
+  const bool zoomed = whileNobodyRenders([&] {
+    return canZoom() && activeViewData.load()->SetIntervalBySample(in, &axis->hor, factor);
+  });
+  if (zoomed)
+    UpdateGraph();
+}
+
+void Graph::ZoomOutFull() {
+  const bool zoomed = whileNobodyRenders([this] {
+    if (!canZoom())
+      return false;
+    zoomOutFullPrimary();
+    zoomOutFullSecondary();
+    return true;
+  });
+  if (zoomed)
+    UpdateGraph();
+}
 
 void Graph::DrawZoomBox(CDC* dc) {
   if (!axis->hor.autoRange)

@@ -90,7 +90,9 @@ LRESULT CWnd::Default() {
 LRESULT CWnd::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
   for (const MessageMap* map = GetMessageMap(); map; map = map->base) {
     for (const MessageEntry& entry : map->entries) {
-      if (entry.message == message)
+      const UINT command = CommandOf(wParam);
+      const bool inRange = command >= entry.first && command <= entry.last;
+      if (entry.message == message && (message != WM_COMMAND || inRange))
         return entry.handle(*this, wParam, lParam);
     }
   }

@@ -8,8 +8,12 @@
 namespace sparlow {
 
 inline constexpr unsigned MB_OK = 0x00;
+inline constexpr unsigned MB_ICONHAND = 0x10;
 inline constexpr unsigned MB_ICONEXCLAMATION = 0x30;
+inline constexpr unsigned MB_ICONMASK = 0xF0;
+inline constexpr unsigned MB_TASKMODAL = 0x2000;
 inline constexpr int IDOK = 1;
+inline constexpr int IDCANCEL = 2;
 
 /// What a message box shows.
 /// Threads: a value; any thread, each with its own.

@@ -71,6 +71,8 @@ void WindowSite::leaveRegistry() {
     r.sites.erase(handle_);
   }
   MessageQueue::Drop(handle_);
+  if (installed)
+    installed->WindowGone(handle_);
 }
 
 CSize WindowSite::ClientSize() const {

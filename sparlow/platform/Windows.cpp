@@ -64,4 +64,28 @@ bool ShowScrollBar(HWND window, int bar, bool show) {
   return true;
 }
 
+bool GetScrollInfo(HWND window, int bar, SCROLLINFO* info) {
+  const auto site = WindowSite::Find(window);
+  if (!site || !site->peer() || !info)
+    return false;
+  *info = site->peer()->GetScrollInfo(bar);
+  return true;
+}
+
+bool SetScrollInfo(HWND window, int bar, const SCROLLINFO& info) {
+  const auto site = WindowSite::Find(window);
+  if (!site || !site->peer())
+    return false;
+  site->peer()->SetScrollInfo(bar, info);
+  return true;
+}
+
+bool SetScrollPos(HWND window, int bar, int position) {
+  SCROLLINFO info;
+  if (!GetScrollInfo(window, bar, &info))
+    return false;
+  info.nPos = position;
+  return SetScrollInfo(window, bar, info);
+}
+
 }  // namespace sparlow

@@ -43,5 +43,10 @@ class CClientDC : public CDC {
 /// bar: SB_HORZ, SB_VERT or SB_BOTH. The client area has its new size when this returns, and the
 /// window has had its WM_SIZE.
 bool ShowScrollBar(HWND window, int bar, bool show);
+/// State of SB_HORZ or SB_VERT. False, and info as it was, for a window without bars.
+bool GetScrollInfo(HWND window, int bar, SCROLLINFO* info);
+bool SetScrollInfo(HWND window, int bar, const SCROLLINFO& info);
+/// Moves the thumb; the position is brought into the range.
+bool SetScrollPos(HWND window, int bar, int position);
 
 }  // namespace sparlow

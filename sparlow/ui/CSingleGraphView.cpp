@@ -1,12 +1,25 @@
 #include "sparlow/ui/CSingleGraphView.h"
 
 #include "sparlow/platform/CDocument.h"
+#include "sparlow/platform/WindowSite.h"
 #include "sparlow/platform/Windows.h"
+#include "sparlow/ui/GraphMenu.h"
+#include "sparlow/ui/Module.h"
 #include "sparlow/view/ViewData.h"
 
 namespace sparlow {
 
 using View = CSingleGraphView;
+
+namespace {
+
+/// The row of one command.
+template <void (View::*operation)()>
+constexpr MessageEntry command(UINT id) {
+  return {WM_COMMAND, HandleCommand<View, operation>, id, id};
+}
+
+}  // namespace
 
 const CRuntimeClass View::classCSingleGraphView{"CSingleGraphView", View::CreateObject,
                                                 &CView::classCView};
@@ -18,11 +31,36 @@ const MessageEntry View::messageEntries[] = {
     {WM_UPDATE_GRAPH, Handle<View, &View::OnUpdateGraph>},
     {WM_RECALC_ANALYSIS, Handle<View, &View::OnRecalcAnalysis>},
     {WM_RECALC_MASK, Handle<View, &View::OnRecalcMask>},
+    {WM_SPARLOW_COMMAND, Handle<View, &View::OnSparlowCommand>},
+    {WM_INITMENUPOPUP, Handle<View, &View::OnInitMenuPopup>},
+    command<&View::OnViewSampleZoomIn>(ID_VIEW_SAMPLE_ZOOM_IN),
+    command<&View::OnViewSampleZoomOut>(ID_VIEW_SAMPLE_ZOOM_OUT),
+    command<&View::OnViewCursorZoomIn>(ID_VIEW_CURSOR_ZOOM_IN),
+    command<&View::OnViewFullZoomOut>(ID_VIEW_FULL_ZOOM_OUT),
+    command<&View::OnMenuXRangeDlg>(ID_X_RANGE),
+    command<&View::OnMenuYAutoZoom>(ID_Y_AUTO_ZOOM),
+    command<&View::OnMenuYRangeDlg>(ID_Y_RANGE),
+    {WM_LBUTTONDOWN, Handle<View, &View::OnLButtonDown>},
+    {WM_LBUTTONUP, Handle<View, &View::OnLButtonUp>},
+    {WM_LBUTTONDBLCLK, Handle<View, &View::OnLButtonDblClk>},
+    {WM_RBUTTONDOWN, Handle<View, &View::OnRButtonDown>},
+    {WM_MOUSEMOVE, Handle<View, &View::OnMouseMove>},
+    {WM_CAPTURECHANGED, Handle<View, &View::OnCaptureChanged>},
+    {WM_KEYDOWN, Handle<View, &View::OnKeyDown>},
+    {WM_KEYUP, Handle<View, &View::OnKeyUp>},
+    {WM_HSCROLL, Handle<View, &View::OnHScroll>},
+    {WM_VSCROLL, Handle<View, &View::OnVScroll>},
+    {WM_SETFOCUS, Handle<View, &View::OnSetFocus>},
+    {WM_ACTIVATE, Handle<View, &View::OnActivate>},
 };
 const MessageMap View::messageMap{&CView::messageMap, messageEntries};
 
 CObject* View::CreateObject() {
   return new CSingleGraphView;
+}
+
+View::CSingleGraphView() {
+  AttachResources();
 }
 
 View::~CSingleGraphView() {
@@ -51,6 +89,13 @@ bool View::DataValid() const {
 }
 
 void View::UpdateGraph() {
+  const HWND window = GetSafeHwnd();
+  if (zoomDrag) {
+    // The box was drawn on the axes as they are now.
+    OnCaptureChanged(0, 0);
+    if (!WindowSite::Find(window))
+      return;
+  }
   if (graph)
     graph->UpdateGraph();
 }
@@ -73,7 +118,7 @@ void View::SetColors(GraphColors& colors) {
   if (!graph)
     return;
   graph->SetColors(&colors);
-  graph->DrawAll();
+  drawAll();
 }
 
 void View::Clear() {
@@ -100,17 +145,19 @@ bool View::PreCreateWindow(CREATESTRUCT& create) {
 void View::OnDraw(CDC*) {
   // The graph paints the whole client area by itself, from its own bitmap.
   if (graph)
-    graph->DrawAll();
+    drawAll();
 }
 
 LRESULT View::OnCreate(WPARAM, LPARAM) {
   if (Default() == -1)
     return -1;
+  zoomDrag = false;
   _CreateGraph();
   return 0;
 }
 
 LRESULT View::OnDestroy(WPARAM, LPARAM) {
+  dropGesture();
   if (graph)
     graph->Destroy();
   return Default();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
 
 #include "sparlow/graph/Graph.h"
@@ -10,6 +11,16 @@ namespace sparlow {
 /// From the host: recalculate the analysis series, or the masks, of the view's graph.
 inline constexpr UINT WM_RECALC_ANALYSIS = WM_USER + 105;
 inline constexpr UINT WM_RECALC_MASK = WM_USER + 113;
+/// From the host: what an item of the popup menu does, by a code in wParam, also while the menu is
+/// locked. 0 zoom in, 1 zoom out, 2 zoom to the cursors, 3 show everything, 4 and 5 set the range
+/// of the horizontal and of the vertical axis. Other codes do nothing; the result is 0.
+inline constexpr UINT WM_SPARLOW_COMMAND = WM_USER + 126;
+
+/// To the application's main window, wParam the view, lParam 0: a double click (posted), and the
+/// keyboard focus while the view's graph isn't the active one (sent; the host answers it by
+/// SetActive).
+inline constexpr UINT WM_VIEW_DOUBLE_CLICK = WM_USER + 101;
+inline constexpr UINT WM_VIEW_FOCUSED = WM_USER + 102;
 
 /// The window that shows one Graph. A host makes it, gives it axes and a series, fills the series
 /// and calls UpdateGraph, or posts WM_UPDATE_GRAPH from any thread.
@@ -51,7 +62,7 @@ class CSingleGraphView : public CView {
   const CRuntimeClass* GetRuntimeClass() const override { return &classCSingleGraphView; }
 
  protected:
-  CSingleGraphView() = default;
+  CSingleGraphView();
   ~CSingleGraphView() override;
 
   /// A series was picked: makes it active and the document's title its name.
@@ -63,7 +74,21 @@ class CSingleGraphView : public CView {
   void OnDraw(CDC* dc) override;
   const MessageMap* GetMessageMap() const override { return &messageMap; }
 
+  /// Shows the popup menu at a point of the client area, until it is closed. The view may be gone
+  /// after it.
+  void CreatePopupMenu(CPoint point);
+  /// Bring the menu itself, and the submenu of an axis, up to date before they are shown.
+  void UpdatePopupMenu(CMenu* menu);
+  void UpdateSubPopupMenuHorAxis(CMenu* menu);
+  void UpdateSubPopupMenuVerAxis(CMenu* menu);
+
   std::unique_ptr<Graph> graph;
+  /// A zoom box follows the mouse.
+  bool zoomDrag = false;
+  /// How often an arrow key has been pressed or has repeated since one was let go.
+  int keyRepeat = 0;
+  /// Where the thumb of a horizontal bar was dragged last; a user drags one at a time.
+  static inline std::uint32_t thumbTrackPos = 0;
 
  private:
   LRESULT OnCreate(WPARAM, LPARAM);
@@ -73,6 +98,45 @@ class CSingleGraphView : public CView {
   LRESULT OnUpdateGraph(WPARAM, LPARAM);
   LRESULT OnRecalcAnalysis(WPARAM, LPARAM);
   LRESULT OnRecalcMask(WPARAM, LPARAM);
+
+  LRESULT OnInitMenuPopup(WPARAM popup, LPARAM);
+  LRESULT OnSparlowCommand(WPARAM code, LPARAM);
+  // Each may run a dialog, and the view may be gone after it.
+  void OnViewSampleZoomIn();
+  void OnViewSampleZoomOut();
+  void OnViewCursorZoomIn();
+  void OnViewFullZoomOut();
+  void OnMenuXRangeDlg();
+  void OnMenuYAutoZoom();
+  void OnMenuYRangeDlg();
+
+  LRESULT OnLButtonDown(WPARAM, LPARAM lParam);
+  LRESULT OnLButtonUp(WPARAM, LPARAM lParam);
+  LRESULT OnLButtonDblClk(WPARAM, LPARAM);
+  LRESULT OnRButtonDown(WPARAM, LPARAM lParam);
+  LRESULT OnMouseMove(WPARAM, LPARAM lParam);
+  LRESULT OnCaptureChanged(WPARAM, LPARAM);
+  LRESULT OnKeyDown(WPARAM key, LPARAM);
+  LRESULT OnKeyUp(WPARAM key, LPARAM);
+  LRESULT OnHScroll(WPARAM wParam, LPARAM);
+  LRESULT OnVScroll(WPARAM wParam, LPARAM);
+  LRESULT OnSetFocus(WPARAM, LPARAM);
+  LRESULT OnActivate(WPARAM, LPARAM);
+
+  bool inTransfer() const;
+  /// True while data stream in, so that input is refused.
+  bool transferLock() const;
+  bool takesInput() const;
+  void finishGesture(CPoint point);
+  /// Ends a gesture that comes to nothing.
+  void dropGesture();
+  void releaseMouse();
+  void click(CPoint point);
+  void showPointer(CPoint point);
+  void drawAll();
+  void drawZoomBox();
+  void scrollBy(int code, const SCROLLINFO& bar);
+  void yScrollBy(int code, const SCROLLINFO& bar);
 
   static const MessageEntry messageEntries[];
   static const MessageMap messageMap;

@@ -54,6 +54,41 @@ class ViewData : public SourceData, public ViewColumns {
   virtual int yPosGet(unsigned sample, const GraphAxis* axis) const;
   ///@}
 
+  /// @name Cursors
+  /// Each stands on a sample, so it stays there when the graph is zoomed or resized.
+  /// Threads: placing them, the window's; reading, any.
+  ///@{
+  /// Places a cursor; a sample beyond the series counts as its last one. True: it has crossed the
+  /// other, and the two were exchanged, or it met the other, and the left one now stands one sample
+  /// before the right one. Whoever drags then holds the other cursor. False below two samples, and
+  /// nothing changed.
+  bool SetLCursor(unsigned sample);
+  bool SetRCursor(unsigned sample);
+  /// Exchanges the two, and nothing else.
+  void SwapCursors();
+  /// Both are set.
+  bool ValidCursor() const;
+  /// x and y of a cursor's sample; 0 if there is no such sample.
+  double xLCursorGet() const;
+  double xRCursorGet() const;
+  virtual double yLCursorGet() const;
+  virtual double yRCursorGet() const;
+  /// Pixel of a cursor's sample by xPosGet and yPosGet; 0 if there is no such sample.
+  int xLCursorPosGet(const GraphAxis* axis) const;
+  int xRCursorPosGet(const GraphAxis* axis) const;
+  virtual int yLCursorPosGet(const GraphAxis* axis) const;
+  virtual int yRCursorPosGet(const GraphAxis* axis) const;
+  /// Samples from cursor to cursor, both included; 0 if one isn't set, below 2 if the right cursor
+  /// is not behind the left one.
+  virtual int dnCursorGet() const;
+  ///@}
+
+  /// Replaces the samples of another series by the x and y of these, all on show, with the cursors
+  /// at their ends and the statistics worked out. Nothing else goes over. Null and the series
+  /// itself are ignored. Throws what Add throws: the destination then has the samples up to there.
+  /// Threads: the one that feeds the destination.
+  void CopyTo(ViewData* destination) const;
+
   /// @name Drawing
   /// Threads: the one that paints.
   ///@{
@@ -79,6 +114,8 @@ class ViewData : public SourceData, public ViewColumns {
   CopyableAtomic<COLORREF> color = COLORREF{0};
 
  protected:
+  /// For derived classes that work on the columns: throws Error with code 0xFF03 if there are none.
+  void Verify() const;
   /// Fills one entry through xPosGet and yPosGet.
   void SetViewData(unsigned column, unsigned sample, const GraphAxis* axis);
   /// Declares, from its constructor, that a derived class leaves xPosGet and yPosGet as they are

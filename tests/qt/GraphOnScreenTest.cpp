@@ -62,6 +62,9 @@ class GraphOnScreen : public testing::Test {
 
 TEST_F(GraphOnScreen, FrameGridAndCurveLieOnTheirPixels) {
   Fill(5001);
+  // Out of the corners, which are looked at.
+  series.SetLCursor(600);
+  series.SetRCursor(2800);
   app->ProcessEvents();
   qt::SavePicture(*view, "graph-ready.png");
   // The plot of 562 by 438 pixels begins at (58, 21).
@@ -128,6 +131,36 @@ TEST_F(GraphOnScreen, AZoomBoxLeavesNothingBehind) {
   const QImage fixed = Pixels();
   moveTo({300, 200});
   EXPECT_EQ(Pixels(), fixed);
+}
+
+TEST_F(GraphOnScreen, AMarkerLeavesNothingBehind) {
+  Fill(5001);
+  // 0 V and the sample of 5 V lie below and above the plot.
+  view->ChangeAxes([](GraphAxis& axes) { axes.Preset(0.5, 3.5, 0, 10); });
+  const auto markersAt = [&](unsigned left, unsigned right) {
+    series.SetRCursor(5000);
+    series.SetLCursor(left);
+    series.SetRCursor(right);
+    view->TheGraph().DrawCursors();
+  };
+  for (int style = 0; style <= 2; ++style) {
+    Cursor::SetStyle(style);
+    markersAt(600, 3750);
+    view->TheGraph().DrawAll();
+    qt::SavePicture(*view, FormatText("markers-%d-outside.png", style));
+    markersAt(1500, 2800);
+    view->TheGraph().DrawAll();
+    qt::SavePicture(*view, FormatText("markers-%d.png", style));
+    const QImage before = Pixels();
+    EXPECT_GT(Count(colors.cursorLeft), 10);
+    for (unsigned step = 0; step < 12; ++step) {
+      markersAt(1100 + 7 * step, 3100 + 7 * step);
+      EXPECT_NE(Pixels(), before);
+      markersAt(3 * step, 4600 + 7 * step);
+      markersAt(1500, 2800);
+      ASSERT_EQ(Pixels(), before) << style << ", step " << step;
+    }
+  }
 }
 
 }  // namespace

@@ -12,6 +12,7 @@
 #include "sparlow/platform/UiThread.h"
 #include "sparlow/platform/WindowSite.h"
 #include "tests/support/RecordingDevice.h"
+#include "tests/support/TestDialog.h"
 
 namespace sparlow::test {
 
@@ -29,7 +30,12 @@ class TestWindow : public WindowPeer {
     if (onShowScrollBar)
       onShowScrollBar();
   }
+  SCROLLINFO GetScrollInfo(int bar) const override { return bars[bar]; }
+  void SetScrollInfo(int bar, const SCROLLINFO& info) override { bars[bar] = info; }
   void SetTitle(const std::string&) override {}
+  void SetCapture(bool capture) override { captured = capture; }
+  CPoint ToScreen(CPoint client) const override { return {client.x + at.x, client.y + at.y}; }
+  CPoint FromScreen(CPoint screen) const override { return {screen.x - at.x, screen.y - at.y}; }
 
   void Resize(CSize size) {
     surface = std::make_unique<RecordingDevice>(size);
@@ -40,6 +46,9 @@ class TestWindow : public WindowPeer {
   int presented = 0;
   bool shown = true;
   bool barShown[2] = {true, true};
+  SCROLLINFO bars[2];
+  bool captured = false;
+  CPoint at{100, 50};  ///< on the screen
   std::function<void()> onShowScrollBar;
 
  private:
@@ -66,6 +75,20 @@ class TestWindows : public WindowSystem {
   std::unique_ptr<WindowPeer> CreatePeer(WindowSite& site, std::uint32_t) override {
     return std::make_unique<TestWindow>(site);
   }
+  UINT TrackMenu(CMenu& menu, CPoint at, HWND owner) override {
+    return onMenu ? onMenu(menu, at, owner) : 0;
+  }
+  std::unique_ptr<DialogPeer> CreateDialogPeer(const DialogTemplate& form, HWND dialog,
+                                               HWND) override {
+    return std::make_unique<TestDialog>(form, dialog, onDialog);
+  }
+  void OpenHelp(const std::string& path, std::uintptr_t topic) override {
+    help.emplace_back(path, topic);
+  }
+
+  CPoint PointerPosition() const override { return pointerAt; }
+  void ShowPointer(HCURSOR shape) override { pointer = shape; }
+  bool IsKeyDown(WPARAM key) const override { return key == VK_SHIFT && shiftDown; }
 
   static TestWindow& Of(const CWnd& window) { return static_cast<TestWindow&>(*window.GetPeer()); }
 
@@ -86,6 +109,13 @@ class TestWindows : public WindowSystem {
   }
 
   std::vector<std::string> boxes;
+  std::vector<std::pair<std::string, std::uintptr_t>> help;
+  /// What the user does: with a menu, giving the command chosen, and with a dialog.
+  std::function<UINT(CMenu&, CPoint, HWND)> onMenu;
+  std::function<void(TestDialog&)> onDialog;
+  CPoint pointerAt;  ///< on the screen
+  HCURSOR pointer = nullptr;
+  bool shiftDown = false;
 };
 
 }  // namespace sparlow::test

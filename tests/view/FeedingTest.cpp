@@ -38,6 +38,14 @@ TEST(FeedingAView, NewDataSetsDoNotDisturbRenderPaintAndCopy) {
     device.take();
     view.CanContinueRender(axis);
     view.yPosGet(1000, &axis);
+    view.SetRCursor(1u << 30);
+    view.SetLCursor(700);
+    view.MoveRCursor(-5, &axis.hor);
+    view.MoveLCursor(full ? 9 : -9, &axis.hor);
+    view.CalculateStatParams(-1, 30);
+    const double x = view.xLCursorGet();
+    ASSERT_TRUE(x >= 0 && x < 14000 && view.yRCursorGet() < 40);
+    view.xRCursorPosGet(&axis);
     *copy = view;
     ASSERT_TRUE(copy->Render(&axis, true));
     for (unsigned i = 1; !copy->waveform && i < copy->nColumns; ++i)

@@ -1,7 +1,6 @@
 #include "sparlow/platform/qt/Application.h"
 
 #include <QApplication>
-#include <QMessageBox>
 #include <filesystem>
 #include <optional>
 
@@ -10,6 +9,7 @@
 #include "sparlow/platform/WindowSite.h"
 #include "sparlow/platform/qt/QtDispatcher.h"
 #include "sparlow/platform/qt/QtFonts.h"
+#include "sparlow/platform/qt/QtMessageBox.h"
 #include "sparlow/platform/qt/QtWidget.h"
 #include "sparlow/platform/qt/QtWindow.h"
 #include "sparlow/platform/qt/QtWindowSystem.h"
@@ -38,17 +38,6 @@ std::unique_ptr<QApplication> makeApplication(int& argc, char** argv) {
   return application;
 }
 
-int openBox(const BoxRequest& request) {
-  QMessageBox box(QApplication::activeWindow());
-  box.setWindowTitle(FromUtf8(ToUtf8(request.caption)));
-  box.setTextFormat(Qt::PlainText);
-  box.setText(FromUtf8(ToUtf8(request.text)));
-  if ((request.style & MB_ICONEXCLAMATION) == MB_ICONEXCLAMATION)
-    box.setIcon(QMessageBox::Warning);
-  box.exec();
-  return IDOK;
-}
-
 QtWindow* windowOf(const CWnd& window) {
   return dynamic_cast<QtWindow*>(window.GetPeer());
 }
@@ -73,7 +62,7 @@ Application::Application(int& argc, char** argv) {
   QtDispatcher* const dispatcher = &parts_->dispatcher;
   UiThread::Attach([dispatcher] { dispatcher->Wake(); });
   if (HasDisplay())
-    UiThread::SetBoxHandler(openBox);
+    UiThread::SetBoxHandler(OpenMessageBox);
   WindowSystem::Install(&parts_->system);
 }
 

@@ -55,7 +55,7 @@ void QtDispatcher::timerEvent(QTimerEvent*) {
   // unless somebody has armed it meanwhile.
   arm(0);
   const unsigned mine = armings_;
-  QtWindowSystem::SyncSizes();
+  QtWindowSystem::CatchUp();
   if (!MessageQueue::Serve() && mine == armings_)
     timer_.stop();
 }

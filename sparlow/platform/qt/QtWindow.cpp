@@ -6,6 +6,7 @@
 #include "sparlow/platform/WindowSite.h"
 #include "sparlow/platform/qt/QtFonts.h"
 #include "sparlow/platform/qt/QtWidget.h"
+#include "sparlow/platform/qt/QtWindowSystem.h"
 
 namespace sparlow::qt {
 
@@ -16,8 +17,8 @@ constexpr COLORREF background = RGB(255, 255, 255);
 
 }  // namespace
 
-QtWindow::QtWindow(WindowSite& site, std::uint32_t style)
-    : site_(site), widget_(new QtWidget(*this)), surface_({}, 1.0, background) {
+QtWindow::QtWindow(WindowSite& site, QtWindowSystem& system, std::uint32_t style)
+    : site_(site), system_(system), widget_(new QtWidget(*this)), surface_({}, 1.0, background) {
   setBarPolicy(SB_HORZ, (style & WS_HSCROLL) != 0);
   setBarPolicy(SB_VERT, (style & WS_VSCROLL) != 0);
   widget_->resize(defaultClientSize.cx, defaultClientSize.cy);
@@ -27,6 +28,7 @@ QtWindow::QtWindow(WindowSite& site, std::uint32_t style)
 }
 
 QtWindow::~QtWindow() {
+  system_.Forget(this);
   if (QtWidget* const widget = std::exchange(widget_, nullptr))
     widget->Discard();
 }

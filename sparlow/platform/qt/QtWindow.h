@@ -1,18 +1,24 @@
 #pragma once
 
+#include <Qt>
+
 #include "sparlow/platform/WindowPeer.h"
 #include "sparlow/platform/qt/ImageDevice.h"
+
+class QKeyEvent;
+class QMouseEvent;
 
 namespace sparlow::qt {
 
 class QtWidget;
+class QtWindowSystem;
 
 /// A window over a widget with scroll bars. The surface is here and not in the widget, since a
 /// context on it may outlive the widget by the rest of a message.
 /// Threads: the window's.
 class QtWindow final : public WindowPeer {
  public:
-  QtWindow(WindowSite& site, std::uint32_t style);
+  QtWindow(WindowSite& site, QtWindowSystem& system, std::uint32_t style);
   ~QtWindow() override;
 
   Device& Surface() override { return surface_; }
@@ -20,7 +26,12 @@ class QtWindow final : public WindowPeer {
   bool IsShown() const override;
   void Show(bool show) override;
   void ShowScrollBar(int bar, bool show) override;
+  SCROLLINFO GetScrollInfo(int bar) const override;
+  void SetScrollInfo(int bar, const SCROLLINFO& info) override;
   void SetTitle(const std::string& utf8) override;
+  void SetCapture(bool capture) override;
+  CPoint ToScreen(CPoint client) const override;
+  CPoint FromScreen(CPoint screen) const override;
 
   const ImageDevice& Pixels() const { return surface_; }
   /// Null when Qt has deleted it.
@@ -32,6 +43,22 @@ class QtWindow final : public WindowPeer {
   /// when that is so already, or while the window's thread waits: then the next Serve comes back.
   /// The window may be gone after it.
   void SyncSize();
+  /// Tells the window what it couldn't be told before: its size, that the mouse was taken from it,
+  /// focus and activation. The window may be gone after it.
+  void CatchUp();
+
+  /// @name Input, from the widget
+  /// The window may be gone after each of these. While the window's thread waits, presses, moves
+  /// and keys come to nothing, and the rest is told later.
+  void Mouse(UINT message, const QMouseEvent& event);
+  /// True for a key that is this window's matter and nobody else's.
+  bool Key(bool down, const QKeyEvent& event);
+  void Scrolled(int bar, int code, int position);
+  void FocusChanged(bool focused);
+  void ActivationChanged(bool active);
+  /// Something else gets the mouse from now on. The window hears of it later.
+  void MouseTaken();
+  void ShowPointer(HCURSOR shape);
 
   /// @name From the widget
   /// The window is gone after each of these.
@@ -40,11 +67,24 @@ class QtWindow final : public WindowPeer {
 
  private:
   void setBarPolicy(int bar, bool show);
+  void setPointer(HCURSOR shape);
+  void tellFocus();
 
   WindowSite& site_;
+  QtWindowSystem& system_;
   QtWidget* widget_;
   ImageDevice surface_;
   bool told_ = false;  ///< the site knows the size
+
+  Qt::MouseButtons buttons_;  ///< that are down
+  bool grabbed_ = false;
+  bool mouseTaken_ = false;
+  HCURSOR pointer_ = nullptr;
+  bool pointerSet_ = false;  ///< since the mouse moved last
+  bool focused_ = false;
+  bool toldFocused_ = false;
+  bool active_ = false;
+  bool toldActive_ = false;
 };
 
 }  // namespace sparlow::qt

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "sparlow/platform/WindowPeer.h"
+#include "sparlow/platform/qt/QtCaptureWatch.h"
 
 namespace sparlow::qt {
 
@@ -12,8 +13,28 @@ class QtWindowSystem final : public WindowSystem {
  public:
   std::unique_ptr<WindowPeer> CreatePeer(WindowSite& site, std::uint32_t style) override;
 
-  /// Windows whose widget has another size or scale than they know catch up.
-  static void SyncSizes();
+  UINT TrackMenu(CMenu& menu, CPoint at, HWND owner) override;
+  std::unique_ptr<DialogPeer> CreateDialogPeer(const DialogTemplate& form, HWND dialog,
+                                               HWND owner) override;
+  void OpenHelp(const std::string& path, std::uintptr_t topic) override;
+  void WindowGone(HWND window) override;
+
+  CPoint PointerPosition() const override;
+  void ShowPointer(HCURSOR shape) override;
+  bool IsKeyDown(WPARAM key) const override;
+
+  QtCaptureWatch& CaptureWatch() { return captureWatch_; }
+  /// An event comes: over a window that it is the mouse's, else null.
+  void NoteInput(QtWindow* window, Qt::KeyboardModifiers modifiers);
+  void Forget(QtWindow* window);
+
+  /// Windows that couldn't be told something before catch up.
+  static void CatchUp();
+
+ private:
+  QtCaptureWatch captureWatch_;
+  QtWindow* pointerOver_ = nullptr;  ///< the mouse was last over
+  Qt::KeyboardModifiers modifiers_;
 };
 
 }  // namespace sparlow::qt

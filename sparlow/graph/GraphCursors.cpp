@@ -1,0 +1,150 @@
+// The two measurement cursors on the window: their markers, moves by keys, and drags by the mouse.
+
+#include <cstdint>
+#include <cstdlib>
+
+#include "sparlow/data/SampleSearch.h"
+#include "sparlow/graph/Graph.h"
+#include "sparlow/graph/Readouts.h"
+#include "sparlow/platform/Input.h"
+#include "sparlow/platform/Windows.h"
+#include "sparlow/view/ViewData.h"
+
+namespace sparlow {
+
+void Graph::DrawCursors() {
+  // Before the first frame there is nothing to draw on, and nothing to take a marker away with.
+  if (!memBitmap)
+    return;
+  const CClientDC window(hWnd);
+  DrawCursors(window.GetSafeHdc(), {});
+}
+
+void Graph::DrawCursors(HDC dc, const CRect& area) {
+  // While a render is due the axes' scale is a worker's, and the window shows a message.
+  if (!memDC || RenderDue())
+    return;
+  const SavedDC before(memDC);
+  CDC(memDC).SelectObject(memBitmap);
+  drawMarkers(dc, memDC, area);
+}
+
+void Graph::drawMarkers(HDC dc, HDC frame, const CRect& area) {
+  ViewData* const series = activeViewData;
+  if (!dc || !DataAndAxisValid() || !series->ValidCursor())
+    return;
+  const SavedDC before(dc);
+  const int left = area.left + Offset::Left(axis->ver.maxLabelLength);
+  const int top = area.top + TopOffset(series);
+  CDC(dc).SetViewportOrg(left, top);
+  CDC(frame).SetViewportOrg(left, top);
+  lCursor->Draw(dc, frame, series->xLCursorPosGet(axis), series->yLCursorPosGet(axis), height);
+  rCursor->Draw(dc, frame, series->xRCursorPosGet(axis), series->yRCursorPosGet(axis), height);
+}
+
+bool Graph::MoveLCursor(int samples) {
+  ViewData* const series = activeViewData;
+  if (!series || !axis)
+    return false;
+  tellCursorMoves();
+  return series->MoveLCursor(samples, &axis->hor);
+}
+
+bool Graph::MoveRCursor(int samples) {
+  ViewData* const series = activeViewData;
+  if (!series || !axis)
+    return false;
+  tellCursorMoves();
+  return series->MoveRCursor(samples, &axis->hor);
+}
+
+void Graph::tellCursorMoves() {
+  if (const HWND bar = InfoBarHwnd)
+    PostMessage(bar, WM_READOUT_CURSOR_MOVES, 0, 0);
+}
+
+bool Graph::inCursorArea(const CPoint& point, int x, int y) const {
+  constexpr std::int64_t reach = 5;
+  // Where the arrow of a point above or below the plot is taken hold of.
+  if (y < 0)
+    y = 5;
+  else if (y >= height)
+    y = height - 6;
+  // In 64 bits: a host may pass any point.
+  return std::abs(std::int64_t{point.x} - x) < reach && std::abs(std::int64_t{point.y} - y) < reach;
+}
+
+bool Graph::InLeftCursorArea(const CPoint& point) const {
+  ViewData* const series = activeViewData;
+  return series && axis && series->ValidCursor() &&
+         inCursorArea(point, series->xLCursorPosGet(axis), series->yLCursorPosGet(axis));
+}
+
+bool Graph::InRightCursorArea(const CPoint& point) const {
+  ViewData* const series = activeViewData;
+  return series && axis && series->ValidCursor() &&
+         inCursorArea(point, series->xRCursorPosGet(axis), series->yRCursorPosGet(axis));
+}
+
+void Graph::BeginDragLeftCursor() {
+  lCursor->drag = true;
+  rCursor->drag = false;
+  beginDragCursor();
+}
+
+void Graph::BeginDragRightCursor() {
+  lCursor->drag = false;
+  rCursor->drag = true;
+  beginDragCursor();
+}
+
+void Graph::beginDragCursor() {
+  // Another window that loses the mouse to this one is told so, and may end the graph then.
+  SetCapture(hWnd);
+  SetCursor(LoadCursor(IDC_SIZEALL));
+}
+
+void Graph::DragCursor(CPoint& point) {
+  if (!IsCursorDrag() || !axis)
+    return;
+  Clip(point);
+  ViewData* const series = activeViewData;
+  if (!DataAndAxisValid() || !series->ValidCursor())
+    return;
+  const SampleReader samples = series->Read();
+  if (samples.empty())
+    return;
+  const AxisData& hor = axis->hor;
+  const unsigned last = samples.size() - 1;
+  unsigned i = std::min(series->GetxValueIndex(axis->xPointValue(point.x)), last);
+  // A cursor that crosses the other one, or pushes it aside, gives the mouse to it.
+  if (lCursor->drag) {
+    if (!hor.autoRange)
+      i = FirstNotBelow(samples, i, last, hor.fixedMin);
+    rCursor->drag = series->SetLCursor(i);
+    lCursor->drag = !rCursor->drag;
+  }
+  if (rCursor->drag) {
+    if (!hor.autoRange)
+      i = LastNotAbove(samples, 0, i, hor.fixedMax);
+    lCursor->drag = series->SetRCursor(i);
+    rCursor->drag = !lCursor->drag;
+  }
+  DrawCursors();
+}
+
+void Graph::EndDragCursor() {
+  const std::shared_ptr<GraphWorkers> shared = workers;
+  lCursor->drag = false;
+  rCursor->drag = false;
+  // The mouse may have gone to another window meanwhile, which keeps it.
+  if (GetCapture() == hWnd)
+    ReleaseCapture();
+  // A host that was told of the release may have ended the graph.
+  if (shared->Closed())
+    return;
+  tellCursorMoves();
+  UpdateCursorsReadout();
+}
+
+}  // namespace sparlow

@@ -1,0 +1,71 @@
+// Ranges that the user fixes.
+
+#include <cmath>
+#include <utility>
+
+#include "sparlow/graph/AxisRangeEditor.h"
+#include "sparlow/graph/Graph.h"
+#include "sparlow/view/ViewData.h"
+
+namespace sparlow {
+
+namespace {
+
+AxisRangeEditor* installed = nullptr;
+
+/// Takes what was edited. Ends that aren't numbers leave the ones that the axis has.
+void take(AxisData& axis, AxisRange range) {
+  axis.autoRange = range.autoRange;
+  if (!std::isfinite(range.min) || !std::isfinite(range.max))
+    return;
+  // The axis would sort its ends, but not the interval that is to follow it.
+  if (!range.autoRange && range.min > range.max)
+    std::swap(range.min, range.max);
+  axis.fixedMin = range.min;
+  axis.fixedMax = range.max;
+}
+
+}  // namespace
+
+AxisRangeEditor* AxisRangeEditor::Current() {
+  return installed;
+}
+
+void AxisRangeEditor::Install(AxisRangeEditor* editor) {
+  installed = editor;
+}
+
+void Graph::OnXRange() {
+  editRange(&GraphAxis::hor);
+}
+
+void Graph::OnYRange() {
+  editRange(&GraphAxis::ver);
+}
+
+void Graph::editRange(AxisData GraphAxis::*which) {
+  AxisRangeEditor* const editor = AxisRangeEditor::Current();
+  const std::shared_ptr<GraphWorkers> shared = workers;
+  if (!editor || !axis || shared->Closed())
+    return;
+  const AxisData& before = axis->*which;
+  AxisRange range{before.fixedMin, before.fixedMax, before.autoRange, before.funcName};
+  editor->Edit(range);
+  // Messages are handled while the editor is open, and one of them may have ended the graph.
+  if (shared->Closed())
+    return;
+  const bool filled = whileNobodyRenders([&] {
+    AxisData& edited = axis->*which;
+    take(edited, range);
+    edited.SetParamsFixed();
+    if (!DataValid())
+      return false;
+    if (which == &GraphAxis::hor)
+      ResetInterval();
+    return true;
+  });
+  if (filled)
+    UpdateGraph();
+}
+
+}  // namespace sparlow

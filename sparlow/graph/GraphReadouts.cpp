@@ -1,0 +1,119 @@
+// The numbers that a graph sends to the info bar.
+
+#include <cmath>
+#include <limits>
+
+#include "sparlow/axis/EngineeringPrefix.h"
+#include "sparlow/graph/Graph.h"
+#include "sparlow/graph/ReadoutSlots.h"
+#include "sparlow/graph/Readouts.h"
+#include "sparlow/graph/UnitText.h"
+#include "sparlow/platform/UiThread.h"
+#include "sparlow/platform/Windows.h"
+#include "sparlow/view/ViewData.h"
+
+namespace sparlow {
+
+void Graph::noteUnits() {
+  const ViewData* const series = activeViewData;
+  if (!series || !axis)
+    return;
+  const std::lock_guard whole(layoutLock);
+  units = {axis->hor.funcName, axis->ver.funcName, series->GetxUnit(), series->GetyUnit()};
+}
+
+Graph::Units Graph::unitsOnShow() {
+  // The texts are the window's thread's to change: a worker takes those that were noted.
+  if (UiThread::IsCurrent())
+    noteUnits();
+  const std::lock_guard whole(layoutLock);
+  return units;
+}
+
+void Graph::UpdateCursorsReadout() {
+  const HWND bar = InfoBarHwnd;
+  const ViewData* const series = activeViewData;
+  if (!bar || !active || !series || !series->Valid() || !series->ValidCursor())
+    return;
+  if (RestrictGraphOperationInRealTime && series->inTransfer)
+    return;
+  const SampleReader samples = series->Read();
+  const auto left = static_cast<unsigned>(series->iLCursor.load());
+  const auto right = static_cast<unsigned>(series->iRCursor.load());
+  // A new data set may have begun since.
+  if (left >= samples.size() || right >= samples.size())
+    return;
+  const Units unit = unitsOnShow();
+  const char* const xUnit = unit.hor.c_str();
+  const char* const yUnit = unit.ver.c_str();
+  const double yLeft = series->yLCursorGet();
+  const double yRight = series->yRCursorGet();
+  SendReadout(bar, WM_READOUT_LEFT_X, samples.x(left), xUnit);
+  SendReadout(bar, WM_READOUT_LEFT_Y, yLeft, yUnit);
+  SendReadout(bar, WM_READOUT_RIGHT_X, samples.x(right), xUnit);
+  SendReadout(bar, WM_READOUT_RIGHT_Y, yRight, yUnit);
+
+  const double dx = samples.x(right) - samples.x(left);
+  const double dy = yRight - yLeft;
+  // Nothing is divided by less: the receiver keeps the slope that it had.
+  constexpr double least = std::numeric_limits<double>::min();
+  if (std::abs(dx) > least)
+    SendReadout(bar, WM_READOUT_SLOPE, dy / dx, RatioUnit(unit.ver, unit.hor).c_str());
+  if (std::abs(dy) > least)
+    SendReadout(bar, WM_READOUT_INVERSE_SLOPE, dx / dy, RatioUnit(unit.hor, unit.ver).c_str());
+  SendReadout(bar, WM_READOUT_DISTANCE_X, dx, xUnit);
+  SendReadout(bar, WM_READOUT_DISTANCE_Y, dy, yUnit);
+  SendSampleCount(bar, series->dnCursorGet(), series->GetCptName());
+  UpdateDriftRate();
+}
+
+void Graph::UpdateDriftRate() {
+  const HWND bar = InfoBarHwnd;
+  const ViewData* const series = activeViewData;
+  if (SourceData::IgnoreDriftRate || !bar || !series || !series->ValidCursor())
+    return;
+  const SampleReader samples = series->Read();
+  if (samples.empty())
+    return;
+  const unsigned last = samples.size() - 1;
+  const double span = samples.x(last) - samples.x(0);
+  const double r = 1.0 / span;
+  // Without a span there is no drift; the receiver keeps what it had.
+  if (!std::isfinite(span) || !std::isfinite(r))
+    return;
+  const bool wholeSeries = series->iLCursor == 0 && series->iRCursor == static_cast<int>(last);
+  const bool useCursors = !series->IsCalculated() && !wholeSeries;
+  const double rate = (samples.y(last) - samples.y(0)) * r;
+  // By the span of the series, not by the distance of the cursors: both show parts of one drift.
+  const double rateOfCursors = useCursors ? (series->yRCursorGet() - series->yLCursorGet()) * r : 0;
+  const double secondOfCursors = r * rateOfCursors;
+  const Units unit = unitsOnShow();
+  const std::string rateUnit = RatioUnit(unit.seriesY, unit.seriesX);
+  SendDrift(bar, WM_READOUT_DRIFT, rate, useCursors ? &rateOfCursors : nullptr, rateUnit.c_str());
+  SendDrift(bar, WM_READOUT_DRIFT_OF_DRIFT, r * rate, useCursors ? &secondOfCursors : nullptr,
+            RatioUnit(rateUnit, unit.seriesX).c_str());
+}
+
+void Graph::UpdateStaParams() {
+  const ViewData* const series = activeViewData;
+  if (!series || series->inTransfer || IsDependent() || !series->Valid())
+    return;
+  if (const HWND bar = InfoBarHwnd)
+    PostMessage(bar, WM_READOUT_HAS_STATISTICS, series->statParams != nullptr, 0);
+  UpdateStaParams(series, unitsOnShow().ver.c_str());
+}
+
+void Graph::UpdateStaParams(const ViewData* series, const char* unit) {
+  const HWND bar = InfoBarHwnd;
+  if (!bar || !series || series->inTransfer || !series->statParams)
+    return;
+  const StatisticParameters values = series->GetStatParams();
+  SendReadout(bar, WM_READOUT_MINIMUM, values.min, unit);
+  SendReadout(bar, WM_READOUT_MAXIMUM, values.max, unit);
+  SendReadout(bar, WM_READOUT_SPAN, values.span, unit);
+  SendReadout(bar, WM_READOUT_MEAN, values.mean, unit);
+  SendReadout(bar, WM_READOUT_STANDARD_DEVIATION, values.stdDev, unit);
+  SendReadout(bar, WM_READOUT_ALLAN_DEVIATION, values.allanDev, unit);
+}
+
+}  // namespace sparlow

@@ -1,0 +1,63 @@
+// Moves of the interval and of the vertical range that keep their size.
+
+#include "sparlow/graph/Graph.h"
+#include "sparlow/platform/Windows.h"
+#include "sparlow/view/ViewData.h"
+
+namespace sparlow {
+
+void Graph::Scroll(int samples) {
+  const bool filled = whileNobodyRenders([&] {
+    if (!axis || !DataValid())
+      return false;
+    activeViewData.load()->Scroll(samples, &axis->hor);
+    return true;
+  });
+  if (filled)
+    UpdateGraph();
+}
+
+void Graph::ScrollTo(unsigned first) {
+  const bool filled = whileNobodyRenders([&] {
+    if (!DataValid())
+      return false;
+    activeViewData.load()->ScrollTo(first);
+    return true;
+  });
+  if (filled)
+    UpdateGraph();
+}
+
+void Graph::yScroll(bool up) {
+  const bool moved = whileNobodyRenders([&] {
+    if (!DataAndAxisValid())
+      return false;
+    const AxisData& ver = axis->ver;
+    const double step = up ? verticalStep() : -verticalStep();
+    axis->SetVer(ver.min + step, ver.max + step);
+    return true;
+  });
+  if (moved)
+    UpdateGraph();
+}
+
+void Graph::yScrollDo() {
+  SCROLLINFO bar;
+  if (!GetScrollInfo(hWnd, SB_VERT, &bar))
+    return;
+  const bool moved = whileNobodyRenders([&] {
+    if (!DataAndAxisValid())
+      return false;
+    const double top = activeViewData.load()->yGlobalMaxGet() - bar.nTrackPos * verticalStep();
+    axis->SetVer(top - axis->ver.range, top);
+    return true;
+  });
+  if (moved)
+    UpdateGraph();
+}
+
+void Graph::OnYAutoZoom() {
+  ChangeAxes([](GraphAxis& axes) { axes.yAutoZoom = !axes.yAutoZoom; });
+}
+
+}  // namespace sparlow

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <map>
+#include <memory>
+
+#include "sparlow/platform/DialogPeer.h"
+#include "sparlow/platform/Messages.h"
+#include "sparlow/platform/Resources.h"
+
+class QDialog;
+class QWidget;
+
+namespace sparlow::qt {
+
+class QtModal;
+
+/// A dialog of a template.
+/// Threads: the window's.
+class QtDialog final : public DialogPeer {
+ public:
+  /// owner as in WindowSystem::CreateDialogPeer.
+  QtDialog(const DialogTemplate& form, HWND dialog, HWND owner);
+  ~QtDialog() override;
+
+  void EnableItem(int id, bool enable) override;
+  bool IsItemEnabled(int id) const override;
+  void CheckItem(int id, bool check) override;
+  bool IsItemChecked(int id) const override;
+  void SetItemText(int id, const std::string& utf8) override;
+  std::string ItemText(int id) const override;
+  void SetItemName(int id, const std::string& utf8) override;
+  void FocusItem(int id) override;
+  void Run() override;
+  void Close() override;
+
+ private:
+  QWidget* makeItem(const DialogItemTemplate& item);
+  QWidget* find(int id) const;
+  template <class Widget>
+  Widget* findAs(int id) const;
+
+  const HWND dialog_;
+  const HWND owner_;
+  const std::unique_ptr<QDialog> widget_;
+  std::map<int, QWidget*> items_;
+};
+
+}  // namespace sparlow::qt

@@ -1,0 +1,205 @@
+// What a user does with mouse, keyboard and scroll bars, as messages to the window.
+
+#include <QCursor>
+#include <QImage>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPixmap>
+#include <cmath>
+#include <utility>
+
+#include "sparlow/platform/Resources.h"
+#include "sparlow/platform/UiThread.h"
+#include "sparlow/platform/WindowSite.h"
+#include "sparlow/platform/qt/QtScrollBar.h"
+#include "sparlow/platform/qt/QtWidget.h"
+#include "sparlow/platform/qt/QtWindow.h"
+#include "sparlow/platform/qt/QtWindowSystem.h"
+
+namespace sparlow::qt {
+
+namespace {
+
+struct KeyName {
+  int qt;
+  WPARAM key;
+};
+constexpr KeyName keyNames[] = {
+    {Qt::Key_Left, VK_LEFT}, {Qt::Key_Right, VK_RIGHT}, {Qt::Key_Shift, VK_SHIFT},
+    {Qt::Key_Up, 0x26},      {Qt::Key_Down, 0x28},      {Qt::Key_Home, 0x24},
+    {Qt::Key_End, 0x23},     {Qt::Key_PageUp, 0x21},    {Qt::Key_PageDown, 0x22},
+    {Qt::Key_Control, 0x11}, {Qt::Key_Escape, 0x1B},    {Qt::Key_Return, 0x0D},
+};
+
+/// VK_* of a key; 0 for one that isn't told.
+WPARAM nameOf(int key) {
+  for (const KeyName& name : keyNames) {
+    if (name.qt == key)
+      return name.key;
+  }
+  const bool letterOrDigit =
+      (key >= Qt::Key_A && key <= Qt::Key_Z) || (key >= Qt::Key_0 && key <= Qt::Key_9);
+  return letterOrDigit ? static_cast<WPARAM>(key) : 0;
+}
+
+QCursor cursorOf(const PointerShape& shape) {
+  if (shape.id == IDC_SIZEALL)
+    return QCursor(Qt::SizeAllCursor);
+  const int size = static_cast<int>(shape.black.size());
+  QImage image(size, size, QImage::Format_ARGB32);
+  for (int y = 0; y < size; ++y) {
+    const auto row = static_cast<std::size_t>(y);
+    for (int x = 0; x < size; ++x) {
+      const auto isIn = [&](const auto& rows) { return (rows[row] & 0x80000000u >> x) != 0; };
+      image.setPixel(x, y, isIn(shape.black) ? 0xFF000000u : isIn(shape.white) ? 0xFFFFFFFFu : 0u);
+    }
+  }
+  return QCursor(QPixmap::fromImage(image), shape.hotSpot.x, shape.hotSpot.y);
+}
+
+/// The pixel that a position lies in.
+CPoint pixelAt(const QPointF& position) {
+  const auto pixel = [](double c) {
+    constexpr double far = 1 << 20;
+    return static_cast<int>(std::floor(qBound(-far, c, far)));
+  };
+  return {pixel(position.x()), pixel(position.y())};
+}
+
+}  // namespace
+
+void QtWindow::Mouse(UINT message, const QMouseEvent& event) {
+  if (UiThread::InWait())
+    return;
+  const auto site = site_.shared_from_this();
+  buttons_ = event.buttons();
+  system_.NoteInput(this, event.modifiers());
+  // A window that has the mouse keeps the shape that it has set.
+  const bool newShape = message == WM_MOUSEMOVE && GetCapture() != site->handle();
+  if (newShape)
+    pointerSet_ = false;
+  site->Send(message, 0, PackPoint(pixelAt(event.position())));
+  if (site->peer() && newShape && !pointerSet_)
+    setPointer(nullptr);
+}
+
+void QtWindow::ShowPointer(HCURSOR shape) {
+  pointerSet_ = true;
+  setPointer(shape);
+}
+
+void QtWindow::setPointer(HCURSOR shape) {
+  if (!widget_ || shape == std::exchange(pointer_, shape))
+    return;
+  if (shape)
+    widget_->viewport()->setCursor(cursorOf(*shape));
+  else
+    widget_->viewport()->unsetCursor();
+}
+
+bool QtWindow::Key(bool down, const QKeyEvent& event) {
+  const WPARAM key = nameOf(event.key());
+  // Between the repeats of a held key Qt tells releases that nobody has made.
+  const bool told = key != 0 && (down || !event.isAutoRepeat());
+  if (told && !UiThread::InWait()) {
+    // What an event of the shift key itself says about it depends on the system.
+    Qt::KeyboardModifiers modifiers = event.modifiers();
+    if (key == VK_SHIFT)
+      modifiers.setFlag(Qt::ShiftModifier, down);
+    system_.NoteInput(nullptr, modifiers);
+    constexpr LPARAM once = 1;
+    constexpr LPARAM wasDown = 1 << 30;
+    const auto site = site_.shared_from_this();
+    site->Send(down ? WM_KEYDOWN : WM_KEYUP, key,
+               event.isAutoRepeat() || !down ? once | wasDown : once);
+  }
+  return key == VK_LEFT || key == VK_RIGHT;
+}
+
+void QtWindow::Scrolled(int bar, int code, int position) {
+  if (UiThread::InWait())
+    return;
+  const auto site = site_.shared_from_this();
+  const bool thumb = code == SB_THUMBPOSITION || code == SB_THUMBTRACK;
+  const auto low16 = thumb ? static_cast<WPARAM>(position & 0xFFFF) : WPARAM{0};
+  site->Send(bar == SB_HORZ ? WM_HSCROLL : WM_VSCROLL, static_cast<WPARAM>(code) | low16 << 16);
+}
+
+SCROLLINFO QtWindow::GetScrollInfo(int bar) const {
+  const QtScrollBar* const shown = widget_ ? widget_->Bar(bar) : nullptr;
+  return shown ? shown->Info() : SCROLLINFO{};
+}
+
+void QtWindow::SetScrollInfo(int bar, const SCROLLINFO& info) {
+  if (QtScrollBar* const shown = widget_ ? widget_->Bar(bar) : nullptr)
+    shown->Set(info);
+}
+
+void QtWindow::FocusChanged(bool focused) {
+  focused_ = focused;
+  tellFocus();
+}
+
+void QtWindow::ActivationChanged(bool active) {
+  active_ = active;
+  tellFocus();
+}
+
+void QtWindow::tellFocus() {
+  if (UiThread::InWait()) {
+    UiThread::Wake();
+    return;
+  }
+  const auto site = site_.shared_from_this();
+  if (std::exchange(toldActive_, active_) != active_)
+    site->Send(WM_ACTIVATE, active_ ? 1 : 0);
+  if (site->peer() && std::exchange(toldFocused_, focused_) != focused_)
+    site->Send(focused_ ? WM_SETFOCUS : WM_KILLFOCUS);
+}
+
+void QtWindow::SetCapture(bool capture) {
+  system_.CaptureWatch().Watch(capture ? this : nullptr);
+  if (!widget_)
+    return;
+  // Until the last button is up Qt sends everything here anyway.
+  if (capture && buttons_ == Qt::NoButton) {
+    grabbed_ = true;
+    widget_->viewport()->grabMouse();
+  } else if (!capture && std::exchange(grabbed_, false)) {
+    widget_->viewport()->releaseMouse();
+  }
+  mouseTaken_ = false;
+}
+
+void QtWindow::MouseTaken() {
+  // Told later: the event that took it is on its way to a widget, which must outlive it.
+  mouseTaken_ = true;
+  UiThread::Wake();
+}
+
+CPoint QtWindow::ToScreen(CPoint client) const {
+  if (!widget_)
+    return client;
+  const QPoint point = widget_->viewport()->mapToGlobal(QPoint(client.x, client.y));
+  return {point.x(), point.y()};
+}
+
+CPoint QtWindow::FromScreen(CPoint screen) const {
+  if (!widget_)
+    return screen;
+  const QPoint point = widget_->viewport()->mapFromGlobal(QPoint(screen.x, screen.y));
+  return {point.x(), point.y()};
+}
+
+void QtWindow::CatchUp() {
+  const auto site = site_.shared_from_this();
+  if (UiThread::InWait())
+    return;
+  SyncSize();
+  if (site->peer() && std::exchange(mouseTaken_, false))
+    CaptureLost(site->handle());
+  if (site->peer())
+    tellFocus();
+}
+
+}  // namespace sparlow::qt

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "sparlow/platform/CMenu.h"
+#include "sparlow/platform/Geometry.h"
+
+namespace sparlow::qt {
+
+/// Shows a menu and gives the command that was chosen, or 0 (WindowSystem::TrackMenu).
+/// Threads: the window's.
+UINT TrackMenu(CMenu& menu, CPoint at, HWND owner);
+
+}  // namespace sparlow::qt

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "sparlow/platform/UiThread.h"
+
+namespace sparlow::qt {
+
+/// Opens a message box on the screen and gives the button that closed it, which is always OK.
+/// Threads: the window's.
+int OpenMessageBox(const BoxRequest& request);
+
+}  // namespace sparlow::qt

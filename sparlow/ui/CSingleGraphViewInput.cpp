@@ -1,0 +1,317 @@
+// What a user does with mouse, keyboard and scroll bars, as calls of the graph.
+//
+// Whatever tells another window something, updates the graph or takes or releases the mouse may run
+// code of the host's that ends this view. So each of these comes last, or the window's handle is
+// looked up after it.
+
+#include <algorithm>
+#include <climits>
+#include <utility>
+
+#include "sparlow/platform/CDocument.h"
+#include "sparlow/platform/Input.h"
+#include "sparlow/platform/WindowSite.h"
+#include "sparlow/platform/Windows.h"
+#include "sparlow/ui/CSingleGraphView.h"
+#include "sparlow/ui/PointingHand.h"
+#include "sparlow/view/ViewData.h"
+
+namespace sparlow {
+
+using View = CSingleGraphView;
+
+namespace {
+
+bool exists(HWND window) {
+  return WindowSite::Find(window) != nullptr;
+}
+
+void order(int& smaller, int& larger) {
+  if (smaller > larger)
+    std::swap(smaller, larger);
+}
+
+int scrollCode(WPARAM wParam) {
+  return static_cast<int>(wParam & 0xFFFF);
+}
+
+}  // namespace
+
+bool View::inTransfer() const {
+  const ViewData* const series = graph ? graph->GetActiveViewData() : nullptr;
+  return series && series->inTransfer;
+}
+
+bool View::transferLock() const {
+  return Graph::RestrictGraphOperationInRealTime && inTransfer();
+}
+
+bool View::takesInput() const {
+  return DataValid() && !transferLock();
+}
+
+LRESULT View::OnLButtonDown(WPARAM, LPARAM lParam) {
+  const LRESULT result = Default();
+  if (!takesInput())
+    return result;
+  CPoint point = PointOf(lParam);
+  graph->Clip(point);
+  if (graph->InLeftCursorArea(point)) {
+    graph->BeginDragLeftCursor();
+  } else if (graph->InRightCursorArea(point)) {
+    graph->BeginDragRightCursor();
+  } else {
+    const HWND window = GetSafeHwnd();
+    SetCapture(window);
+    // Another window that had the mouse was told so.
+    if (!exists(window))
+      return 0;
+    zoomDrag = true;
+    graph->zoomStart = graph->zoomEnd = graph->zoomPrev = point;
+  }
+  return result;
+}
+
+LRESULT View::OnMouseMove(WPARAM, LPARAM lParam) {
+  const LRESULT result = Default();
+  if (!takesInput())
+    return result;
+  CPoint point = PointOf(lParam);
+  if (zoomDrag) {
+    graph->Clip(point);
+    graph->zoomPrev = graph->zoomEnd;
+    graph->zoomEnd = point;
+    drawZoomBox();
+  } else if (graph->IsCursorDrag()) {
+    graph->DragCursor(point);
+  } else if (graph->active) {
+    showPointer(point);
+  }
+  return result;
+}
+
+void View::drawAll() {
+  const HWND window = GetSafeHwnd();
+  graph->DrawAll();
+  if (!exists(window) || !zoomDrag || !DataValid())
+    return;
+  // The frame that was painted has no box on it.
+  graph->zoomPrev = graph->zoomStart;
+  drawZoomBox();
+}
+
+void View::drawZoomBox() {
+  CClientDC dc(GetSafeHwnd());
+  graph->DrawZoomBox(&dc);
+}
+
+void View::showPointer(CPoint point) {
+  CPoint inPlot = point;
+  graph->Clip(inPlot);
+  if (graph->InLeftCursorArea(inPlot) || graph->InRightCursorArea(inPlot))
+    SetCursor(LoadCursor(IDC_SIZEALL));
+  else if (graph->IsMultiple() && !inTransfer() &&
+           graph->GetViewDataByPoint(nullptr, nullptr, nullptr, point))
+    SetCursor(LoadCursor(IDC_POINTING_HAND));
+}
+
+LRESULT View::OnLButtonUp(WPARAM, LPARAM lParam) {
+  const LRESULT result = Default();
+  if (takesInput())
+    finishGesture(PointOf(lParam));
+  else
+    dropGesture();
+  return result;
+}
+
+void View::finishGesture(CPoint point) {
+  if (zoomDrag) {
+    // First, since the release comes back here as a lost capture.
+    zoomDrag = false;
+    const HWND window = GetSafeHwnd();
+    releaseMouse();
+    if (!exists(window))
+      return;
+    CPoint& start = graph->zoomStart;
+    CPoint& end = graph->zoomEnd;
+    if (start.x == end.x || start.y == end.y)
+      return click(point);
+    order(start.x, end.x);
+    order(start.y, end.y);
+    graph->ZoomInByPoint();
+    if (!exists(window))
+      return;
+  }
+  if (graph->IsCursorDrag())
+    graph->EndDragCursor();
+}
+
+void View::dropGesture() {
+  const bool boxShows = zoomDrag;
+  zoomDrag = false;
+  if (!graph)
+    return;
+  if (boxShows) {
+    InvalidateRect(GetSafeHwnd(), nullptr, true);
+    releaseMouse();
+  } else if (graph->IsCursorDrag()) {
+    graph->EndDragCursor();
+  }
+}
+
+void View::releaseMouse() {
+  // It may have gone to another window, which keeps it.
+  if (GetCapture() == GetSafeHwnd())
+    ReleaseCapture();
+}
+
+void View::click(CPoint point) {
+  if (!graph->IsMultiple()) {
+    InvalidateRect(GetSafeHwnd(), nullptr, true);
+    return;
+  }
+  int index = 0;
+  bool isMask = false;
+  if (inTransfer() || !graph->GetViewDataByPoint(nullptr, &index, &isMask, point))
+    return;
+  if (!isMask)
+    return OnGraphActivated(index);
+  const HWND window = GetSafeHwnd();
+  graph->SetActiveMask(index);
+  if (exists(window) && GetDocument())
+    GetDocument()->SetTitle(graph->GetName());
+}
+
+LRESULT View::OnCaptureChanged(WPARAM, LPARAM) {
+  const HWND window = GetSafeHwnd();
+  CPoint point;
+  GetCursorPos(&point);
+  ScreenToClient(window, &point);
+  OnLButtonUp(0, PackPoint(point));
+  return exists(window) ? Default() : 0;
+}
+
+LRESULT View::OnLButtonDblClk(WPARAM, LPARAM) {
+  if (!graph || !graph->GetActiveViewData() || inTransfer())
+    return 0;
+  PostMessage(AfxGetMainWnd(), WM_VIEW_DOUBLE_CLICK, reinterpret_cast<WPARAM>(this), 0);
+  return Default();
+}
+
+LRESULT View::OnRButtonDown(WPARAM, LPARAM lParam) {
+  if (!graph || transferLock() || zoomDrag)
+    return 0;
+  const HWND window = GetSafeHwnd();
+  CreatePopupMenu(PointOf(lParam));
+  return exists(window) ? Default() : 0;
+}
+
+LRESULT View::OnKeyDown(WPARAM key, LPARAM) {
+  if (!takesInput() || !graph->GetActiveViewData()->ValidCursor() ||
+      (key != VK_LEFT && key != VK_RIGHT))
+    return 0;
+  // A held key moves one sample further with each repeat.
+  keyRepeat = std::min(keyRepeat, INT_MAX - 1) + 1;
+  const int step = key == VK_LEFT ? -keyRepeat : keyRepeat;
+  const bool right = GetKeyState(VK_SHIFT) < 0;
+  const HWND window = GetSafeHwnd();
+  if (right ? graph->MoveRCursor(step) : graph->MoveLCursor(step)) {
+    UpdateGraph();
+    if (!exists(window))
+      return 0;
+  } else {
+    graph->DrawCursors();
+  }
+  graph->UpdateCursorsReadout();
+  return Default();
+}
+
+LRESULT View::OnKeyUp(WPARAM key, LPARAM) {
+  if (!DataValid() || !graph->GetActiveViewData()->ValidCursor() ||
+      (key != VK_LEFT && key != VK_RIGHT))
+    return 0;
+  keyRepeat = 0;
+  return Default();
+}
+
+LRESULT View::OnHScroll(WPARAM wParam, LPARAM) {
+  if (!takesInput())
+    return 0;
+  const HWND window = GetSafeHwnd();
+  SCROLLINFO bar;
+  if (GetScrollInfo(window, SB_HORZ, &bar))
+    scrollBy(scrollCode(wParam), bar);
+  return exists(window) ? Default() : 0;
+}
+
+void View::scrollBy(int code, const SCROLLINFO& bar) {
+  const int page = static_cast<int>(std::min(bar.nPage, static_cast<unsigned>(INT_MAX)));
+  const int step = code == SB_PAGELEFT || code == SB_PAGERIGHT ? page : 1;
+  switch (code) {
+    case SB_LINELEFT:
+    case SB_PAGELEFT:
+      if (bar.nPos > bar.nMin)
+        graph->Scroll(-step);
+      break;
+    case SB_LINERIGHT:
+    case SB_PAGERIGHT:
+      if (bar.nPos < bar.nMax)
+        graph->Scroll(step);
+      break;
+    case SB_THUMBPOSITION:
+      graph->ScrollTo(thumbTrackPos);
+      break;
+    case SB_THUMBTRACK:
+      // The message itself has room for 16 bits only.
+      thumbTrackPos = static_cast<std::uint32_t>(bar.nTrackPos);
+      break;
+    default:
+      break;
+  }
+}
+
+LRESULT View::OnVScroll(WPARAM wParam, LPARAM) {
+  if (!takesInput())
+    return 0;
+  const HWND window = GetSafeHwnd();
+  SCROLLINFO bar;
+  if (GetScrollInfo(window, SB_VERT, &bar))
+    yScrollBy(scrollCode(wParam), bar);
+  return exists(window) ? Default() : 0;
+}
+
+void View::yScrollBy(int code, const SCROLLINFO& bar) {
+  switch (code) {
+    case SB_LINEUP:
+    case SB_PAGEUP:
+      if (bar.nPos > bar.nMin)
+        graph->yScroll(true);
+      break;
+    case SB_LINEDOWN:
+    case SB_PAGEDOWN:
+      if (std::int64_t{bar.nPage} + bar.nPos <= bar.nMax)
+        graph->yScroll(false);
+      break;
+    case SB_THUMBPOSITION:
+      graph->yScrollDo();
+      break;
+    default:
+      break;
+  }
+}
+
+LRESULT View::OnSetFocus(WPARAM, LPARAM) {
+  const LRESULT result = Default();
+  if (!graph || !graph->active)
+    SendMessage(AfxGetMainWnd(), WM_VIEW_FOCUSED, reinterpret_cast<WPARAM>(this), 0);
+  return result;
+}
+
+LRESULT View::OnActivate(WPARAM, LPARAM) {
+  const LRESULT result = Default();
+  if (graph)
+    graph->UpdateCursorsReadout();
+  return result;
+}
+
+}  // namespace sparlow

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace sparlow {
+
+// Values as people write them: a number with a decimal point, a prefix, a unit. Threads: these work
+// on their arguments alone; any thread.
+
+/// A value with the prefix that an axis of that unit would show: "12.5 ms" for 0.0125 and "s". It
+/// has the digits that give the same value back, and no more. UTF-8.
+std::string ShowValue(double value, const std::string& unit);
+
+/// The value of a text such as "12.5 ms", "12.5m", "12.5 s" or "1.25e-2": the unit may be left out,
+/// and the prefixes p n u µ m k M G T are taken. What reads as the unit is the unit: "5 m" of a
+/// length is 5 metres. Nothing for any other text, for a number before its prefix that is below min
+/// or above max, and for a value that a double can't hold.
+std::optional<double> ReadValue(std::string_view text, const std::string& unit, double min,
+                                double max);
+
+}  // namespace sparlow

@@ -1,0 +1,244 @@
+#include <QAction>
+#include <QApplication>
+#include <QDialog>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMessageBox>
+#include <QPointer>
+#include <QTimer>
+
+#include "sparlow/platform/CMenu.h"
+#include "sparlow/platform/qt/QtMessageBox.h"
+#include "sparlow/ui/CGraphScale.h"
+#include "sparlow/ui/Module.h"
+#include "tests/qt/QtEnvironment.h"
+
+namespace sparlow::test {
+namespace {
+
+QMenu* OpenMenu() {
+  return qobject_cast<QMenu*>(QApplication::activePopupWidget());
+}
+
+void Press(QWidget* widget, int key, const QString& text = {}) {
+  ASSERT_NE(widget, nullptr);
+  const QPointer<QWidget> alive(widget);
+  QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, text);
+  QApplication::sendEvent(widget, &press);
+  QKeyEvent release(QEvent::KeyRelease, key, Qt::NoModifier, text);
+  if (alive)
+    QApplication::sendEvent(widget, &release);
+}
+
+void Type(QWidget* widget, const char* text) {
+  for (const char* c = text; *c; ++c)
+    Press(widget, 0, QString(QLatin1Char(*c)));
+}
+
+/// Runs one step after the other, each from the event loop, whatever loop that is then; a step may
+/// open another one.
+class Steps {
+ public:
+  explicit Steps(std::vector<std::function<void()>> steps) : steps_(std::move(steps)) {
+    schedule();
+  }
+  ~Steps() { EXPECT_EQ(next_, steps_.size()) << "steps that never came"; }
+
+ private:
+  void schedule() {
+    QTimer::singleShot(1, &context_, [this] {
+      if (next_ == steps_.size())
+        return;
+      schedule();
+      steps_[next_++]();
+    });
+  }
+
+  std::vector<std::function<void()>> steps_;
+  std::size_t next_ = 0;
+  QObject context_;
+};
+
+class QtMenuDialogTest : public QtTest {
+ protected:
+  QtMenuDialogTest() {
+    subMenu.CreatePopupMenu();
+    menu.CreatePopupMenu();
+    menu.AppendMenu(MF_STRING, 1, "One\tCtrl+ +");
+    menu.AppendMenu(MF_GRAYED, 2, "Two");
+    menu.AppendMenu(MF_POPUP, subMenu, "&Select");
+    subMenu.AppendMenu(MF_STRING, 101, "Upper");
+    subMenu.AppendMenu(MF_STRING, 102, "Low\xE4r");
+    AttachResources();
+    // Paints and posted messages must come through every loop.
+    view->onMessage = [this](UINT message, WPARAM wParam) {
+      if (message == WM_COMMAND)
+        commands.push_back(wParam);
+      if (message == WM_USER)
+        ++served;
+    };
+  }
+
+  bool Track() { return menu.TrackPopupMenu(0, 20, 20, view); }
+  void Touch() {
+    view->draws = 0;
+    PostMessage(window, WM_USER, 0, 0);
+    RedrawWindow(window);
+  }
+  void ExpectServed() {
+    EXPECT_EQ(served, 1);
+    EXPECT_GE(view->draws, 1);
+  }
+  void End() { view->DestroyWindow(); }
+
+  CMenu menu;
+  CMenu subMenu;
+  std::vector<WPARAM> commands;
+  int served = 0;
+};
+
+TEST_F(QtMenuDialogTest, AMenuWorksByKeyboardAndShowsWhatItsOwnerSays) {
+  std::vector<WPARAM> opened;
+  view->onMessage = [&, note = view->onMessage](UINT message, WPARAM wParam) {
+    note(message, wParam);
+    if (message != WM_INITMENUPOPUP)
+      return;
+    auto* const popup = reinterpret_cast<CMenu*>(wParam);
+    opened.push_back(static_cast<WPARAM>(popup->GetMenuItemID(0)));
+    popup->CheckMenuItem(1, MF_CHECKED);
+    popup->CheckMenuRadioItem(101, 102, 102, MF_BYCOMMAND);
+  };
+  Steps steps({[&] { Touch(); }, [] {}, [] {},
+               [&] {
+                 ExpectServed();
+                 const QList<QAction*> lines = OpenMenu()->actions();
+                 EXPECT_EQ(lines[0]->text(), "One\tCtrl+ +");
+                 EXPECT_TRUE(lines[0]->isChecked());
+                 EXPECT_FALSE(lines[1]->isEnabled());
+                 Press(OpenMenu(), Qt::Key_Down);
+                 Press(OpenMenu(), Qt::Key_Down);
+                 Press(OpenMenu(), Qt::Key_Right);
+               },
+               [&] {
+                 const QList<QAction*> lines = OpenMenu()->actions();
+                 ASSERT_EQ(lines.size(), 2);
+                 EXPECT_EQ(lines[1]->text(), QString::fromUtf8("Low\xC3\xA4r"));
+                 EXPECT_TRUE(lines[1]->isChecked());
+                 EXPECT_NE(lines[1]->actionGroup(), nullptr) << "the mark of a choice";
+                 EXPECT_FALSE(lines[0]->isCheckable());
+                 Press(OpenMenu(), Qt::Key_Down);
+                 Press(OpenMenu(), Qt::Key_Return);
+               }});
+  EXPECT_TRUE(Track());
+  EXPECT_EQ(opened, (std::vector<WPARAM>{1, 101}));
+  EXPECT_TRUE(commands.empty()) << "posted, not sent";
+  app->ProcessEvents();
+  EXPECT_EQ(commands, std::vector<WPARAM>{102});
+}
+
+TEST_F(QtMenuDialogTest, EscapeChoosesNothing) {
+  Steps steps({[] { Press(OpenMenu(), Qt::Key_Down); }, [] { Press(OpenMenu(), Qt::Key_Escape); }});
+  Track();
+  app->ProcessEvents();
+  EXPECT_TRUE(commands.empty());
+}
+
+TEST_F(QtMenuDialogTest, AMenuEndsWithItsOwner) {
+  Steps steps({[&] { End(); }});
+  Track();
+  EXPECT_TRUE(deleted);
+}
+
+TEST_F(QtMenuDialogTest, AMenuEndsWithAnOwnerThatItsOpeningEnds) {
+  for (const WPARAM which : {WPARAM{1}, WPARAM{101}}) {
+    bool gone = false;
+    ProbeView* const owner = ProbeView::Shown(50, 50);
+    owner->deleted = &gone;
+    owner->onMessage = [owner, which](UINT message, WPARAM wParam) {
+      const auto* const popup = reinterpret_cast<CMenu*>(wParam);
+      if (message == WM_INITMENUPOPUP && popup->GetMenuItemID(0) == static_cast<int>(which))
+        owner->DestroyWindow();
+    };
+    QTimer::singleShot(1, [&] {
+      if (gone)
+        return;
+      Press(OpenMenu(), Qt::Key_Up);
+      Press(OpenMenu(), Qt::Key_Right);
+    });
+    menu.TrackPopupMenu(0, 20, 20, owner);
+    EXPECT_TRUE(gone);
+    app->ProcessEvents();
+  }
+}
+
+TEST_F(QtMenuDialogTest, AMenuEndsWithAnOwnerThatIsInTheMiddleOfAPress) {
+  view->onMessage = [&](UINT message, WPARAM) {
+    if (message == WM_RBUTTONDOWN)
+      Track();
+  };
+  Steps steps({[&] { End(); }});
+  QWidget* const client = qt::WidgetOf(*view)->findChild<QWidget*>("qt_scrollarea_viewport");
+  QMouseEvent press(QEvent::MouseButtonPress, QPointF(5, 5), client->mapToGlobal(QPointF(5, 5)),
+                    Qt::RightButton, Qt::RightButton, Qt::NoModifier);
+  QApplication::sendEvent(client, &press);
+  EXPECT_TRUE(deleted);
+  app->ProcessEvents();
+}
+
+TEST_F(QtMenuDialogTest, TheDialogIsFilledInByKeyboard) {
+  AxisRange range{0.5, 2.0, true, "\xB0"};
+  Steps steps({[&] { Touch(); }, [] {}, [] {},
+               [&] {
+                 ExpectServed();
+                 QWidget* const dialog = QApplication::activeModalWidget();
+                 ASSERT_NE(dialog, nullptr);
+                 const auto fields = dialog->findChildren<QLineEdit*>();
+                 ASSERT_EQ(fields.size(), 2);
+                 EXPECT_EQ(fields[0]->accessibleName(), "Minimum");
+                 EXPECT_EQ(fields[1]->accessibleName(), "Maximum");
+                 EXPECT_EQ(fields[1]->text(), QString::fromUtf8("2 \xC2\xB0"));
+                 EXPECT_FALSE(fields[0]->isEnabled() || fields[1]->isEnabled());
+                 // From OK past Cancel to the check box, while the fields are disabled.
+                 Press(dialog->focusWidget(), Qt::Key_Tab);
+                 Press(dialog->focusWidget(), Qt::Key_Tab);
+                 Press(dialog->focusWidget(), Qt::Key_Space);
+                 EXPECT_TRUE(fields[0]->isEnabled() && fields[1]->isEnabled());
+                 fields[1]->setFocus();
+                 fields[1]->selectAll();
+                 Type(fields[1], "12.5 \xB0");
+                 Press(fields[1], Qt::Key_Return);
+               }});
+  AxisDialog().Edit(range);
+  EXPECT_EQ(range.min, 0.5);
+  EXPECT_EQ(range.max, 12.5);
+  EXPECT_FALSE(range.autoRange);
+}
+
+TEST_F(QtMenuDialogTest, ADialogAndItsBoxEndWithTheirWindow) {
+  UiThread::SetBoxHandler(qt::OpenMessageBox);
+  AxisRange range{3.0, 2.0, false, "V"};
+  Steps steps({[] { Press(QApplication::activeModalWidget(), Qt::Key_Return); },
+               [&] {
+                 const auto* const box =
+                     qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+                 ASSERT_NE(box, nullptr);
+                 EXPECT_EQ(box->icon(), QMessageBox::Critical);
+                 End();
+               }});
+  AxisDialog().Edit(range);
+  EXPECT_TRUE(deleted);
+  EXPECT_EQ(range.min, 3.0);
+  UiThread::SetBoxHandler(nullptr);
+}
+
+TEST_F(QtMenuDialogTest, ABoxOverAHostsWidgetEndsWithIt) {
+  auto* const host = new QWidget;
+  host->setWindowTitle("qt_tests");
+  host->show();
+  Steps steps({[&] { delete host; }});
+  EXPECT_EQ(qt::OpenMessageBox({"text", "title", MB_ICONEXCLAMATION}), IDOK);
+}
+
+}  // namespace
+}  // namespace sparlow::test

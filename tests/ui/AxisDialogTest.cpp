@@ -1,0 +1,237 @@
+#include <bit>
+#include <limits>
+#include <random>
+
+#include "sparlow/platform/ErrorBox.h"
+#include "sparlow/ui/CGraphScale.h"
+#include "sparlow/ui/ValueText.h"
+#include "tests/graph/GraphTest.h"
+
+namespace sparlow {
+namespace {
+
+using test::TestDialog;
+
+constexpr double kNoLimit = std::numeric_limits<double>::infinity();
+
+TEST(ValueTextTest, ReadsWhatPeopleWrite) {
+  const struct {
+    const char* text;
+    const char* unit;
+    std::optional<double> value;
+  } cases[] = {
+      {"12.5m", "s", 12.5e-3},
+      {"12.5 ms", "s", 12.5e-3},
+      {" +1e-3 ", "s", 1e-3},
+      {"-.5", "", -0.5},
+      {"5 m", "m", 5.0},
+      {"5 mm", "m", 5e-3},
+      {"3\xC2\xB5V", "V", 3e-6},
+      {"3 \xCE\xBCV", "V", 3e-6},
+      {"3uV", "V", 3e-6},
+      {"7p", "F", 7e-12},
+      {"7 n", "F", 7e-9},
+      {"1.5 GHz", "Hz", 1.5e9},
+      {"0.1T", "", 0.1e12},
+      {"4 kV", "V", 4e3},
+      {"4MV", "V", 4e6},
+      {"20 \xC2\xB0", "\xB0", 20.0},
+      {"5e0 1/s", "1/s", 5.0},
+      {"99999.999", "V", 99999.999},
+      {"100000", "V", {}},
+      {"-1e5", "V", {}},
+      {"1e400", "V", {}},
+      {"1e-400", "V", {}},
+      {"1e99999999999", "V", {}},
+      {"five", "V", {}},
+      {"", "V", {}},
+      {"V", "V", {}},
+      {"1,5", "V", {}},
+      {"1 2", "V", {}},
+      {"nan", "V", {}},
+      {"inf", "", {}},
+      {"0x10", "V", {}},
+      {"+-1", "V", {}},
+      {"1 kHz", "V", {}},
+      {"1 KV", "V", {}},
+      {"1e", "V", {}},
+      {".", "V", {}},
+  };
+  for (const auto& c : cases)
+    EXPECT_EQ(ReadValue(c.text, c.unit, -99999.999, 99999.999), c.value) << c.text;
+}
+
+TEST(ValueTextTest, ShowsThePrefixOfTheAxisAndEveryDigit) {
+  EXPECT_EQ(ShowValue(0.0125, "s"), "12.5 ms");
+  EXPECT_EQ(ShowValue(-86400.0, "s"), "-86400 s");
+  EXPECT_EQ(ShowValue(1e6, "Hz"), "1 MHz");
+  EXPECT_EQ(ShowValue(0.0005, "%"), "0.0005 %");
+  EXPECT_EQ(ShowValue(0.1 + 0.2, ""), "0.30000000000000004");
+  EXPECT_EQ(ShowValue(0.0, "V"), "0 V");
+  EXPECT_EQ(ShowValue(2.5e-17, "V"), "2.5e-17 V");
+  EXPECT_EQ(ShowValue(20.0, "\xB0"), "20 \xC2\xB0");
+
+  std::mt19937_64 bits(4711);
+  for (int i = 0; i < 20000; ++i) {
+    const auto value = std::bit_cast<double>(bits());
+    // Every other one of a size that prefixes are for.
+    const double shown = i % 2 == 0 ? value : std::ldexp(value, -std::ilogb(value) + i % 100 - 50);
+    if (!std::isfinite(shown))
+      continue;
+    for (const char* const unit : {"", "s", "m", "V", "e5"})
+      ASSERT_EQ(ReadValue(ShowValue(shown, unit), unit, -kNoLimit, kNoLimit), shown) << unit;
+  }
+}
+
+class AxisDialogTest : public GraphTest {
+ protected:
+  AxisDialogTest() {
+    SetApplicationName("Probe");
+    UiThread::SetBoxHandler([this](const BoxRequest& box) {
+      EXPECT_EQ(box.caption, "Probe: Input error");
+      EXPECT_EQ(box.style, MB_ICONHAND | MB_TASKMODAL);
+      boxes.push_back(box.text);
+      if (onBox)
+        onBox();
+      return IDOK;
+    });
+    Fill(series, 1000);
+    series.SetUnits("V");
+    view->UpdateGraph();
+    before = axis.ver;
+  }
+  ~AxisDialogTest() override { SetApplicationName(""); }
+
+  /// Opens the dialog of the vertical axis, unticks Auto Range and enters texts; null leaves one
+  /// alone.
+  void Edit(const char* min, const char* max, int button = IDOK) {
+    Run([=](TestDialog& dialog) {
+      if (dialog.items[IDC_AUTO_RANGE].checked)
+        dialog.Click(IDC_AUTO_RANGE);
+      if (min)
+        dialog.items[IDC_MIN_VALUE].text = min;
+      if (max)
+        dialog.items[IDC_MAX_VALUE].text = max;
+      dialog.Click(button);
+    });
+  }
+  void Run(TestDialog::Script script) {
+    system.onDialog = [this, script](TestDialog& dialog) {
+      script(dialog);
+      closed = dialog.closed;
+      focus = dialog.focus;
+    };
+    boxes.clear();
+    SendMessage(view->GetSafeHwnd(), WM_SPARLOW_COMMAND, 5, 0);
+  }
+  void ExpectRange(double min, double max, bool autoRange) {
+    EXPECT_EQ(axis.ver.fixedMin, min);
+    EXPECT_EQ(axis.ver.fixedMax, max);
+    EXPECT_EQ(axis.ver.autoRange, autoRange);
+  }
+
+  AxisData before;
+  std::vector<std::string> boxes;
+  std::function<void()> onBox;
+  bool closed = false;
+  int focus = 0;
+};
+
+TEST_F(AxisDialogTest, FixesARange) {
+  Run([](TestDialog& dialog) {
+    EXPECT_FALSE(dialog.items[IDC_MIN_VALUE].enabled || dialog.items[IDC_MAX_VALUE].enabled);
+    dialog.Click(IDC_AUTO_RANGE);
+    EXPECT_TRUE(dialog.items[IDC_MIN_VALUE].enabled && dialog.items[IDC_MAX_VALUE].enabled);
+    EXPECT_EQ(dialog.items[IDC_MAX_VALUE].name, "Maximum");
+    EXPECT_EQ(dialog.items[IDC_MIN_VALUE].name, "Minimum");
+    dialog.items[IDC_MIN_VALUE].text = "-2";
+    dialog.items[IDC_MAX_VALUE].text = "-1500 mV";
+    dialog.Click(IDOK);
+  });
+  EXPECT_TRUE(closed);
+  ExpectRange(-2.0, -1.5, false);
+  EXPECT_EQ(axis.ver.min, -2.0);
+}
+
+TEST_F(AxisDialogTest, AFieldLeftAloneGivesItsValueBack) {
+  axis.ver.autoRange = false;
+  axis.ver.fixedMin = 0.1 + 0.2;
+  axis.ver.fixedMax = 1.0 / 3.0 * 1e30;
+  Edit(nullptr, nullptr);
+  EXPECT_TRUE(boxes.empty());
+  ExpectRange(0.1 + 0.2, 1.0 / 3.0 * 1e30, false);
+}
+
+TEST_F(AxisDialogTest, WhatIsRefusedIsToldAndTheDialogStays) {
+  const struct {
+    const char* min;
+    const char* max;
+    const char* told;
+    int focus;
+  } cases[] = {
+      {"1", "1", "Maximum value must be greater than minimum value.", 0},
+      {"1 V", "900 mV", "Maximum value must be greater than minimum value.", 0},
+      {"1", "high", "Maximum: \"high\" is not a number from -99999.999 to 99999.999",
+       IDC_MAX_VALUE},
+      {"1e400", "1", "Minimum: \"1e400\" is not a number", IDC_MIN_VALUE},
+  };
+  for (const auto& c : cases) {
+    Edit(c.min, c.max);
+    ASSERT_EQ(boxes.size(), 1u) << c.max;
+    EXPECT_TRUE(boxes[0].starts_with(c.told)) << boxes[0];
+    EXPECT_FALSE(closed);
+    EXPECT_EQ(focus, c.focus);
+    ExpectRange(before.fixedMin, before.fixedMax, false);
+    axis.ver.autoRange = true;
+  }
+}
+
+TEST_F(AxisDialogTest, ACancelKeepsTheNumbersAndTheLastClick) {
+  Edit("5", "7", IDCANCEL);
+  EXPECT_TRUE(closed);
+  ExpectRange(before.fixedMin, before.fixedMax, false);
+}
+
+TEST_F(AxisDialogTest, WithAutoRangeNothingIsCompared) {
+  AxisRange range{1.0, 2.0, true, "V"};
+  system.onDialog = [](TestDialog& dialog) {
+    dialog.items[IDC_MIN_VALUE].text = "9";
+    dialog.items[IDC_MAX_VALUE].text = "rubbish";
+    dialog.Click(IDOK);
+  };
+  AxisDialog().Edit(range);
+  EXPECT_TRUE(boxes.empty());
+  EXPECT_EQ(range.min, 9.0);
+  EXPECT_EQ(range.max, 2.0);
+  EXPECT_TRUE(range.autoRange);
+}
+
+TEST_F(AxisDialogTest, HelpIsSoughtBesideTheProgram) {
+  Run([](TestDialog& dialog) { dialog.AskForHelp(); });
+  ASSERT_EQ(system.help.size(), 1u);
+  EXPECT_TRUE(system.help[0].first.ends_with("/Merivox.chm"));
+  EXPECT_EQ(system.help[0].first.find("ui_tests"), std::string::npos) << system.help[0].first;
+  EXPECT_EQ(system.help[0].second, 0x200C1u);
+}
+
+TEST_F(AxisDialogTest, TheViewMayEndInsideTheDialogAndItsBox) {
+  onBox = [this] { CloseView(); };
+  Edit("2", "1");
+  EXPECT_EQ(boxes.size(), 1u);
+  Pump();
+  ExpectRange(before.fixedMin, before.fixedMax, true);
+}
+
+TEST(ErrorBoxTest, FormatsAndTitles) {
+  TestWindows system;
+  BoxRequest shown;
+  UiThread::SetBoxHandler([&](const BoxRequest& box) { return shown = box, 7; });
+  EXPECT_EQ(ShowErrorBox(MB_ICONEXCLAMATION, "Caption", "%d %s", 6, "masks"), 7);
+  EXPECT_EQ(shown.caption, ": Caption") << "an application without a name";
+  EXPECT_EQ(shown.text, "6 masks");
+  ShowErrorBox(0, "", "%s\xC3\xA4", std::string(1022, 'x').c_str());
+  EXPECT_EQ(shown.text, std::string(1022, 'x')) << "never inside a character";
+}
+
+}  // namespace
+}  // namespace sparlow
