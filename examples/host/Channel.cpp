@@ -1,9 +1,11 @@
 #include "examples/host/Channel.h"
 
 #include <cmath>
+#include <limits>
 #include <stdexcept>
 
 #include "examples/host/Summary.h"
+#include "sparlow/platform/Windows.h"
 #include "sparlow/platform/qt/Application.h"
 
 namespace sparlow::host {
@@ -45,8 +47,34 @@ Channel::Channel(std::unique_ptr<SampleSource> source, GraphColors& colors, int 
 
 Channel::~Channel() {
   feeder_.Stop();
+  recalculate_ = false;
+  if (statistics_.joinable())
+    statistics_.join();
   view_->DestroyWindow();
   series_.Term();
+}
+
+bool Channel::Settled() const {
+  return feeder_.Finished() && !calculating_ && !view_->RenderDue();
+}
+
+void Channel::Recalculate() {
+  if (!feeder_.Finished())
+    return;
+  recalculate_ = true;
+  if (calculating_.exchange(true))
+    return;
+  // The one before has nothing left to do.
+  statistics_ = std::jthread([this] {
+    constexpr double most = std::numeric_limits<double>::max();
+    do {
+      while (recalculate_.exchange(false))
+        series_.CalculateStatParams(-most, most);
+      PostMessage(view_->GetSafeHwnd(), WM_UPDATE_GRAPH, 0, 0);
+      calculating_ = false;
+      // Asked for again meanwhile, when nobody else could have begun.
+    } while (recalculate_ && !calculating_.exchange(true));
+  });
 }
 
 std::string Channel::Status() const {

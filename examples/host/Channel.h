@@ -1,7 +1,9 @@
 #pragma once
 
+#include <atomic>
 #include <memory>
 #include <string>
+#include <thread>
 
 #include "examples/host/Feeder.h"
 #include "sparlow/axis/GraphAxis.h"
@@ -26,10 +28,16 @@ class Channel {
   Feeder& Feed() { return feeder_; }
   std::string Name() const { return source_->Name(); }
   double Progress() const { return source_->Progress(); }
-  const SourceData& Series() const { return series_; }
+  const ViewData& Series() const { return series_; }
+  const GraphAxis& Axis() const { return axis_; }
   SampleReader Samples() const { return series_.Read(); }
   /// What is going on, in plain words.
   std::string Status() const;
+  /// Nothing of the series is under way: neither samples, nor statistics, nor a render.
+  bool Settled() const;
+  /// Works out the statistics anew, on a thread of its own, and updates the view then. A call
+  /// during such work makes it start over. Does nothing while samples come: their end does it.
+  void Recalculate();
 
  private:
   const std::unique_ptr<SampleSource> source_;
@@ -37,6 +45,9 @@ class Channel {
   GraphAxis axis_;
   CSingleGraphView* const view_;  // deletes itself with its window
   Feeder feeder_;
+  std::atomic<bool> recalculate_{false};  // asked for, and not begun
+  std::atomic<bool> calculating_{false};
+  std::jthread statistics_;
 };
 
 }  // namespace sparlow::host

@@ -24,7 +24,7 @@ void Feeder::Start() {
 }
 
 void Feeder::run(const std::stop_token& stop) {
-  series_.InitDataTransfer(false);
+  series_.InitDataTransfer(source_.IsWaveform());
   bool outOfMemory = false;
   try {
     transfer(stop);
@@ -65,7 +65,7 @@ void Feeder::transfer(const std::stop_token& stop) {
 void Feeder::transferBlock() {
   series_.InitBlockTransfer();
   for (const Sample& sample : block_)
-    series_.Add(sample.x, sample.y);
+    series_.Add(sample.x, sample.y, sample.rising);
   series_.TermBlockTransfer();
 }
 

@@ -87,12 +87,14 @@ constexpr Option kOptions[] = {
      [](HostOptions& o, std::string_view n, std::string_view v) {
        o.last = count(n, v, 1, kMaxSamples, "a whole number from 1 to 2147483647");
      }},
-    {"--rate", "HZ", "files have one column, of HZ samples in a second",
+    {"--rate", "HZ", "files of text have one column, of HZ samples in a second",
      [](HostOptions& o, std::string_view n, std::string_view v) {
        o.rate = positive(n, v, 1e12, "a number of samples per second above 0");
      }},
-    {"--unit", "UNIT", "unit of the values in files, such as V",
+    {"--unit", "UNIT", "unit of the values in files, such as V; of sound FS, full scale",
      [](HostOptions& o, std::string_view, std::string_view v) { o.unit = v; }},
+    {"--edges", "", "show edges: where delays cross their median, values zero; 8192 at most",
+     [](HostOptions& o, std::string_view, std::string_view) { o.edges = true; }},
     {"--synthetic", "N", "make a record of N samples, such as 500k or 100M", takeSynthetic},
     {"--seed", "N", "choose another synthetic record (1)",
      [](HostOptions& o, std::string_view n, std::string_view v) {
@@ -176,11 +178,11 @@ std::string HelpText() {
       "       sparlow-host [OPTION...] FILE...    show recorded data\n"
       "       sparlow-host --synthetic N          show a long made-up record\n"
       "\n"
-      "A file has a line for each sample: x and y, or y alone with --rate. Blanks, tabs, a comma "
-      "or\n"
-      "a semicolon separate them; further columns are ignored. Empty lines and lines that begin\n"
-      "with #, % or ; are skipped, and so are samples that are not finite or whose x goes back.\n"
-      "A line that is no sample ends its file; what came before is shown.\n"
+      "A file of text has a line for each sample: x and y, or y alone with --rate. Blanks, tabs,\n"
+      "a comma or a semicolon separate them; further columns are ignored. Empty lines and lines\n"
+      "that begin with #, % or ; are skipped, and so are samples that are not finite or whose x\n"
+      "goes back. A line that is no sample ends its file; what came before is shown. Of a sound\n"
+      "file (.wav, .flac, .ogg and others) the first channel is shown.\n"
       "\n";
   for (const Option& option : kOptions) {
     std::string left = "  " + std::string(option.name) + " " + std::string(option.value);

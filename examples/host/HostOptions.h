@@ -22,6 +22,7 @@ struct HostOptions {
   std::uint64_t seed = 1;         ///< of the synthetic record
   unsigned period = 1000;         ///< of the timer, in microseconds
   std::optional<double> seconds;  ///< after which the program ends
+  bool edges = false;             ///< show crossings of a level in place of the samples
   unsigned last = 0;              ///< newest samples on show; 0 is all of them
   int scheme = 0;                 ///< number of a colour scheme
   int width = 1000;               ///< of a graph, in pixels

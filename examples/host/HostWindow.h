@@ -10,8 +10,8 @@ class QTabWidget;
 
 namespace sparlow::host {
 
-/// The program's window: a tab for each view, or just the view when there is one, over a status bar
-/// with plain words and a progress bar.
+/// The program's window: a menu bar, a tab for each view, or just the view when there is one, the
+/// readouts below it, and a status bar with plain words and a progress bar.
 /// Threads: the window's.
 class HostWindow : public QMainWindow {
  public:
@@ -21,10 +21,17 @@ class HostWindow : public QMainWindow {
   std::function<bool()> mayClose;
   /// Told when another view comes to the front.
   std::function<void(int index)> activated;
+  /// Told when the wheel is turned over a view, by so many notches, up if positive.
+  std::function<void(int notches)> wheelTurned;
 
   /// Takes a view's widget; the window that it belongs to ends before this one.
   void AddView(QWidget* widget, const std::string& name);
-  /// Shows the window with so many pixels around the views' own size.
+  /// Takes the widget that goes below the views.
+  void AddReadouts(QWidget* widget);
+  /// Brings a view to the front.
+  void BringForward(int index);
+  /// Shows the window with so many pixels around the views' own size, the view in front with the
+  /// keyboard focus.
   void ShowFor(int width, int height);
   int Current() const;
   /// share from 0 to 1 of a work that is under way; anything else hides the bar.
@@ -34,6 +41,7 @@ class HostWindow : public QMainWindow {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   void raise(int index);
@@ -42,6 +50,7 @@ class HostWindow : public QMainWindow {
   QLabel* status_;
   QLabel* complaint_;
   QProgressBar* progress_;
+  int turned_ = 0;  // of the wheel, what doesn't make a notch yet
 };
 
 }  // namespace sparlow::host

@@ -6,11 +6,12 @@
 
 namespace sparlow::host {
 
-/// One point of a record: x in seconds, y in the unit of its source.
+/// One point of a record: x in seconds, y in the unit of its source. An edge also has a direction.
 /// Threads: a value.
 struct Sample {
   double x;
   double y;
+  bool rising = false;
   friend bool operator==(const Sample&, const Sample&) = default;
 };
 
@@ -27,6 +28,8 @@ class SampleSource {
   virtual std::string Name() const = 0;
   /// Unit of y; may be empty.
   virtual std::string Unit() const = 0;
+  /// The samples are edges; there are at most 8192.
+  virtual bool IsWaveform() const { return false; }
   /// What goes on while samples come, as a word for the status bar.
   virtual std::string Activity() const = 0;
   /// Puts the next samples, x ascending, in place of what block holds; it may find none for the

@@ -1,10 +1,12 @@
 #include "examples/host/Session.h"
 
+#include <QMenuBar>
 #include <algorithm>
 #include <cstdio>
 #include <utility>
 
 #include "examples/host/Summary.h"
+#include "sparlow/platform/Windows.h"
 
 namespace sparlow::host {
 
@@ -31,7 +33,64 @@ Session::Session(qt::Application& application, const HostOptions& options, Error
       colors_(options.scheme) {
   window_.mayClose = [this] { return mayClose(); };
   window_.activated = [this](int index) { bringForward(index); };
+  window_.AddReadouts(infoBar_.Widget());
+  addMenus();
+  answerViews();
   QObject::connect(&timer_, &QTimer::timeout, &window_, [this] { tick(); });
+}
+
+Session::~Session() {
+  Graph::SetInfoBar(nullptr);
+}
+
+void Session::addMenus() {
+  FillMenuBar(*window_.menuBar(), options_.scheme,
+              {.command = [this](ViewCommand which) { command(which); },
+               .takeScheme = [this](int scheme) { takeScheme(scheme); },
+               .repaint =
+                   [this] {
+                     for (const auto& channel : channels_)
+                       InvalidateRect(channel->View().GetSafeHwnd(), nullptr, true);
+                   },
+               .recalculate =
+                   [this] {
+                     for (const auto& channel : channels_)
+                       channel->Recalculate();
+                   },
+               .close = [this] { window_.close(); }});
+  window_.wheelTurned = [this](int notches) {
+    for (int i = 0; i < std::abs(notches); ++i)
+      command(notches > 0 ? ViewCommand::zoomIn : ViewCommand::zoomOut);
+  };
+  infoBar_.cursorMoved = [this] {
+    if (Channel* const channel = current(); channel && SourceData::AnalyzeDataBetweenCursors)
+      channel->Recalculate();
+  };
+}
+
+void Session::answerViews() {
+  mainWindow_.focused = [this](const CSingleGraphView* view) { bringForward(view); };
+  mainWindow_.doubleClicked = [this](const CSingleGraphView* view) {
+    bringForward(view);
+    command(ViewCommand::showAll);
+  };
+}
+
+Channel* Session::current() const {
+  const auto index = static_cast<std::size_t>(window_.Current());
+  return index < channels_.size() ? channels_[index].get() : nullptr;
+}
+
+void Session::command(ViewCommand command) {
+  if (Channel* const channel = current()) {
+    PostMessage(channel->View().GetSafeHwnd(), WM_SPARLOW_COMMAND, static_cast<WPARAM>(command), 0);
+  }
+}
+
+void Session::takeScheme(int scheme) {
+  colors_.LoadScheme(scheme);
+  for (const auto& channel : channels_)
+    channel->View().SetColors(colors_);
 }
 
 void Session::Add(std::unique_ptr<SampleSource> source) {
@@ -42,6 +101,7 @@ void Session::Add(std::unique_ptr<SampleSource> source) {
 }
 
 void Session::Run() {
+  Graph::SetInfoBar(infoBar_.GetSafeHwnd());
   bringForward(0);
   window_.ShowFor(options_.width, options_.height);
   clock_.start();
@@ -58,6 +118,35 @@ void Session::Run() {
 void Session::bringForward(int index) {
   for (std::size_t i = 0; i < channels_.size(); ++i)
     channels_[i]->View().SetActive(static_cast<int>(i) == index);
+  showReadouts();
+}
+
+void Session::bringForward(const CSingleGraphView* view) {
+  const auto found = std::find_if(channels_.begin(), channels_.end(),
+                                  [&](const auto& channel) { return &channel->View() == view; });
+  if (found == channels_.end())
+    return;
+  const auto index = static_cast<int>(found - channels_.begin());
+  // A new tab in front comes back here by itself.
+  if (index != window_.Current())
+    window_.BringForward(index);
+  else
+    bringForward(index);
+}
+
+void Session::showReadouts() {
+  infoBar_.Clear();
+  if (Channel* const channel = current())
+    PostMessage(channel->View().GetSafeHwnd(), WM_UPDATE_GRAPH, 0, 0);
+}
+
+void Session::settleReadouts() {
+  // A graph behind the one in front has sent its statistics with its last update.
+  const auto settled = std::count_if(
+      channels_.begin(), channels_.end(),
+      [this](const auto& channel) { return channel.get() != current() && channel->Settled(); });
+  if (settled > std::exchange(settled_, settled))
+    showReadouts();
 }
 
 void Session::tick() {
@@ -72,15 +161,15 @@ void Session::tick() {
   takePictures();
   if (!finished_ && allFinished())
     finish();
+  settleReadouts();
   endIfDone();
 }
 
 void Session::showStatus() {
-  const int current = window_.Current();
-  if (current < 0)
+  const Channel* const channel = current();
+  if (!channel)
     return;
-  const Channel& channel = *channels_[static_cast<std::size_t>(current)];
-  window_.SetStatus(channel.Status(), channel.Progress());
+  window_.SetStatus(channel->Status(), channel->Progress());
   window_.SetComplaint(log_.Last());
 }
 
@@ -117,7 +206,7 @@ void Session::finish() {
     anySamples_ = anySamples_ || !samples.empty();
     if (samples.empty())
       continue;
-    const std::string line = options_.job == HostOptions::Job::measure
+    const std::string line = options_.job == HostOptions::Job::measure && !options_.edges
                                  ? DescribeDelays(samples)
                                  : DescribeSeries(channel->Series());
     std::puts(line.c_str());

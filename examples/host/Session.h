@@ -8,8 +8,11 @@
 #include <vector>
 
 #include "examples/host/Channel.h"
+#include "examples/host/HostMenu.h"
 #include "examples/host/HostOptions.h"
 #include "examples/host/HostWindow.h"
+#include "examples/host/InfoBar.h"
+#include "examples/host/MainWindow.h"
 #include "sparlow/graph/GraphColors.h"
 #include "sparlow/platform/qt/Application.h"
 
@@ -24,8 +27,13 @@ class Session {
   /// the window, the second at once. All must outlive the session.
   Session(qt::Application& application, const HostOptions& options, ErrorLog& log,
           const volatile std::sig_atomic_t& interrupts);
+  Session(const Session&) = delete;
+  Session& operator=(const Session&) = delete;
+  ~Session();
 
   void Add(std::unique_ptr<SampleSource> source);
+  /// A source on show, counted from 0 in the order of Add, until Run returns.
+  Channel& At(std::size_t index) { return *channels_.at(index); }
   /// Returns when the run is over. Not twice.
   void Run();
   /// Something was shown.
@@ -37,6 +45,18 @@ class Session {
     Channel* channel;
     std::string path;
   };
+
+  void addMenus();
+  void answerViews();
+  /// Null before there is one.
+  Channel* current() const;
+  /// Carries out a command of the view in front.
+  void command(ViewCommand command);
+  void takeScheme(int scheme);
+  void bringForward(const CSingleGraphView* view);
+  /// Readouts of the view in front, in place of any other's.
+  void showReadouts();
+  void settleReadouts();
 
   void tick();
   void showStatus();
@@ -57,12 +77,15 @@ class Session {
   const bool hasDisplay_;
   GraphColors colors_;
   HostWindow window_;
+  InfoBar infoBar_;
+  MainWindow mainWindow_;
   std::vector<std::unique_ptr<Channel>> channels_;  // go before the window
   QTimer timer_;
   QElapsedTimer clock_;
   std::vector<DuePicture> duePictures_;
   std::vector<std::string> pictures_;  // that were taken and not told yet
   int stage_ = 0;
+  std::ptrdiff_t settled_ = 0;  // channels behind the one in front
   bool closing_ = false;
   bool finished_ = false;
   bool anySamples_ = false;

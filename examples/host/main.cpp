@@ -7,8 +7,10 @@
 #include <stdexcept>
 #include <system_error>
 
+#include "examples/host/EdgeSource.h"
 #include "examples/host/FileSource.h"
 #include "examples/host/Session.h"
+#include "examples/host/SoundSource.h"
 #include "examples/host/SyntheticSource.h"
 #include "examples/host/TimerSource.h"
 #include "sparlow/platform/UiThread.h"
@@ -37,6 +39,17 @@ void countInterrupts() {
   sigaction(SIGTERM, &action, nullptr);
 }
 
+/// A source of samples from a file; null, and the log is told, when it can't be opened.
+std::unique_ptr<host::SampleSource> openFile(const std::string& file, const HostOptions& options,
+                                             host::ErrorLog& log) {
+  if (host::SoundSource::IsSound(file)) {
+    auto sound = std::make_unique<host::SoundSource>(file, options.unit, log);
+    return sound->Open() ? std::move(sound) : nullptr;
+  }
+  auto text = std::make_unique<host::FileSource>(file, options.rate, options.unit, log);
+  return text->Open() ? std::move(text) : nullptr;
+}
+
 /// The sources that the command line asks for and that can be had.
 std::vector<std::unique_ptr<host::SampleSource>> openSources(const HostOptions& options,
                                                              host::ErrorLog& log) {
@@ -48,9 +61,15 @@ std::vector<std::unique_ptr<host::SampleSource>> openSources(const HostOptions& 
     sources.push_back(std::make_unique<host::SyntheticSource>(options.samples, options.seed));
   }
   for (const std::string& file : options.files) {
-    auto source = std::make_unique<host::FileSource>(file, options.rate, options.unit, log);
-    if (source->Open())
+    if (auto source = openFile(file, options, log))
       sources.push_back(std::move(source));
+  }
+  if (options.edges) {
+    const bool delays = options.job == HostOptions::Job::measure;
+    for (auto& source : sources) {
+      source = std::make_unique<host::EdgeSource>(
+          std::move(source), delays ? std::nullopt : std::optional<double>(0.0));
+    }
   }
   return sources;
 }

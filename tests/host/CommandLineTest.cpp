@@ -86,6 +86,30 @@ TEST_F(CommandLine, EachFileIsShownOrSaidToBeBad) {
   EXPECT_EQ(Pictures("some"), "finished-1.png finished-2.png");
 }
 
+TEST_F(CommandLine, EdgesAreMarkedInTwoColours) {
+  QByteArray record;
+  for (int i = 0; i < 1000; ++i)
+    record += i / 7 % 3 == 0 ? "-1\n" : "1\n";
+  Write("steps", record.constData());
+  Expect({"steps", "--rate", "1000", "--edges"}, 0, "");
+  ExpectOutput("^steps, edges: 94 samples, x 0.0205 to 0.9935, y 0.007 to 0.014\n");
+  const QImage picture(folder.filePath("pictures/finished.png"));
+  int falling = 0;
+  int rising = 0;
+  for (int i = 0; i < picture.width() * picture.height(); ++i) {
+    const QRgb pixel = picture.pixel(i % picture.width(), i / picture.width());
+    falling += pixel == qRgb(0xFF, 0xC0, 0);
+    rising += pixel == qRgb(0xFF, 0x20, 0);
+  }
+  EXPECT_GT(falling, 100);
+  EXPECT_GT(rising, 100);
+  Write("text.wav", "0 1\n");
+  Start({"text.wav"});
+  ASSERT_TRUE(host.waitForFinished(120'000));
+  EXPECT_EQ(host.exitCode(), 2);
+  EXPECT_TRUE(host.readAllStandardError().startsWith("sparlow-host: text.wav: "));
+}
+
 TEST_F(CommandLine, WithNothingToShowItFailsWithoutPictures) {
   Write("nan", "0 nan\n");
   Expect({"nosuch"}, 2, "sparlow-host: nosuch: No such file or directory\n");

@@ -26,12 +26,14 @@ TEST(HostOptions, ChooseTheJobAndTakeTheirValuesEitherWay) {
   EXPECT_EQ(files.job, Job::files);
   EXPECT_EQ(files.files, (std::vector<std::string>{"a", "-", "--rate"}));
   EXPECT_EQ(files.rate, 2.5);
-  const HostOptions options = parse({"--seconds", "0.5", "--period=250", "--last", "100",
+  const HostOptions options = parse({"--seconds", "0.5", "--period=250", "--last", "100", "--edges",
                                      "--scheme=3", "--size", "640x480", "--pictures=out dir"});
   EXPECT_EQ(options.seconds, 0.5);
   EXPECT_EQ(options.period, 250u);
   EXPECT_EQ(options.last, 100u);
   EXPECT_EQ(options.scheme, 3);
+  EXPECT_TRUE(options.edges);
+  EXPECT_FALSE(files.edges);
   EXPECT_EQ(options.width, 640);
   EXPECT_EQ(options.height, 480);
   EXPECT_EQ(options.pictures, "out dir");
