@@ -55,6 +55,11 @@ void Cursor::Clear(HDC dc, HDC memDC) const {
                  SRCCOPY);
 }
 
+void Cursor::Erase(HDC dc, HDC memDC) {
+  Clear(dc, memDC);
+  rect = {};
+}
+
 void Cursor::Draw(HDC dc, HDC memDC, int x, int y, int height) {
   if (memDC)
     Clear(dc, memDC);

@@ -13,6 +13,8 @@ class Cursor {
   /// Copies what lies under the last marker back from memDC, which holds the frame; both contexts
   /// have the origin of the plot.
   void Clear(HDC dc, HDC memDC) const;
+  /// Clear, and nothing is left to be erased.
+  void Erase(HDC dc, HDC memDC);
   /// Takes the last marker away and draws one at a plot point (x, y) of a plot of this height: at
   /// the point itself, or as an arrow at the plot's edge in column x when the point lies above or
   /// below. A null memDC is paper: nothing is taken away, and rect stays that of the window.

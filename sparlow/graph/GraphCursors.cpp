@@ -38,6 +38,11 @@ void Graph::drawMarkers(HDC dc, HDC frame, const CRect& area) {
   const int top = area.top + TopOffset(series);
   CDC(dc).SetViewportOrg(left, top);
   CDC(frame).SetViewportOrg(left, top);
+  // Both before either is drawn: where one stood the other may come to stand.
+  if (frame) {
+    lCursor->Erase(dc, frame);
+    rCursor->Erase(dc, frame);
+  }
   lCursor->Draw(dc, frame, series->xLCursorPosGet(axis), series->yLCursorPosGet(axis), height);
   rCursor->Draw(dc, frame, series->xRCursorPosGet(axis), series->yRCursorPosGet(axis), height);
 }

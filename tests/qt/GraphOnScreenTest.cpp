@@ -157,6 +157,7 @@ TEST_F(GraphOnScreen, AMarkerLeavesNothingBehind) {
       markersAt(1100 + 7 * step, 3100 + 7 * step);
       EXPECT_NE(Pixels(), before);
       markersAt(3 * step, 4600 + 7 * step);
+      markersAt(600, 1500);  // where the left one comes to stand
       markersAt(1500, 2800);
       ASSERT_EQ(Pixels(), before) << style << ", step " << step;
     }

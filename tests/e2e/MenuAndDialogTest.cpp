@@ -1,0 +1,147 @@
+// The popup menu and the dialog that fixes an axis.
+
+#include <QCheckBox>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMessageBox>
+#include <QPushButton>
+#include <algorithm>
+
+#include "sparlow/graph/GraphColors.h"
+#include "sparlow/platform/Text.h"
+#include "tests/e2e/ScreenTest.h"
+
+namespace sparlow::host {
+
+namespace {
+
+class MenuAndDialog : public ScreenTest {
+ protected:
+  /// Where something is on the screen; null while it isn't there.
+  using Place = std::function<QPoint()>;
+
+  static QPoint MiddleOf(const QWidget* widget) {
+    return widget && widget->isVisible() ? widget->mapToGlobal(widget->rect().center()) : QPoint();
+  }
+  static QPoint ItemPlace(const QString& text) {
+    for (QWidget* const widget : QApplication::topLevelWidgets()) {
+      const auto* const menu = qobject_cast<QMenu*>(widget);
+      if (!menu || !menu->isVisible())
+        continue;
+      for (QAction* const action : menu->actions()) {
+        if (action->text().section('\t', 0, 0) == text)
+          return menu->mapToGlobal(menu->actionGeometry(action).center());
+      }
+    }
+    return {};
+  }
+  template <class Kind>
+  static Kind* InDialog(const QString& name) {
+    const QWidget* const dialog = QApplication::activeModalWidget();
+    for (Kind* const found : dialog ? dialog->findChildren<Kind*>() : QList<Kind*>()) {
+      if (found->accessibleName() == name || found->property("text").toString() == name)
+        return found;
+    }
+    return nullptr;
+  }
+
+  void Click(const char* what, const Place& place, const QString& clicks = "click 1") {
+    Await(what, [&] { return !place().isNull(); });
+    Do(To(InHost(place)) + "sleep 0.1 " + clicks);
+  }
+  void ClickItem(const char* text) {
+    Click(text, [=] { return ItemPlace(text); });
+  }
+  void Type(const char* field, const char* text) {
+    Click(field, [=] { return MiddleOf(InDialog<QLineEdit>(field)); });
+    Do(QString("key ctrl+a type ") + text);
+  }
+  void Press(const char* button) {
+    Click(button, [=] { return MiddleOf(InDialog<QPushButton>(button)); });
+  }
+  void OpenRangeDialog() {
+    Do(To(0.5, 0.4) + "click 3");
+    ClickItem("Vertical Axis");
+    ClickItem("Set Range...");
+    Await("the dialog", [] { return InDialog<QLineEdit>("Maximum") != nullptr; });
+  }
+  void ClickAutoRange() {
+    Click("Auto Range", [] {
+      // On the box itself: the text may end before the middle.
+      const auto* const box = InDialog<QCheckBox>("Auto Range");
+      return box ? box->mapToGlobal(QPoint(8, box->height() / 2)) : QPoint();
+    });
+  }
+  /// Whether the left edge of the plot is the heavy line of a fixed axis.
+  bool LineIsHeavy() {
+    const QPoint edge =
+        InHost([this] { return PlotOrigin() + QPoint(0, PlotSize().height() / 3); });
+    const COLORREF color = GraphColors(0).fixedAxis;
+    return Pixels().pixel(edge) == qRgb(color & 0xFF, color >> 8 & 0xFF, color >> 16 & 0xFF);
+  }
+};
+
+TEST_F(MenuAndDialog, CommandsByMouseAndByKeyboard) {
+  RunKnownFile([this] {
+    const Shown whole = Settled();
+    Drag(To(0.3, 0.3), To(0.6, 0.7));
+    Do("mouseup 1");
+    Await("a zoom", [&] { return Look().to < whole.to; });
+    Do(To(0.4, 0.4) + "click 3");
+    Await("the menu", [] { return !ItemPlace("Zoom In To Cursors").isNull(); });
+    Picture("6-menu");
+    ClickItem("Zoom Out Full Graph");
+    Await("all samples", [&] { return Look().to - Look().from == whole.size; });
+    EXPECT_EQ(Settled().xMax, whole.xMax);
+
+    Do(To(0.4, 0.4) + "click 3");
+    Await("the menu", [] { return !ItemPlace("Zoom In").isNull(); });
+    Do("key Down key Return");
+    Await("half of them", [&] { return Look().to - Look().from <= whole.size / 2 + 1; });
+    Do("sleep 0.3 click 3");
+    Await("the menu", [] { return !ItemPlace("Zoom In").isNull(); });
+    const Shown before = Settled();
+    Do("key Escape");
+    Await("no menu", [] { return QApplication::activePopupWidget() == nullptr; });
+    EXPECT_EQ(Settled(), before);
+    Close();
+  });
+}
+
+TEST_F(MenuAndDialog, TheVerticalAxisIsFixedAndGivenBack) {
+  RunKnownFile([this] {
+    const Shown automatic = Settled();
+    EXPECT_FALSE(LineIsHeavy());
+    OpenRangeDialog();
+    EXPECT_FALSE(InHost([] { return InDialog<QLineEdit>("Maximum")->isEnabled(); }));
+    ClickAutoRange();
+    Await("open fields", [] { return InDialog<QLineEdit>("Maximum")->isEnabled(); });
+    Type("Minimum", "4");
+    Type("Maximum", "2");
+    Press("OK");
+    Await("a complaint",
+          [] { return qobject_cast<QMessageBox*>(QApplication::activeModalWidget()) != nullptr; });
+    Picture("7-complaint");
+    Do("key Return");
+    Await("the dialog again", [] { return InDialog<QLineEdit>("Maximum") != nullptr; });
+    Type("Maximum", "12.5");
+    Picture("7-dialog");
+    Press("OK");
+    Await("the fixed range", [this] { return Look().yMin == 4 && Look().yMax == 12.5; });
+    EXPECT_EQ(Settled().xMax, automatic.xMax);
+    EXPECT_TRUE(LineIsHeavy());
+    Picture("7-fixed");
+
+    OpenRangeDialog();
+    ClickAutoRange();
+    Press("OK");
+    Await("the automatic range", [&] { return Look().yMax == automatic.yMax; });
+    EXPECT_EQ(Settled(), automatic);
+    EXPECT_FALSE(LineIsHeavy());
+    Close();
+  });
+}
+
+}  // namespace
+
+}  // namespace sparlow::host
