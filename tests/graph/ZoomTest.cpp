@@ -40,7 +40,9 @@ class ZoomTest : public GraphTest {
     constexpr void (Graph::*zooms[])() = {&Graph::ZoomInByPoint, &Graph::ZoomInByCursor,
                                           &Graph::ZoomInBySample, &Graph::ZoomOutBySample,
                                           &Graph::ZoomOutFull};
-    (TheGraph().*zooms[kind])();
+    // Taken out first: GCC 12's sanitizers trip over the call of an array's element.
+    const auto zoom = zooms[kind];
+    (TheGraph().*zoom)();
   }
   void SetVer(double min, double max) {
     view->ChangeAxes([=](GraphAxis& axes) { axes.SetVer(min, max); });
