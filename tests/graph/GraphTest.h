@@ -57,6 +57,11 @@ class GraphTest : public ::testing::Test {
   }
   ~GraphTest() override {
     series.OpenGate();
+    if (view) {
+      // They may use what the test had on its stack.
+      view->afterMessage = nullptr;
+      view->onOverlay = nullptr;
+    }
     CloseView();
     SetThreadStarter(nullptr);
     SourceData::nLastSamplesToDraw = 0;
