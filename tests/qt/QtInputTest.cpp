@@ -49,8 +49,9 @@ class QtInputTest : public QtTest {
     return Mouse(Area().viewport(), type, at, button,
                  type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::MouseButtons(button));
   }
-  bool Key(QEvent::Type type, int key, bool repeat = false) {
+  bool Key(QEvent::Type type, int key, bool repeat = false, quint64 time = 0) {
     QKeyEvent event(type, key, Qt::ShiftModifier, QString(), repeat);
+    event.setTimestamp(time);
     return QCoreApplication::sendEvent(&Area(), &event) && event.isAccepted();
   }
   /// A bar in the middle of a long range, shown.
@@ -133,6 +134,38 @@ TEST_F(QtInputTest, AHeldKeyRepeatsWithoutKeyUp) {
                                      {WM_KEYDOWN, VK_LEFT},
                                      {WM_KEYUP, VK_LEFT},
                                      {WM_KEYUP, VK_SHIFT}}));
+}
+
+TEST_F(QtInputTest, AReleaseAndAPressOfOneTimeAreARepeat) {
+  const auto stroke = [this](QEvent::Type type, int key, quint64 time) {
+    Key(type, key, false, time);
+  };
+  const auto messages = [this] { return std::exchange(told, {}); };
+  stroke(QEvent::KeyPress, Qt::Key_Left, 100);
+  for (const quint64 time : {600, 640}) {
+    stroke(QEvent::KeyRelease, Qt::Key_Left, time);
+    stroke(QEvent::KeyPress, Qt::Key_Left, time);
+  }
+  const Told down{WM_KEYDOWN, VK_LEFT}, up{WM_KEYUP, VK_LEFT};
+  EXPECT_EQ(messages(), (std::vector<Told>{down, down, down}));
+  // Fast fingers: another time, another key, or no press at all.
+  stroke(QEvent::KeyRelease, Qt::Key_Left, 680);
+  stroke(QEvent::KeyPress, Qt::Key_Left, 681);
+  EXPECT_EQ(messages(), (std::vector<Told>{up, down}));
+  stroke(QEvent::KeyRelease, Qt::Key_Left, 700);
+  stroke(QEvent::KeyPress, Qt::Key_Right, 700);
+  EXPECT_EQ(messages(), (std::vector<Told>{up, {WM_KEYDOWN, VK_RIGHT}}));
+  stroke(QEvent::KeyRelease, Qt::Key_Right, 720);
+  EXPECT_TRUE(told.empty());
+  while (told.empty())
+    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+  EXPECT_EQ(messages(), (std::vector<Told>{{WM_KEYUP, VK_RIGHT}}));
+  // The focus doesn't go with a key still down.
+  stroke(QEvent::KeyPress, Qt::Key_Left, 800);
+  stroke(QEvent::KeyRelease, Qt::Key_Left, 820);
+  QFocusEvent away(QEvent::FocusOut, Qt::MouseFocusReason);
+  QCoreApplication::sendEvent(&Area(), &away);
+  EXPECT_EQ(messages()[1], up);
 }
 
 TEST_F(QtInputTest, FocusAndActivationAreToldOnceEachAndNotForMenus) {

@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPixmap>
+#include <QTimer>
 #include <cmath>
 #include <utility>
 
@@ -100,20 +101,54 @@ void QtWindow::setPointer(HCURSOR shape) {
 bool QtWindow::Key(bool down, const QKeyEvent& event) {
   const WPARAM key = nameOf(event.key());
   // Between the repeats of a held key Qt tells releases that nobody has made.
-  const bool told = key != 0 && (down || !event.isAutoRepeat());
-  if (told && !UiThread::InWait()) {
-    // What an event of the shift key itself says about it depends on the system.
-    Qt::KeyboardModifiers modifiers = event.modifiers();
-    if (key == VK_SHIFT)
-      modifiers.setFlag(Qt::ShiftModifier, down);
-    system_.NoteInput(nullptr, modifiers);
-    constexpr LPARAM once = 1;
-    constexpr LPARAM wasDown = 1 << 30;
-    const auto site = site_.shared_from_this();
-    site->Send(down ? WM_KEYDOWN : WM_KEYUP, key,
-               event.isAutoRepeat() || !down ? once | wasDown : once);
-  }
+  if (key != 0 && (down || !event.isAutoRepeat()))
+    keyEvent(down, key, event);
   return key == VK_LEFT || key == VK_RIGHT;
+}
+
+void QtWindow::keyEvent(bool down, WPARAM key, const QKeyEvent& event) {
+  // What an event of the shift key itself says about it depends on the system.
+  Qt::KeyboardModifiers modifiers = event.modifiers();
+  if (key == VK_SHIFT)
+    modifiers.setFlag(Qt::ShiftModifier, down);
+  const KeyStroke now{key, event.timestamp(), modifiers};
+  const bool repeats =
+      down && heldRelease_ && heldRelease_->key == key && heldRelease_->time == event.timestamp();
+  const auto site = site_.shared_from_this();
+  if (repeats)
+    heldRelease_.reset();
+  else
+    tellRelease();
+  if (!site->peer())
+    return;
+  // X repeats a key by a release and a press of one time, which Qt joins only if both are there
+  // already. So a release waits a little for its press; one without a time has no such pair.
+  if (!down && event.timestamp() != 0 && widget_) {
+    heldRelease_ = now;
+    constexpr int pairGap = 20;
+    QTimer::singleShot(pairGap, widget_, [site, time = now.time] {
+      auto* const window = static_cast<QtWindow*>(site->peer());
+      if (window && window->heldRelease_ && window->heldRelease_->time == time)
+        window->tellRelease();
+    });
+    return;
+  }
+  tellKey(down, now, repeats || event.isAutoRepeat());
+}
+
+void QtWindow::tellRelease() {
+  if (heldRelease_)
+    tellKey(false, *std::exchange(heldRelease_, std::nullopt), true);
+}
+
+void QtWindow::tellKey(bool down, const KeyStroke& stroke, bool before) {
+  if (UiThread::InWait())
+    return;
+  system_.NoteInput(nullptr, stroke.modifiers);
+  constexpr LPARAM once = 1;
+  constexpr LPARAM wasDown = 1 << 30;
+  const auto site = site_.shared_from_this();
+  site->Send(down ? WM_KEYDOWN : WM_KEYUP, stroke.key, before ? once | wasDown : once);
 }
 
 void QtWindow::Scrolled(int bar, int code, int position) {
@@ -136,6 +171,10 @@ void QtWindow::SetScrollInfo(int bar, const SCROLLINFO& info) {
 }
 
 void QtWindow::FocusChanged(bool focused) {
+  const auto site = site_.shared_from_this();
+  tellRelease();
+  if (!site->peer())
+    return;
   focused_ = focused;
   tellFocus();
 }

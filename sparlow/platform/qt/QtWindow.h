@@ -1,6 +1,7 @@
 #pragma once
 
 #include <Qt>
+#include <optional>
 
 #include "sparlow/platform/WindowPeer.h"
 #include "sparlow/platform/qt/ImageDevice.h"
@@ -70,6 +71,16 @@ class QtWindow final : public WindowPeer {
   void setPointer(HCURSOR shape);
   void tellFocus();
 
+  struct KeyStroke {
+    WPARAM key;
+    quint64 time;  ///< of the system's event, in ms; 0 for none
+    Qt::KeyboardModifiers modifiers;
+  };
+  void keyEvent(bool down, WPARAM key, const QKeyEvent& event);
+  void tellKey(bool down, const KeyStroke& stroke, bool before);
+  /// The release that is held back, if any. The window may be gone after it.
+  void tellRelease();
+
   WindowSite& site_;
   QtWindowSystem& system_;
   QtWidget* widget_;
@@ -81,6 +92,7 @@ class QtWindow final : public WindowPeer {
   bool mouseTaken_ = false;
   HCURSOR pointer_ = nullptr;
   bool pointerSet_ = false;  ///< since the mouse moved last
+  std::optional<KeyStroke> heldRelease_;  ///< may turn out to be half of a repeat
   bool focused_ = false;
   bool toldFocused_ = false;
   bool active_ = false;
