@@ -314,7 +314,7 @@ class SourceData {
   void setInterval(double xFrom, double xTo);
   SampleInterval findInterval(const SampleReader& samples, double xFrom, double xTo) const;
   void placeCursors(const SampleReader& samples, SampleInterval found, double xFrom, double xTo);
-  void showInterval(SampleInterval interval);
+  bool showInterval(std::uint64_t dataSet, SampleInterval interval);
   bool writeInterval(std::uint64_t dataSet, SampleInterval interval);
   void publishBounds(const IntervalBounds& bounds);
 

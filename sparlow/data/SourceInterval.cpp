@@ -137,7 +137,8 @@ void SourceData::ResetInterval(const AxisData* axis) {
 }
 
 bool SourceData::ZoomInByPoint(double x1, double x2, const AxisData* axis) {
-  if (!std::isfinite(x1) || !std::isfinite(x2) || !Valid())
+  const SampleReader samples = Read();
+  if (!std::isfinite(x1) || !std::isfinite(x2) || samples.empty())
     return false;
   if (isFixed(axis)) {
     x1 = std::max(x1, axis->fixedMin);
@@ -147,24 +148,25 @@ bool SourceData::ZoomInByPoint(double x1, double x2, const AxisData* axis) {
   setInterval(x1, x2);
   if (before == std::pair<unsigned, unsigned>{nFrom, nTo})
     return false;
-  showInterval(GetInterval());
-  return true;
+  return showInterval(samples.serial(), effectiveInterval(samples.size()));
 }
 
 bool SourceData::ZoomInByCursor() {
+  const SampleReader samples = Read();
   const int left = iLCursor, right = iRCursor;
-  const unsigned size = nSamples;
-  if (left < 0 || right < left || static_cast<unsigned>(left) >= size)
+  if (left < 0 || right < left || static_cast<unsigned>(left) >= samples.size())
     return false;
   const std::pair<unsigned, unsigned> before{nFrom, nTo};
-  nFrom = static_cast<unsigned>(left);
-  nTo = std::min(static_cast<unsigned>(right) + 1, size);
-  return before != std::pair<unsigned, unsigned>{nFrom, nTo};
+  const SampleInterval wanted{static_cast<unsigned>(left),
+                              std::min(static_cast<unsigned>(right) + 1, samples.size())};
+  return writeInterval(samples.serial(), wanted) &&
+         before != std::pair<unsigned, unsigned>{wanted.from, wanted.end};
 }
 
 bool SourceData::SetIntervalBySample(bool zoomIn, const AxisData* axis, int factor) {
-  const std::int64_t all = nSamples;
-  const SampleInterval now = effectiveInterval(static_cast<unsigned>(all));
+  const SampleReader samples = Read();
+  const std::int64_t all = samples.size();
+  const SampleInterval now = effectiveInterval(samples.size());
   const std::int64_t size = now.Size();
   if (isFixed(axis) || factor < 2 || size == 0)
     return false;
@@ -184,32 +186,30 @@ bool SourceData::SetIntervalBySample(bool zoomIn, const AxisData* axis, int fact
     start = end - newSize;
   }
   const SampleInterval wanted{static_cast<unsigned>(start), static_cast<unsigned>(end)};
-  if (wanted == now)
-    return false;
-  showInterval(wanted);
-  return true;
+  return wanted != now && showInterval(samples.serial(), wanted);
 }
 
-bool SourceData::Scroll(int samples, const AxisData* axis) {
-  const std::int64_t all = nSamples;
-  const SampleInterval now = effectiveInterval(static_cast<unsigned>(all));
+bool SourceData::Scroll(int by, const AxisData* axis) {
+  const SampleReader samples = Read();
+  const std::int64_t all = samples.size();
+  const SampleInterval now = effectiveInterval(samples.size());
   if (isFixed(axis) || now.Size() == 0)
     return false;
   const std::int64_t shift =
-      std::clamp<std::int64_t>(samples, -std::int64_t{now.from}, all - now.end);
+      std::clamp<std::int64_t>(by, -std::int64_t{now.from}, all - now.end);
   if (shift == 0)
     return false;
-  showInterval({static_cast<unsigned>(now.from + shift), static_cast<unsigned>(now.end + shift)});
-  return true;
+  return showInterval(samples.serial(), {static_cast<unsigned>(now.from + shift),
+                                         static_cast<unsigned>(now.end + shift)});
 }
 
 void SourceData::ScrollTo(unsigned first) {
-  const unsigned all = nSamples;
-  const unsigned size = effectiveInterval(all).Size();
+  const SampleReader samples = Read();
+  const unsigned size = effectiveInterval(samples.size()).Size();
   if (size == 0)
     return;
-  first = std::min(first, all - size);
-  showInterval({first, first + size});
+  first = std::min(first, samples.size() - size);
+  showInterval(samples.serial(), {first, first + size});
 }
 
 bool SourceData::writeInterval(std::uint64_t dataSet, SampleInterval interval) {
@@ -223,11 +223,12 @@ bool SourceData::writeInterval(std::uint64_t dataSet, SampleInterval interval) {
   return true;
 }
 
-void SourceData::showInterval(SampleInterval interval) {
-  if (!writeInterval(Read().serial(), interval))
-    return;
+bool SourceData::showInterval(std::uint64_t dataSet, SampleInterval interval) {
+  if (!writeInterval(dataSet, interval))
+    return false;
   iLCursor = static_cast<int>(interval.from);
   iRCursor = static_cast<int>(interval.end) - 1;
+  return true;
 }
 
 }  // namespace sparlow

@@ -10,10 +10,9 @@ namespace sparlow {
 
 namespace {
 
-constexpr int maxPenWidth = 1000;
-
-int deviceWidth(int penWidth) {
-  return Offset::ToDevice(std::clamp(penWidth, 0, maxPenWidth));
+/// A pen of no width is a pixel wide all the same, and has to be erased.
+int penPixels() {
+  return std::clamp<int>(Cursor::PenWidth, 1, 1000);
 }
 
 }  // namespace
@@ -64,10 +63,11 @@ void Cursor::Draw(HDC dc, HDC memDC, int x, int y, int height) {
   if (memDC)
     Clear(dc, memDC);
   CDC target(dc);
-  const int pen = deviceWidth(PenWidth);
+  const int pen = Offset::ToDevice(penPixels());
   const SelectedPen selected(&target, PS_SOLID, pen, color);
   target.SetROP2(R2_COPYPEN);
-  // A host's mapping may give any int.
+  // A host may give any int, and so may its mapping.
+  height = std::clamp(height, -kFarPixel, kFarPixel);
   const CPoint at{std::clamp(x, -kFarPixel, kFarPixel), std::clamp(y, -kFarPixel, kFarPixel)};
   const bool above = y < 0;
   const CRect covered = !above && y <= height
@@ -82,7 +82,7 @@ CRect Cursor::drawShape(HDC dc, CPoint at, int pen) const {
   const auto around = [at](int reach) {
     return CRect{at.x - reach, at.y - reach, at.x + reach, at.y + reach};
   };
-  const int half = (std::clamp(PenWidth, 0, maxPenWidth) + 1) / 2;
+  const int half = (penPixels() + 1) / 2;
   if (Style == 0) {
     target.Rectangle(around(half));
   } else if (Style == 1) {

@@ -34,8 +34,7 @@ inline constexpr UINT WM_UPDATE_GRAPH = WM_USER + 104;
 ///
 /// Locks, in the order in which they are taken: GraphWorkers::pipelineLock of the graph,
 /// threadsMutex of a series, dataMutex of a series.
-/// Threads: the window's, unless an operation says
-/// otherwise.
+/// Threads: the window's, unless an operation says otherwise.
 class Graph {
  public:
   /// Samples of a full render that an update does on the caller's thread; one more is a worker's.

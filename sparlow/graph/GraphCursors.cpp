@@ -121,11 +121,14 @@ void Graph::DragCursor(CPoint& point) {
     return;
   const AxisData& hor = axis->hor;
   const unsigned last = samples.size() - 1;
-  unsigned i = std::min(series->GetxValueIndex(axis->xPointValue(point.x)), last);
+  // The value of the last pixel is a rounding away from the last sample on show.
+  const double x = axis->xPointValue(point.x);
+  unsigned i = std::min(series->GetxValueIndex(point.x < width ? x : std::max(x, hor.max)), last);
+  // Whichever is held: one that crosses the other gives the other its own sample.
+  if (!hor.autoRange)
+    i = FirstNotBelow(samples, i, last, hor.fixedMin);
   // A cursor that crosses the other one, or pushes it aside, gives the mouse to it.
   if (lCursor->drag) {
-    if (!hor.autoRange)
-      i = FirstNotBelow(samples, i, last, hor.fixedMin);
     rCursor->drag = series->SetLCursor(i);
     lCursor->drag = !rCursor->drag;
   }

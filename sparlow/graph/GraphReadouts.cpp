@@ -31,12 +31,13 @@ Graph::Units Graph::unitsOnShow() {
 }
 
 void Graph::UpdateCursorsReadout() {
-  const HWND bar = InfoBarHwnd;
+  const HWND barWindow = InfoBarHwnd;
   const ViewData* const series = activeViewData;
-  if (!bar || !active || !series || !series->Valid() || !series->ValidCursor())
+  if (!barWindow || !active || !series || !series->Valid() || !series->ValidCursor())
     return;
   if (RestrictGraphOperationInRealTime && series->inTransfer)
     return;
+  const ReadoutSender bar(barWindow);
   const SampleReader samples = series->Read();
   const auto left = static_cast<unsigned>(series->iLCursor.load());
   const auto right = static_cast<unsigned>(series->iRCursor.load());
@@ -48,30 +49,31 @@ void Graph::UpdateCursorsReadout() {
   const char* const yUnit = unit.ver.c_str();
   const double yLeft = series->yLCursorGet();
   const double yRight = series->yRCursorGet();
-  SendReadout(bar, WM_READOUT_LEFT_X, samples.x(left), xUnit);
-  SendReadout(bar, WM_READOUT_LEFT_Y, yLeft, yUnit);
-  SendReadout(bar, WM_READOUT_RIGHT_X, samples.x(right), xUnit);
-  SendReadout(bar, WM_READOUT_RIGHT_Y, yRight, yUnit);
+  bar.Send(WM_READOUT_LEFT_X, samples.x(left), xUnit);
+  bar.Send(WM_READOUT_LEFT_Y, yLeft, yUnit);
+  bar.Send(WM_READOUT_RIGHT_X, samples.x(right), xUnit);
+  bar.Send(WM_READOUT_RIGHT_Y, yRight, yUnit);
 
   const double dx = samples.x(right) - samples.x(left);
   const double dy = yRight - yLeft;
   // Nothing is divided by less: the receiver keeps the slope that it had.
   constexpr double least = std::numeric_limits<double>::min();
   if (std::abs(dx) > least)
-    SendReadout(bar, WM_READOUT_SLOPE, dy / dx, RatioUnit(unit.ver, unit.hor).c_str());
+    bar.Send(WM_READOUT_SLOPE, dy / dx, RatioUnit(unit.ver, unit.hor).c_str());
   if (std::abs(dy) > least)
-    SendReadout(bar, WM_READOUT_INVERSE_SLOPE, dx / dy, RatioUnit(unit.hor, unit.ver).c_str());
-  SendReadout(bar, WM_READOUT_DISTANCE_X, dx, xUnit);
-  SendReadout(bar, WM_READOUT_DISTANCE_Y, dy, yUnit);
-  SendSampleCount(bar, series->dnCursorGet(), series->GetCptName());
+    bar.Send(WM_READOUT_INVERSE_SLOPE, dx / dy, RatioUnit(unit.hor, unit.ver).c_str());
+  bar.Send(WM_READOUT_DISTANCE_X, dx, xUnit);
+  bar.Send(WM_READOUT_DISTANCE_Y, dy, yUnit);
+  bar.SendSampleCount(series->dnCursorGet(), series->GetCptName());
   UpdateDriftRate();
 }
 
 void Graph::UpdateDriftRate() {
-  const HWND bar = InfoBarHwnd;
+  const HWND barWindow = InfoBarHwnd;
   const ViewData* const series = activeViewData;
-  if (SourceData::IgnoreDriftRate || !bar || !series || !series->ValidCursor())
+  if (SourceData::IgnoreDriftRate || !barWindow || !series || !series->ValidCursor())
     return;
+  const ReadoutSender bar(barWindow);
   const SampleReader samples = series->Read();
   if (samples.empty())
     return;
@@ -89,9 +91,9 @@ void Graph::UpdateDriftRate() {
   const double secondOfCursors = r * rateOfCursors;
   const Units unit = unitsOnShow();
   const std::string rateUnit = RatioUnit(unit.seriesY, unit.seriesX);
-  SendDrift(bar, WM_READOUT_DRIFT, rate, useCursors ? &rateOfCursors : nullptr, rateUnit.c_str());
-  SendDrift(bar, WM_READOUT_DRIFT_OF_DRIFT, r * rate, useCursors ? &secondOfCursors : nullptr,
-            RatioUnit(rateUnit, unit.seriesX).c_str());
+  bar.SendDrift(WM_READOUT_DRIFT, rate, useCursors ? &rateOfCursors : nullptr, rateUnit.c_str());
+  bar.SendDrift(WM_READOUT_DRIFT_OF_DRIFT, r * rate, useCursors ? &secondOfCursors : nullptr,
+                RatioUnit(rateUnit, unit.seriesX).c_str());
 }
 
 void Graph::UpdateStaParams() {
@@ -104,16 +106,17 @@ void Graph::UpdateStaParams() {
 }
 
 void Graph::UpdateStaParams(const ViewData* series, const char* unit) {
-  const HWND bar = InfoBarHwnd;
-  if (!bar || !series || series->inTransfer || !series->statParams)
+  const HWND barWindow = InfoBarHwnd;
+  if (!barWindow || !series || series->inTransfer || !series->statParams)
     return;
+  const ReadoutSender bar(barWindow);
   const StatisticParameters values = series->GetStatParams();
-  SendReadout(bar, WM_READOUT_MINIMUM, values.min, unit);
-  SendReadout(bar, WM_READOUT_MAXIMUM, values.max, unit);
-  SendReadout(bar, WM_READOUT_SPAN, values.span, unit);
-  SendReadout(bar, WM_READOUT_MEAN, values.mean, unit);
-  SendReadout(bar, WM_READOUT_STANDARD_DEVIATION, values.stdDev, unit);
-  SendReadout(bar, WM_READOUT_ALLAN_DEVIATION, values.allanDev, unit);
+  bar.Send(WM_READOUT_MINIMUM, values.min, unit);
+  bar.Send(WM_READOUT_MAXIMUM, values.max, unit);
+  bar.Send(WM_READOUT_SPAN, values.span, unit);
+  bar.Send(WM_READOUT_MEAN, values.mean, unit);
+  bar.Send(WM_READOUT_STANDARD_DEVIATION, values.stdDev, unit);
+  bar.Send(WM_READOUT_ALLAN_DEVIATION, values.allanDev, unit);
 }
 
 }  // namespace sparlow

@@ -15,7 +15,10 @@ void Graph::UpdateGraph() {
   const std::shared_ptr<GraphWorkers> shared = workers;
   if (!activeViewData || !axis || shared->Closed())
     return;
-  sbRender();
+  if (DataValid())
+    sbRender();
+  else
+    ShowScrollBar(hWnd, SB_BOTH, false);
   if (shared->Closed())
     return;
   const Update end = update(*shared);

@@ -1,5 +1,6 @@
 #include "sparlow/graph/Readouts.h"
 
+#include <atomic>
 #include <cmath>
 #include <limits>
 #include <mutex>
@@ -14,7 +15,8 @@ namespace {
 
 /// What the parameters of one message point to.
 struct Slot {
-  double values[3];  // of a drift: whole series, between the cursors, unscaled
+  std::uint64_t turn;  // of the sender
+  double values[3];    // of a drift: whole series, between the cursors, unscaled
   int count;
   char text[kUnitChars];
 };
@@ -31,29 +33,38 @@ Slot& slotOf(UINT message) {
   return slots[message - firstMessage];
 }
 
-void store(UINT message, const Slot& record) {
+/// False, and nothing is stored, when a later sender has been here.
+bool store(UINT message, const Slot& record) {
   const std::lock_guard whole(slotsLock);
-  slotOf(message) = record;
+  Slot& slot = slotOf(message);
+  if (slot.turn > record.turn)
+    return false;
+  slot = record;
+  return true;
 }
 
-void post(HWND receiver, UINT message) {
+void storeAndPost(HWND receiver, UINT message, const Slot& record) {
   Slot& slot = slotOf(message);
-  PostMessage(receiver, message, reinterpret_cast<WPARAM>(slot.values),
-              reinterpret_cast<LPARAM>(slot.text));
+  if (store(message, record))
+    PostMessage(receiver, message, reinterpret_cast<WPARAM>(slot.values),
+                reinterpret_cast<LPARAM>(slot.text));
 }
+
+std::atomic<std::uint64_t> lastTurn{0};
 
 }  // namespace
 
-void SendReadout(HWND receiver, UINT message, double value, const char* unit) {
-  Slot record{{value}, 0, {}};
+ReadoutSender::ReadoutSender(HWND receiver) : receiver_(receiver), turn_(++lastTurn) {}
+
+void ReadoutSender::Send(UINT message, double value, const char* unit) const {
+  Slot record{turn_, {value}, 0, {}};
   FormatUnitValue(record.values[0], record.text, unit);
-  store(message, record);
-  post(receiver, message);
+  storeAndPost(receiver_, message, record);
 }
 
-void SendDrift(HWND receiver, UINT message, double wholeValue, const double* cursorValue,
-               const char* unit) {
-  Slot record{{wholeValue, 0.0, wholeValue}, 0, {}};
+void ReadoutSender::SendDrift(UINT message, double wholeValue, const double* cursorValue,
+                              const char* unit) const {
+  Slot record{turn_, {wholeValue, 0.0, wholeValue}, 0, {}};
   double& scaled = record.values[0];
   FormatUnitValue(scaled, record.text, unit);
   if (!cursorValue)
@@ -62,16 +73,15 @@ void SendDrift(HWND receiver, UINT message, double wholeValue, const double* cur
     record.values[1] = *cursorValue / wholeValue * scaled;
   else
     record.values[1] = *cursorValue;
-  store(message, record);
-  post(receiver, message);
+  storeAndPost(receiver_, message, record);
 }
 
-void SendSampleCount(HWND receiver, int count, const char* word) {
-  Slot record{{}, count, {}};
+void ReadoutSender::SendSampleCount(int count, const char* word) const {
+  Slot record{turn_, {}, count, {}};
   CopyUnitText(record.text, word);
-  store(WM_READOUT_SAMPLES, record);
-  PostMessage(receiver, WM_READOUT_SAMPLES, static_cast<WPARAM>(count),
-              reinterpret_cast<LPARAM>(slotOf(WM_READOUT_SAMPLES).text));
+  if (store(WM_READOUT_SAMPLES, record))
+    PostMessage(receiver_, WM_READOUT_SAMPLES, static_cast<WPARAM>(count),
+                reinterpret_cast<LPARAM>(slotOf(WM_READOUT_SAMPLES).text));
 }
 
 std::optional<ReadoutRecord> TakeReadout(UINT message, WPARAM wParam, LPARAM lParam) {

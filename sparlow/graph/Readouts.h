@@ -73,9 +73,9 @@ struct ReadoutRecord {
 
 /// Takes a message apart that a window received, for example in its WindowProc. The record is
 /// whole, and the newest of its kind, even if a worker sends another one meanwhile. Nothing for a
-/// message that isn't a readout of this library, whatever its number is.
-/// Threads: any; the
-/// receiver's in general.
+/// message of another origin that has the number of a readout; hasStatistics and cursorMoves carry
+/// no pointer and are known by their numbers alone.
+/// Threads: any; the receiver's in general.
 std::optional<ReadoutRecord> TakeReadout(UINT message, WPARAM wParam, LPARAM lParam);
 
 }  // namespace sparlow

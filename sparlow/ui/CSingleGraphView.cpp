@@ -88,20 +88,21 @@ bool View::DataValid() const {
   return graph && graph->DataAndAxisValid();
 }
 
-void View::UpdateGraph() {
+bool View::endZoomBox() {
   const HWND window = GetSafeHwnd();
-  if (zoomDrag) {
-    // The box was drawn on the axes as they are now.
+  if (zoomDrag)
     OnCaptureChanged(0, 0);
-    if (!WindowSite::Find(window))
-      return;
-  }
-  if (graph)
+  return WindowSite::Find(window) != nullptr;
+}
+
+void View::UpdateGraph() {
+  // The box was drawn on the axes as they are now.
+  if (graph && endZoomBox())
     graph->UpdateGraph();
 }
 
 void View::ChangeAxes(const std::function<void(GraphAxis&)>& change) {
-  if (graph)
+  if (graph && endZoomBox())
     graph->ChangeAxes(change);
 }
 
@@ -132,7 +133,16 @@ void View::SetInfoBar(HWND bar) {
 }
 
 void View::OnGraphActivated(int index) {
+  if (!graph)
+    return;
+  const HWND window = GetSafeHwnd();
   graph->SetActive(index);
+  // Its update may have ended the view.
+  if (WindowSite::Find(window))
+    titleDocument();
+}
+
+void View::titleDocument() {
   if (CDocument* const document = GetDocument())
     document->SetTitle(graph->GetName());
 }

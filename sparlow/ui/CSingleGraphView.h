@@ -67,6 +67,8 @@ class CSingleGraphView : public CView {
 
   /// A series was picked: makes it active and the document's title its name.
   virtual void OnGraphActivated(int index);
+  /// Gives the document the active series' name.
+  void titleDocument();
   /// Makes the kind of graph that this view shows.
   virtual std::unique_ptr<Graph> NewGraph(GraphAxis* axis);
 
@@ -128,6 +130,8 @@ class CSingleGraphView : public CView {
   bool transferLock() const;
   bool takesInput() const;
   void finishGesture(CPoint point);
+  /// Ends a zoom box in progress as a release of the mouse does. False when the view is gone.
+  bool endZoomBox();
   /// Ends a gesture that comes to nothing.
   void dropGesture();
   void releaseMouse();

@@ -134,8 +134,12 @@ void View::finishGesture(CPoint point) {
       return;
     CPoint& start = graph->zoomStart;
     CPoint& end = graph->zoomEnd;
-    if (start.x == end.x || start.y == end.y)
+    if (start.x == end.x || start.y == end.y) {
+      // The ends of a flat box are dots that its lines didn't take away again.
+      if (start.x != end.x || start.y != end.y)
+        InvalidateRect(window, nullptr, true);
       return click(point);
+    }
     order(start.x, end.x);
     order(start.y, end.y);
     graph->ZoomInByPoint();
@@ -178,8 +182,8 @@ void View::click(CPoint point) {
     return OnGraphActivated(index);
   const HWND window = GetSafeHwnd();
   graph->SetActiveMask(index);
-  if (exists(window) && GetDocument())
-    GetDocument()->SetTitle(graph->GetName());
+  if (exists(window))
+    titleDocument();
 }
 
 LRESULT View::OnCaptureChanged(WPARAM, LPARAM) {

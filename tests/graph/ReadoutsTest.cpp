@@ -245,7 +245,7 @@ TEST_F(ReadoutsTest, UpdatesWorkersAndCursorMovesSend) {
 
 TEST_F(ReadoutsTest, RecordsAreWholeAndForgeriesAreNone) {
   const HWND receiver = bar.GetSafeHwnd();
-  Sent([&] { SendReadout(receiver, WM_READOUT_MEAN, 1, "V"); });
+  Sent([&] { ReadoutSender(receiver).Send(WM_READOUT_MEAN, 1, "V"); });
   const auto [wParam, lParam] = bar.raw;
   for (const UINT message : {0x469u, 0x46Au, 0x470u, 0x471u, 0x47Eu})
     EXPECT_FALSE(TakeReadout(message, wParam, lParam)) << message;
@@ -257,7 +257,7 @@ TEST_F(ReadoutsTest, RecordsAreWholeAndForgeriesAreNone) {
   std::atomic<bool> enough{false};
   std::thread worker([&] {
     for (bool big = false; !enough; big = !big)
-      SendReadout(receiver, WM_READOUT_MEAN, big ? 5e6 : 1, "V");
+      ReadoutSender(receiver).Send(WM_READOUT_MEAN, big ? 5e6 : 1, "V");
   });
   for (int i = 0; i < 20000; ++i) {
     const auto record = TakeReadout(WM_READOUT_MEAN, wParam, lParam);
