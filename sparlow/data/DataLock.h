@@ -1,5 +1,6 @@
 #pragma once
 
+#include <mutex>
 #include <optional>
 
 #include "sparlow/platform/Synchronization.h"
@@ -11,13 +12,24 @@ namespace sparlow {
 /// Threads: the one that made it.
 class DataLock {
  public:
-  explicit DataLock(CMutex* mutex) {
-    if (mutex)
-      held_.emplace(mutex);
+  explicit DataLock(CMutex* mutex) : mutex_(mutex) {
+    if (mutex_)
+      mutex_->Lock();
   }
+  /// Takes the mutex only if that needs no wait; false says that another thread has it.
+  DataLock(CMutex* mutex, std::try_to_lock_t)
+      : mutex_(mutex && mutex->TryLock() ? mutex : nullptr), refused_(mutex && !mutex_) {}
+  ~DataLock() {
+    if (mutex_)
+      mutex_->Unlock();
+  }
+  DataLock(const DataLock&) = delete;
+  DataLock& operator=(const DataLock&) = delete;
+  explicit operator bool() const { return !refused_; }
 
  private:
-  std::optional<CSingleLock> held_;
+  CMutex* const mutex_;
+  const bool refused_ = false;
 };
 
 }  // namespace sparlow

@@ -163,6 +163,8 @@ class SourceData {
   unsigned GetxValueIndex(double x) const;
   /// The samples from min to max of the axis, with one more at each side.
   void SetInterval(const AxisData& axis);
+  /// The same from xFrom to xTo.
+  void SetIntervalByX(double xFrom, double xTo);
   /// All samples, open to those to come during a transfer; on a fixed axis its fixed range.
   void ResetInterval(const AxisData* axis);
   /// The samples from x1 to x2 with one more at each side; on a fixed axis never beyond its range.
@@ -311,7 +313,6 @@ class SourceData {
   void resetBounds();
   static std::mutex& openEndLock();
   SampleInterval effectiveInterval(unsigned size) const;
-  void setInterval(double xFrom, double xTo);
   SampleInterval findInterval(const SampleReader& samples, double xFrom, double xTo) const;
   void placeCursors(const SampleReader& samples, SampleInterval found, double xFrom, double xTo);
   bool showInterval(std::uint64_t dataSet, SampleInterval interval);

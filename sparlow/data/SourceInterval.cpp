@@ -63,7 +63,7 @@ unsigned SourceData::GetxValueIndex(double x) const {
   return first + static_cast<unsigned>(std::max(FindSample(block, 0, count, x, false), 0));
 }
 
-void SourceData::setInterval(double xFrom, double xTo) {
+void SourceData::SetIntervalByX(double xFrom, double xTo) {
   if (!std::isfinite(xFrom) || !std::isfinite(xTo))
     return;
   const SampleReader samples = Read();
@@ -122,7 +122,7 @@ void SourceData::placeCursors(const SampleReader& samples, SampleInterval found,
 }
 
 void SourceData::SetInterval(const AxisData& axis) {
-  setInterval(axis.min, axis.max);
+  SetIntervalByX(axis.min, axis.max);
 }
 
 void SourceData::ResetInterval(const AxisData* axis) {
@@ -132,7 +132,7 @@ void SourceData::ResetInterval(const AxisData* axis) {
     nTo = inTransfer ? 0u : nSamples.load();
   }
   if (isFixed(axis))
-    setInterval(axis->fixedMin, axis->fixedMax);
+    SetIntervalByX(axis->fixedMin, axis->fixedMax);
   publishBounds({});
 }
 
@@ -145,7 +145,7 @@ bool SourceData::ZoomInByPoint(double x1, double x2, const AxisData* axis) {
     x2 = std::min(x2, axis->fixedMax);
   }
   const std::pair<unsigned, unsigned> before{nFrom, nTo};
-  setInterval(x1, x2);
+  SetIntervalByX(x1, x2);
   if (before == std::pair<unsigned, unsigned>{nFrom, nTo})
     return false;
   return showInterval(samples.serial(), effectiveInterval(samples.size()));

@@ -148,8 +148,7 @@ void Graph::zoomOutFullPrimary() {
 }
 
 bool Graph::AnalyzeEach() {
-  ViewData* const series = activeViewData;
-  return series && series->Analyze();
+  return analyze(activeViewData, &SourceData::Analyze);
 }
 
 bool Graph::AnalyzeEachNewMask() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <functional>
 #include <memory>
 #include <mutex>
@@ -18,6 +19,7 @@
 namespace sparlow {
 
 class CMenu;
+class SourceData;
 class ViewData;
 
 /// Posted by a graph's analysis workers to its own window: the data have changed, UpdateGraph is
@@ -109,6 +111,14 @@ class Graph {
   void UpdateStaParams();
   /// Sends the statistics of a series in the unit given. Any thread.
   static void UpdateStaParams(const ViewData* series, const char* unit);
+
+  /// @name On paper
+  /// Draws the graph inside rect of a page: in the colours of scheme 0, with text of 11 points and
+  /// margins and pens of seven pixels for one, at the resolution of dc. Renders on the caller's
+  /// thread, whatever the interval; stops a render for the window, which goes on afterwards, and
+  /// waits for analyses of the series on show. The window is then brought back to its own pixels.
+  /// Without data nothing is drawn. An area of 16384 pixels or more is told in a box and cut.
+  void Print(CDC* dc, const CRect& rect);
 
   /// @name Zoom and scroll
   /// Each brings the graph up to date. Without data they do nothing; the five zooms also do nothing
@@ -215,13 +225,25 @@ class Graph {
   virtual void SetThreadsTerminator();
   /// Clears what SetThreadsTerminator signalled, and nothing else.
   virtual void ClearThreadsTerminator();
-  /// Waits until nobody renders or analyses the active series.
+  /// Waits until nobody renders or analyses the series of the graph, one after the other.
   virtual void WaitForThreadsEnd();
   /// Sets xMin to yMax to the range of the data that the axes are to show.
   virtual void defineMinMax();
   virtual void ResetInterval();
   virtual void zoomOutFullPrimary();
   virtual void zoomOutFullSecondary() {}
+
+  /// Changes which series the graph shows, while no render runs; one that did begins anew. What
+  /// change answers; false when the graph is closed, before or by it.
+  bool changeSeries(const std::function<bool()>& change);
+  /// Renders a series beside the active one. False when it was stopped. One that is being analysed
+  /// is left without columns, and the analysis brings an update when it ends.
+  bool renderBeside(ViewData& series, bool followAxis);
+  /// Runs an analysis of a series, unless the graph has given it away, or the series has samples
+  /// and onlyEmpty is true.
+  bool analyze(ViewData* series, bool (SourceData::*how)(), bool onlyEmpty = false);
+  /// The colour of the last frame at a point of the client area; 0xFFFFFFFF outside the plot.
+  COLORREF GetPixel(CPoint point);
 
   /// @name Painting
   /// Paints the frame of the graph inside area: caption, grid, axes, labels, legend, curves.
@@ -240,6 +262,8 @@ class Graph {
   GraphColors* colors;
   const std::unique_ptr<Cursor> lCursor;
   const std::unique_ptr<Cursor> rCursor;
+  /// Whoever runs a host's code holds a copy: the graph may be gone after it, and that one tells.
+  const std::shared_ptr<GraphWorkers> workers;
   HWND hWnd = nullptr;
   /// The range of the data that the axes are to show.
   double xMin = 0.0;
@@ -293,7 +317,8 @@ class Graph {
   // Layout.
   void layOut();
   void SetGraphArea(const CRect& area);
-  void tellTooLarge();
+  /// The box for a window or a page that has more pixels than a series has columns.
+  void tellTooLarge(bool isTooLarge);
 
   // Workers.
   void startWorker(Job job);
@@ -303,7 +328,7 @@ class Graph {
   void RenderThread(std::uint64_t render, bool newLayout, bool onWorker);
   RenderEnd tryRender(std::uint64_t render, bool newLayout);
   void sendDueReadouts();
-  void AnalyzeThread(bool (Graph::*analyze)());
+  void AnalyzeThread(bool (Graph::*analyzeEach)(), bool onWorker);
 
   // Readouts.
   struct Units {
@@ -326,12 +351,16 @@ class Graph {
   void drawMarkers(HDC dc, HDC frame, const CRect& area);
   void beginDragCursor();
   static void tellCursorMoves();
-  COLORREF GetPixel(CPoint point);
+  /// The largest interval of all series: what decides who renders.
+  unsigned largestInterval() const;
+
+  // On paper.
+  class PaperLooks;
+  void printFrame(CDC* dc, const CRect& area);
 
   static inline CopyableAtomic<HWND> InfoBarHwnd{nullptr};
   static inline CopyableAtomic<bool> LockResize{false};
 
-  const std::shared_ptr<GraphWorkers> workers;
   mutable std::mutex layoutLock;
   Units units;  // of axes and series, for readouts on workers; guarded by layoutLock
 
@@ -346,6 +375,7 @@ class Graph {
   std::vector<ViewData*> former;  // were active when a worker ran that may still hold them
 
   CopyableAtomic<bool> tooLarge{false};  // the last layout had no room in the series' columns
+  std::atomic<bool> leftOut{false};      // a series was being analysed when it should be rendered
 };
 
 }  // namespace sparlow

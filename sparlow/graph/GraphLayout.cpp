@@ -31,9 +31,9 @@ void Graph::layOut() {
   SetGraphArea(client);
 }
 
-void Graph::tellTooLarge() {
+void Graph::tellTooLarge(bool isTooLarge) {
   const std::shared_ptr<GraphWorkers> shared = workers;
-  if (!tooLarge || !shared->BeginTelling())
+  if (!isTooLarge || !shared->BeginTelling())
     return;
   AfxMessageBox("Screen or printer resolution is too high.\nThe graph will be truncated.", 0, 0);
   shared->EndTelling();

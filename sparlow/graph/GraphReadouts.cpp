@@ -33,7 +33,8 @@ Graph::Units Graph::unitsOnShow() {
 void Graph::UpdateCursorsReadout() {
   const HWND barWindow = InfoBarHwnd;
   const ViewData* const series = activeViewData;
-  if (!barWindow || !active || !series || !series->Valid() || !series->ValidCursor())
+  const GraphWorkers::SeriesInUse use(*workers, series);
+  if (!use || !barWindow || !active || !series->Valid() || !series->ValidCursor())
     return;
   if (RestrictGraphOperationInRealTime && series->inTransfer)
     return;
@@ -71,7 +72,8 @@ void Graph::UpdateCursorsReadout() {
 void Graph::UpdateDriftRate() {
   const HWND barWindow = InfoBarHwnd;
   const ViewData* const series = activeViewData;
-  if (SourceData::IgnoreDriftRate || !barWindow || !series || !series->ValidCursor())
+  const GraphWorkers::SeriesInUse use(*workers, series);
+  if (!use || SourceData::IgnoreDriftRate || !barWindow || !series->ValidCursor())
     return;
   const ReadoutSender bar(barWindow);
   const SampleReader samples = series->Read();
@@ -98,7 +100,8 @@ void Graph::UpdateDriftRate() {
 
 void Graph::UpdateStaParams() {
   const ViewData* const series = activeViewData;
-  if (!series || series->inTransfer || IsDependent() || !series->Valid())
+  const GraphWorkers::SeriesInUse use(*workers, series);
+  if (!use || series->inTransfer || IsDependent() || !series->Valid())
     return;
   if (const HWND bar = InfoBarHwnd)
     PostMessage(bar, WM_READOUT_HAS_STATISTICS, series->statParams != nullptr, 0);

@@ -63,9 +63,9 @@ void Graph::doJob(Job job, std::uint64_t render, bool onWorker) {
     case Job::resize:
       return RenderThread(render, job == Job::resize, onWorker);
     case Job::analyzeAll:
-      return AnalyzeThread(&Graph::AnalyzeEach);
+      return AnalyzeThread(&Graph::AnalyzeEach, onWorker);
     case Job::analyzeMask:
-      return AnalyzeThread(&Graph::AnalyzeEachNewMask);
+      return AnalyzeThread(&Graph::AnalyzeEachNewMask, onWorker);
   }
 }
 
@@ -93,7 +93,8 @@ void Graph::RenderThread(std::uint64_t render, bool newLayout, bool onWorker) {
     const GraphWorkers::DueRender due(*workers);
     end = tryRender(render, newLayout);
     // Stopped, but by nobody who would do the work in this one's place: a host has signalled the
-    // terminator. A worker waits until it is cleared, without any lock.
+    // terminator, the series is being analysed, or another one is added. A worker waits until that
+    // is over, without any lock.
     while (end == RenderEnd::stopped && onWorker && !workers->WaitForNewer(render, pause))
       end = tryRender(render, newLayout);
   }
@@ -101,7 +102,7 @@ void Graph::RenderThread(std::uint64_t render, bool newLayout, bool onWorker) {
     return;
   sendDueReadouts();
   if (newLayout)
-    tellTooLarge();
+    tellTooLarge(tooLarge);
 }
 
 Graph::RenderEnd Graph::tryRender(std::uint64_t render, bool newLayout) {
@@ -109,10 +110,13 @@ Graph::RenderEnd Graph::tryRender(std::uint64_t render, bool newLayout) {
   ViewData* const series = activeViewData;
   if (!series)
     return RenderEnd::givenUp;
-  const DataLock threads(series->threadsMutex);
+  // An analysis of the series may take its time, and nothing else is to wait for it.
+  const DataLock threads(series->threadsMutex, std::try_to_lock);
+  if (!threads)
+    return RenderEnd::stopped;
   const GraphWorkers::RunningRender running(*workers, render, AllSeries());
   if (!running)
-    return RenderEnd::givenUp;
+    return running.Paused() ? RenderEnd::stopped : RenderEnd::givenUp;
   if (newLayout)
     layOut();
   const bool secondary = RenderSecondaryGraphs();
@@ -123,18 +127,62 @@ Graph::RenderEnd Graph::tryRender(std::uint64_t render, bool newLayout) {
 
 void Graph::sendDueReadouts() {
   const ViewData* const series = activeViewData;
+  const GraphWorkers::SeriesInUse use(*workers, series);
   // A series that is to stop has nothing to tell; whoever renders it next sends what is due.
-  if (!series || series->IsAborted() || !workers->TakeReadout())
+  if (!use || series->IsAborted() || !workers->TakeReadout())
     return;
   UpdateCursorsReadout();
   UpdateStaParams();
 }
 
-void Graph::AnalyzeThread(bool (Graph::*analyze)()) {
+void Graph::AnalyzeThread(bool (Graph::*analyzeEach)(), bool onWorker) {
   // A host's calculation may open a box, and the graph be gone when that is closed.
   const HWND window = hWnd;
-  if ((this->*analyze)())
+  const std::shared_ptr<GraphWorkers> shared = workers;
+  bool done = true;
+  try {
+    done = (this->*analyzeEach)();
+  } catch (...) {
+    if (!onWorker)
+      throw;
+    // It counts as a failure of that calculation; others may have succeeded.
+  }
+  if (shared->Closed())
+    return;
+  if (leftOut.exchange(false) || done)
     PostMessage(window, WM_UPDATE_GRAPH, 0, 0);
+}
+
+bool Graph::analyze(ViewData* series, bool (SourceData::*how)(), bool onlyEmpty) {
+  const std::shared_ptr<GraphWorkers> shared = workers;
+  const GraphWorkers::SeriesInUse use(*shared, series);
+  if (!use || shared->Closed())
+    return false;
+  // Another worker may be filling it.
+  const DataLock threads(onlyEmpty ? series->threadsMutex : nullptr);
+  return !(onlyEmpty && series->Valid()) && (series->*how)();
+}
+
+bool Graph::renderBeside(ViewData& series, bool followAxis) {
+  const auto lock = [&] {
+    return std::make_unique<DataLock>(series.threadsMutex, std::try_to_lock);
+  };
+  auto threads = lock();
+  if (!*threads) {
+    leftOut = true;
+    // An analysis that ended before it could see that is no hindrance any more.
+    threads = lock();
+    if (!*threads) {
+      // What it has rendered before belongs to other axes.
+      series.ResetViewData();
+      return true;
+    }
+  }
+  if (followAxis)
+    series.SetInterval(axis->hor);
+  // While samples come an update costs what is new, here too.
+  const ViewData* const primary = activeViewData;
+  return series.Render(axis, !(primary && primary->inTransfer));
 }
 
 void Graph::AnalyzeAll() {
@@ -168,7 +216,7 @@ void Graph::ClearThreadsTerminator() {
 }
 
 void Graph::WaitForThreadsEnd() {
-  if (const ViewData* const series = activeViewData)
+  for (const ViewData* const series : AllSeries())
     const DataLock free(series->threadsMutex);
 }
 

@@ -1,6 +1,7 @@
 // The window's half of the pipeline: from a change to columns that are ready for a paint, or to a
 // worker that makes them.
 
+#include <algorithm>
 #include <utility>
 
 #include "sparlow/data/DataLock.h"
@@ -30,7 +31,7 @@ void Graph::UpdateGraph() {
     startWorker(Job::render);
   // Last, since the view may go while the box is open.
   if (!shared->Closed())
-    tellTooLarge();
+    tellTooLarge(tooLarge);
 }
 
 Graph::Update Graph::update(GraphWorkers& shared) {
@@ -45,7 +46,10 @@ Graph::Update Graph::update(GraphWorkers& shared) {
         axis->Reset();
       return Update::ready;
     }
-    const DataLock threads(series->threadsMutex);
+    // Whoever analyses the series may take long; a worker waits for that.
+    const DataLock threads(series->threadsMutex, std::try_to_lock);
+    if (!threads)
+      return Update::worker;
     axis->SetUnits(series->GetxUnit(), series->GetyUnit());
     noteUnits();
     bool fullRender = axis->preset || SetAxisAutoRange();
@@ -54,7 +58,7 @@ Graph::Update Graph::update(GraphWorkers& shared) {
       ResetInterval();
     // Columns of another data set, interval or scale can't be continued, whatever the axes say.
     fullRender = fullRender || !series->CanContinueRender(*axis);
-    if (fullRender && series->GetIntervalSize() > updateRenderLimit)
+    if (fullRender && largestInterval() > updateRenderLimit)
       return Update::worker;
     RenderSecondaryGraphs();
     if (!RenderGraph(fullRender))
@@ -125,7 +129,7 @@ void Graph::ResizeGraph() {
   const std::shared_ptr<GraphWorkers> shared = workers;
   if (LockResize || !DataAndAxisValid() || shared->Closed())
     return;
-  if (activeViewData.load()->GetIntervalSize() >= resizeWorkerLimit)
+  if (largestInterval() >= resizeWorkerLimit)
     return startWorker(Job::resize);
   const Update end = resize(*shared);
   if (end == Update::closed)
@@ -133,14 +137,16 @@ void Graph::ResizeGraph() {
   if (end == Update::worker)
     return startWorker(Job::resize);
   RedrawWindow(hWnd, RDW_INVALIDATE);
-  tellTooLarge();
+  tellTooLarge(tooLarge);
 }
 
 Graph::Update Graph::resize(GraphWorkers& shared) {
   const CSingleLock pipeline(&shared.pipelineLock);
   if (shared.Closed())
     return Update::closed;
-  const DataLock threads(activeViewData.load()->threadsMutex);
+  const DataLock threads(activeViewData.load()->threadsMutex, std::try_to_lock);
+  if (!threads)
+    return Update::worker;
   layOut();
   return RenderSecondaryGraphs() && RenderGraph(true) ? Update::ready : Update::worker;
 }
@@ -151,6 +157,19 @@ bool Graph::whileNobodyRenders(const std::function<bool()>& change) {
   const std::shared_ptr<GraphWorkers> shared = workers;
   const CSingleLock pipeline(&shared->pipelineLock);
   return !shared->Closed() && change() && !shared->Closed();
+}
+
+bool Graph::changeSeries(const std::function<bool()>& change) {
+  const std::shared_ptr<GraphWorkers> shared = workers;
+  const GraphWorkers::Pause pause(*shared);
+  return whileNobodyRenders(change);
+}
+
+unsigned Graph::largestInterval() const {
+  unsigned largest = 0;
+  for (const ViewData* const series : AllSeries())
+    largest = std::max(largest, series->GetIntervalSize());
+  return largest;
 }
 
 void Graph::ChangeAxes(const std::function<void(GraphAxis&)>& change) {

@@ -1,5 +1,6 @@
 #include "sparlow/graph/GraphWorkers.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "sparlow/view/ViewData.h"
@@ -38,7 +39,9 @@ GraphWorkers::RunningRender::RunningRender(GraphWorkers& workers, std::uint64_t 
                                            std::vector<ViewData*> series)
     : workers_(workers) {
   const std::lock_guard guard(workers_.lock_);
-  began_ = !workers_.closed_ && render == workers_.newest_;
+  const bool wanted = !workers_.closed_ && render == workers_.newest_;
+  paused_ = wanted && workers_.pauses_ != 0;
+  began_ = wanted && !paused_;
   if (began_)
     workers_.running_ = std::move(series);
 }
@@ -66,6 +69,50 @@ bool GraphWorkers::TakeReadout() {
 bool GraphWorkers::WaitForNewer(std::uint64_t render, std::chrono::milliseconds limit) {
   std::unique_lock guard(lock_);
   return changed_.wait_for(guard, limit, [&] { return closed_ || render != newest_; });
+}
+
+GraphWorkers::SeriesInUse::SeriesInUse(GraphWorkers& workers, const ViewData* series)
+    : workers_(workers), series_(series) {
+  const std::lock_guard guard(workers_.lock_);
+  const auto& withdrawn = workers_.withdrawn_;
+  began_ = series && std::find(withdrawn.begin(), withdrawn.end(), series) == withdrawn.end();
+  if (began_)
+    workers_.used_.push_back(series);
+}
+
+GraphWorkers::SeriesInUse::~SeriesInUse() {
+  if (!began_)
+    return;
+  const std::lock_guard guard(workers_.lock_);
+  auto& used = workers_.used_;
+  used.erase(std::find(used.begin(), used.end(), series_));
+  workers_.changed_.notify_all();
+}
+
+GraphWorkers::Pause::Pause(GraphWorkers& workers) : workers_(workers) {
+  const std::lock_guard guard(workers_.lock_);
+  ++workers_.pauses_;
+  workers_.stopRunning();
+}
+
+GraphWorkers::Pause::~Pause() {
+  const std::lock_guard guard(workers_.lock_);
+  --workers_.pauses_;
+}
+
+void GraphWorkers::Withdraw(const ViewData* series) {
+  std::unique_lock guard(lock_);
+  // Without workers nobody remembers a series of before.
+  if (nThreads_ == 0)
+    withdrawn_.clear();
+  withdrawn_.push_back(series);
+  WaitServingBoxes(guard, changed_,
+                   [&] { return std::find(used_.begin(), used_.end(), series) == used_.end(); });
+}
+
+void GraphWorkers::Readmit(const ViewData* series) {
+  const std::lock_guard guard(lock_);
+  std::erase(withdrawn_, series);
 }
 
 bool GraphWorkers::RenderDue() const {

@@ -37,8 +37,8 @@ class GraphWorkers {
   std::uint64_t AskForRender(bool withReadout);
 
   /// @name By a worker
-  /// A render of these series for as long as it lives. False when it isn't the newest, or the graph
-  /// is closing: nothing may be rendered then.
+  /// A render of these series for as long as it lives. False when it isn't the newest, renders are
+  /// paused, or the graph is closing: nothing may be rendered then.
   class RunningRender {
    public:
     RunningRender(GraphWorkers& workers, std::uint64_t render, std::vector<ViewData*> series);
@@ -46,10 +46,13 @@ class GraphWorkers {
     RunningRender(const RunningRender&) = delete;
     RunningRender& operator=(const RunningRender&) = delete;
     explicit operator bool() const { return began_; }
+    /// It didn't begin, but is to be tried again.
+    bool Paused() const { return paused_; }
 
    private:
     GraphWorkers& workers_;
-    bool began_;
+    bool began_ = false;
+    bool paused_ = false;
   };
   /// At its end a render that was asked for is no longer due: it was done, or given up.
   class DueRender {
@@ -66,11 +69,41 @@ class GraphWorkers {
   bool TakeReadout();
   /// Waits until there is a newer render or the graph is closing: true; or the time is over: false.
   bool WaitForNewer(std::uint64_t render, std::chrono::milliseconds limit);
+  /// The use of a series outside of the pipeline lock, for as long as it lives. False when the
+  /// graph has given the series away: it must not be touched then.
+  class SeriesInUse {
+   public:
+    SeriesInUse(GraphWorkers& workers, const ViewData* series);
+    ~SeriesInUse();
+    SeriesInUse(const SeriesInUse&) = delete;
+    SeriesInUse& operator=(const SeriesInUse&) = delete;
+    explicit operator bool() const { return began_; }
+
+   private:
+    GraphWorkers& workers_;
+    const ViewData* const series_;
+    bool began_;
+  };
 
   /// @name By the graph
   /// True from AskForRender until the last render asked for has finished: no paint may read columns
   /// and layout then.
   bool RenderDue() const;
+  /// No render runs or begins while it lives; the one that ran begins anew after it.
+  class Pause {
+   public:
+    explicit Pause(GraphWorkers& workers);
+    ~Pause();
+    Pause(const Pause&) = delete;
+    Pause& operator=(const Pause&) = delete;
+
+   private:
+    GraphWorkers& workers_;
+  };
+  /// Gives a series away: nobody begins to use it, and when this returns nobody does. Readmit takes
+  /// it back.
+  void Withdraw(const ViewData* series);
+  void Readmit(const ViewData* series);
   /// Workers that were counted and not counted off.
   int Count() const;
   /// No worker is started and no render begins any more; a render that runs is told to stop.
@@ -95,7 +128,10 @@ class GraphWorkers {
   bool readoutDue_ = false;
   bool telling_ = false;
   std::uint64_t newest_ = 0;
-  std::vector<ViewData*> running_;  // the series of the render that runs
+  int pauses_ = 0;
+  std::vector<ViewData*> running_;          // the series of the render that runs
+  std::vector<const ViewData*> used_;       // once for each SeriesInUse
+  std::vector<const ViewData*> withdrawn_;  // may be gone: for comparing only
 };
 
 }  // namespace sparlow

@@ -1,17 +1,16 @@
 #pragma once
 
-#include "sparlow/platform/CopyableAtomic.h"
-
 namespace sparlow {
 
-/// The process-wide size of a logical pixel, which margins, pens and marks are multiples of.
-/// Threads: any may read; the window's thread writes, while no worker of any graph runs.
+/// The size of a logical pixel, which margins, pens and marks are multiples of.
+/// Threads: any; each has a size of its own, so that a page being printed leaves alone the layout
+/// of other graphs that workers make meanwhile.
 struct LogicalPixel {
   /// Device pixels per logical pixel: 1 on the screen, 7 while a page is printed.
-  static inline CopyableAtomic<unsigned> LogPixelSize{1u};
+  static inline thread_local unsigned LogPixelSize = 1;
 
   /// logical pixels in device pixels.
-  static int ToDevice(int logical) { return logical * static_cast<int>(LogPixelSize.load()); }
+  static int ToDevice(int logical) { return logical * static_cast<int>(LogPixelSize); }
 };
 
 }  // namespace sparlow

@@ -142,9 +142,23 @@ void View::OnGraphActivated(int index) {
     titleDocument();
 }
 
+void View::activateMask(int index) {
+  if (!graph)
+    return;
+  const HWND window = GetSafeHwnd();
+  graph->SetActiveMask(index);
+  if (WindowSite::Find(window))
+    titleDocument();
+}
+
 void View::titleDocument() {
   if (CDocument* const document = GetDocument())
     document->SetTitle(graph->GetName());
+}
+
+void View::Print(CDC* dc, const CRect& rect) {
+  if (graph)
+    graph->Print(dc, rect);
 }
 
 bool View::PreCreateWindow(CREATESTRUCT& create) {

@@ -56,6 +56,10 @@ class CSingleGraphView : public CView {
   void Clear();
   /// The window that receives the readouts of all graphs. Nothing without a graph.
   void SetInfoBar(HWND bar);
+  /// Draws the graph inside rect of a page, whose context the host made; the window is as before
+  /// afterwards. Nothing without data.
+  void Print(CDC* dc, const CRect& rect);
+  /// In a view of several series: takes the active one out.
   virtual void RemoveActiveGraph() {}
 
   static const CRuntimeClass classCSingleGraphView;
@@ -67,6 +71,8 @@ class CSingleGraphView : public CView {
 
   /// A series was picked: makes it active and the document's title its name.
   virtual void OnGraphActivated(int index);
+  /// The same for a mask.
+  void activateMask(int index);
   /// Gives the document the active series' name.
   void titleDocument();
   /// Makes the kind of graph that this view shows.
@@ -83,6 +89,8 @@ class CSingleGraphView : public CView {
   void UpdatePopupMenu(CMenu* menu);
   void UpdateSubPopupMenuHorAxis(CMenu* menu);
   void UpdateSubPopupMenuVerAxis(CMenu* menu);
+
+  static const MessageMap messageMap;
 
   std::unique_ptr<Graph> graph;
   /// A zoom box follows the mouse.
@@ -143,7 +151,6 @@ class CSingleGraphView : public CView {
   void yScrollBy(int code, const SCROLLINFO& bar);
 
   static const MessageEntry messageEntries[];
-  static const MessageMap messageMap;
 };
 
 }  // namespace sparlow

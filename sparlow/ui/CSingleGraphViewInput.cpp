@@ -178,12 +178,10 @@ void View::click(CPoint point) {
   bool isMask = false;
   if (inTransfer() || !graph->GetViewDataByPoint(nullptr, &index, &isMask, point))
     return;
-  if (!isMask)
-    return OnGraphActivated(index);
-  const HWND window = GetSafeHwnd();
-  graph->SetActiveMask(index);
-  if (exists(window))
-    titleDocument();
+  if (isMask)
+    activateMask(index);
+  else
+    OnGraphActivated(index);
 }
 
 LRESULT View::OnCaptureChanged(WPARAM, LPARAM) {

@@ -1,0 +1,86 @@
+// One graph on a page, by the same painting code as on the screen, and the way back to the screen.
+
+#include <vector>
+
+#include "sparlow/data/DataLock.h"
+#include "sparlow/graph/Graph.h"
+#include "sparlow/platform/Windows.h"
+#include "sparlow/view/ViewData.h"
+
+namespace sparlow {
+
+/// The looks of paper for as long as it lives: dark on white, with pens and margins for a printer's
+/// resolution.
+class Graph::PaperLooks {
+ public:
+  explicit PaperLooks(Graph& graph)
+      : graph_(graph),
+        colors_(graph.colors),
+        series_(graph.activeViewData),
+        trace_(series_->GetColor()) {
+    constexpr unsigned pixelsOnPaper = 7;
+    Offset::LogPixelSize = pixelsOnPaper;
+    graph.SetColors(&paper_);
+  }
+  ~PaperLooks() {
+    Offset::LogPixelSize = 1;
+    graph_.SetColors(colors_);
+    // One of several series has a colour that isn't the scheme's.
+    series_->SetColor(trace_);
+  }
+  PaperLooks(const PaperLooks&) = delete;
+  PaperLooks& operator=(const PaperLooks&) = delete;
+
+ private:
+  Graph& graph_;
+  GraphColors* const colors_;
+  ViewData* const series_;
+  const COLORREF trace_;
+  GraphColors paper_;
+};
+
+void Graph::Print(CDC* dc, const CRect& rect) {
+  const std::shared_ptr<GraphWorkers> shared = workers;
+  if (!dc || !dc->GetSafeHdc() || shared->Closed())
+    return;
+  CRect area = rect;
+  area.NormalizeRect();
+  bool paperTooLarge = false;
+  {
+    const GraphWorkers::Pause noRender(*shared);
+    const CSingleLock pipeline(&shared->pipelineLock);
+    if (shared->Closed() || !DataAndAxisValid())
+      return;
+    std::vector<std::unique_ptr<DataLock>> noAnalysis;
+    for (const ViewData* const series : AllSeries())
+      noAnalysis.push_back(std::make_unique<DataLock>(series->threadsMutex));
+    if (shared->Closed() || !DataAndAxisValid())
+      return;
+    printFrame(dc, area);
+    paperTooLarge = tooLarge;
+  }
+  sbRender();
+  if (shared->Closed())
+    return;
+  if (update(*shared) == Update::worker)
+    startWorker(Job::render);
+  if (!shared->Closed())
+    tellTooLarge(paperTooLarge);
+}
+
+void Graph::printFrame(CDC* dc, const CRect& area) {
+  const PaperLooks paper(*this);
+  SetGraphArea(area);
+  RenderSecondaryGraphs();
+  RenderGraph(true);
+  // Whatever a host draws or throws, its context gets its font, origin and clip back.
+  const SavedDC before(dc->GetSafeHdc());
+  CFont font;
+  CreateTextFont(&font, dc);
+  dc->SelectObject(&font);
+  GraphToDC(dc, area);
+  if (active)
+    drawMarkers(dc->GetSafeHdc(), nullptr, area);
+}
+
+}  // namespace sparlow

@@ -1,0 +1,161 @@
+#include "sparlow/multi/MultiGraph.h"
+
+#include <algorithm>
+#include <exception>
+
+#include "sparlow/platform/ErrorBox.h"
+#include "sparlow/platform/UiThread.h"
+#include "sparlow/view/ViewData.h"
+
+namespace sparlow {
+
+COLORREF MultiGraph::GetFirstUnusedColor(const SourceDataList& list, const COLORREF* colors,
+                                         int n) {
+  for (int i = 0; i < n; ++i) {
+    const bool taken = std::any_of(list.begin(), list.end(), [&](const ViewData* data) {
+      return data->GetColor() == colors[i];
+    });
+    if (!taken)
+      return colors[i];
+  }
+  return 0;
+}
+
+SourceDataList MultiGraph::Snapshot(const SourceDataList& list) const {
+  const std::lock_guard guard(listLock);
+  return list;
+}
+
+std::vector<ViewData*> MultiGraph::AllSeries() const {
+  std::vector<ViewData*> all = Graph::AllSeries();
+  const ViewData* const primary = all.empty() ? nullptr : all.front();
+  for (ViewData* const data : Snapshot(viewDataList)) {
+    if (data != primary)
+      all.push_back(data);
+  }
+  return all;
+}
+
+bool MultiGraph::AddViewData(ViewData* data) {
+  const std::vector<ViewData*> all = AllSeries();
+  if (!data || std::find(all.begin(), all.end(), data) != all.end())
+    return false;
+  if (viewDataList.count == maxSeries) {
+    ShowErrorBox(MB_ICONEXCLAMATION, "Add graph warning",
+                 "Cannot view more than %d graphs simultaneously.", maxSeries);
+    return false;
+  }
+  const COLORREF color = GetFirstUnusedColor(viewDataList, GraphColorTable, maxSeries);
+  if (!append(viewDataList, data, true))
+    return false;
+  data->SetColor(color);
+  return true;
+}
+
+bool MultiGraph::append(SourceDataList& list, ViewData* data, bool makeActive) {
+  return changeSeries([&] {
+    workers->Readmit(data);
+    {
+      const std::lock_guard guard(listLock);
+      list.Add(data);
+    }
+    if (makeActive)
+      activeViewData = data;
+    return true;
+  });
+}
+
+bool MultiGraph::RemoveViewData(ViewData* data) {
+  if (viewDataList.count < 2 || !viewDataList.Holds(data))
+    return false;
+  const bool wasActive = data == activeViewData;
+  if (takeOut(viewDataList, data) && wasActive)
+    SetActive(0);
+  return true;
+}
+
+bool MultiGraph::takeOut(SourceDataList& list, ViewData* data) {
+  const std::shared_ptr<GraphWorkers> shared = workers;
+  data->closing = true;
+  const bool taken = changeSeries([&] {
+    if (activeViewData == data)
+      activeViewData = nullptr;
+    const std::lock_guard guard(listLock);
+    list.RemoveAt(list.Find(data));
+    return true;
+  });
+  if (taken)
+    shared->Withdraw(data);
+  data->closing = false;
+  return taken && !shared->Closed();
+}
+
+void MultiGraph::RemoveActiveGraph() {
+  RemoveViewData(activeViewData);
+}
+
+void MultiGraph::SetActive(int index) {
+  activate(viewDataList.GetAt(index));
+}
+
+void MultiGraph::activate(ViewData* data) {
+  const bool changed = changeSeries([&] {
+    if (data)
+      activeViewData = data;
+    if (!activeViewData || !axis)
+      return false;
+    zoomOutFullPrimary();
+    zoomOutFullSecondary();
+    return true;
+  });
+  if (changed)
+    UpdateGraph();
+}
+
+bool MultiGraph::AnalyzeEach() {
+  return analyzeList(Snapshot(viewDataList), &SourceData::Analyze, false);
+}
+
+bool MultiGraph::analyzeList(const SourceDataList& list, bool (SourceData::*how)(),
+                             bool onlyEmpty) {
+  const std::shared_ptr<GraphWorkers> shared = workers;
+  bool any = false;
+  std::exception_ptr failure;
+  for (ViewData* const data : list) {
+    // A host's calculation may end the graph.
+    if (shared->Closed())
+      break;
+    try {
+      any = analyze(data, how, onlyEmpty) || any;
+    } catch (...) {
+      failure = std::current_exception();
+    }
+  }
+  if (failure)
+    std::rethrow_exception(failure);
+  return any;
+}
+
+bool MultiGraph::GetViewDataByPoint(ViewData** data, int* index, bool* isMask, CPoint point) {
+  if (!findColor(viewDataList, GetPixel(point), data, index))
+    return false;
+  if (isMask)
+    *isMask = false;
+  return true;
+}
+
+bool MultiGraph::findColor(const SourceDataList& list, COLORREF color, ViewData** data,
+                           int* index) const {
+  for (int i = 0; i < list.count; ++i) {
+    if (list.items[i]->GetColor() != color)
+      continue;
+    if (data)
+      *data = list.items[i];
+    if (index)
+      *index = i;
+    return true;
+  }
+  return false;
+}
+
+}  // namespace sparlow

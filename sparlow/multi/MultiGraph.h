@@ -1,0 +1,102 @@
+#pragma once
+
+#include <mutex>
+
+#include "sparlow/graph/Graph.h"
+#include "sparlow/multi/SourceDataList.h"
+#include "sparlow/platform/CMenu.h"
+
+namespace sparlow {
+
+/// Commands of the popup menu: one for each series, one for each mask, and the removal.
+inline constexpr UINT ID_SELECT_GRAPH = 101;
+inline constexpr UINT ID_SELECT_MASK = 107;
+inline constexpr UINT ID_REMOVE_SELECTED = 113;
+
+/// Colours of overlaid series, in the order in which they are given.
+inline constexpr COLORREF GraphColorTable[] = {0x000000, 0x0000C0, 0x008000,
+                                               0xFF0000, 0x20C0FF, 0xFF00FF};
+
+/// A graph that shows up to 6 series on one pair of axes. One of them is active: units, interval,
+/// cursors and statistics are its own. The others follow its horizontal axis and lie beneath it.
+/// Each has a colour of its own, by which the legend names it and a click finds it.
+///
+/// The series stay the host's and live as long as they are in the graph; removing one waits until
+/// nobody works at it.
+/// Threads: the window's, unless an operation says otherwise.
+class MultiGraph : public Graph {
+ public:
+  static constexpr int maxSeries = 6;
+
+  explicit MultiGraph(GraphAxis* sharedAxis) : Graph(sharedAxis) {}
+
+  /// Adds a series, gives it the first free colour and makes it the active one. Paints nothing:
+  /// UpdateGraph is due. False, and nothing changes, for null and for one that is here already, and
+  /// after a box for the 7th.
+  bool AddViewData(ViewData* data) override;
+  /// Takes a series out, after its analysis, if one runs, has been told to stop and has ended. The
+  /// first series becomes active in place of an active one, with everything on show; otherwise
+  /// UpdateGraph is due. False, and nothing changes, for the last one and for one that isn't here.
+  bool RemoveViewData(ViewData* data) override;
+  void RemoveActiveGraph() override;
+  /// Makes the series at that position active and shows all data; an index that isn't there only
+  /// shows all data.
+  void SetActive(int index) override;
+  bool IsMultiple() const override { return viewDataList.count > 1; }
+  bool GetViewDataByPoint(ViewData** data, int* index, bool* isMask, CPoint point) override;
+  /// Runs Analyze of every series. What one throws is thrown on when all have run. Any thread.
+  bool AnalyzeEach() override;
+  /// The menu of the active series, with a submenu of all and an item that removes the active one.
+  CMenu* CreateCustomPopupMenu(CMenu& menu) override;
+
+  void defineMinMax() override;
+
+ protected:
+  /// The first of n colours that no series of the list has; 0 when all are taken.
+  static COLORREF GetFirstUnusedColor(const SourceDataList& list, const COLORREF* colors, int n);
+
+  void DrawSecondaryGraphs(CDC* dc) override;
+  void DrawPrimaryGraph(CDC* dc) override;
+  int LegendOffset() const override;
+  void DrawLegend(CDC* dc) override;
+  bool RenderSecondaryGraphs() override;
+  std::vector<ViewData*> AllSeries() const override;
+  void ResetInterval() override;
+  void zoomOutFullSecondary() override;
+
+  /// The strip below the horizontal labels for a list, in plot coordinates.
+  CRect GetLegendRect(const SourceDataList& list) const;
+  /// The names of a list, each in its colour, from the top of rect downwards.
+  void DrawSubLegend(CDC* dc, CRect rect, const SourceDataList& list);
+  void DrawList(CDC* dc, const SourceDataList& list);
+
+  /// A list as it stands. Any thread.
+  SourceDataList Snapshot(const SourceDataList& list) const;
+  /// False when a list is full or has the series already.
+  bool append(SourceDataList& list, ViewData* data, bool makeActive);
+  /// Stops whoever works at a series and takes it out. False when the graph was closed meanwhile.
+  bool takeOut(SourceDataList& list, ViewData* data);
+  /// Makes a series active, null leaves the one that is, and shows all data.
+  void activate(ViewData* data);
+  /// Runs an analysis of each; what one throws is thrown on when all have run. Any thread.
+  bool analyzeList(const SourceDataList& list, bool (SourceData::*how)(), bool onlyEmpty);
+  /// Renders those of a list that have samples, but for the active one. Any thread that renders.
+  bool renderList(const SourceDataList& list, bool followAxis);
+  /// Widens the range of the axes to a series.
+  void include(const ViewData& data, bool horizontally);
+  bool findColor(const SourceDataList& list, COLORREF color, ViewData** data, int* index) const;
+  /// One item for each series of a list; the active one has the mark.
+  void appendSelection(const SourceDataList& list, UINT firstId);
+
+  /// Changed by the window's thread, under listLock; other threads read a Snapshot.
+  SourceDataList viewDataList;
+  /// Pixels at the right end of the legend strip that are somebody else's.
+  int legendMaskWidth = 0;
+  /// The submenu of the popup menu.
+  CMenu selectMenu;
+
+ private:
+  mutable std::mutex listLock;
+};
+
+}  // namespace sparlow

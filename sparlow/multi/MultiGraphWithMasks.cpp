@@ -1,0 +1,96 @@
+#include "sparlow/multi/MultiGraphWithMasks.h"
+
+#include <algorithm>
+
+#include "sparlow/platform/ErrorBox.h"
+#include "sparlow/platform/Text.h"
+#include "sparlow/platform/UiThread.h"
+#include "sparlow/platform/Windows.h"
+#include "sparlow/view/ViewData.h"
+
+namespace sparlow {
+
+namespace {
+
+int characters(const std::string& text) {
+  const std::string utf8 = ToUtf8(text);
+  return static_cast<int>(
+      std::count_if(utf8.begin(), utf8.end(), [](char c) { return (c & 0xC0) != 0x80; }));
+}
+
+}  // namespace
+
+bool MultiGraphWithMasks::AddMaskData(ViewData* data) {
+  const std::vector<ViewData*> all = AllSeries();
+  if (!data || std::find(all.begin(), all.end(), data) != all.end())
+    return false;
+  if (maskList.count == maxMasks) {
+    ShowErrorBox(MB_ICONEXCLAMATION, "Apply mask warning",
+                 "Cannot apply more than %d masks simultaneously.", maxMasks);
+    return false;
+  }
+  const COLORREF color = GetFirstUnusedColor(maskList, MaskColorTable, maxMasks);
+  if (!append(maskList, data, false))
+    return false;
+  data->SetColor(color);
+  longestMaskName = std::max(longestMaskName, characters(data->GetName()));
+  return true;
+}
+
+bool MultiGraphWithMasks::RemoveMaskData(ViewData* data) {
+  if (!data)
+    return true;
+  const std::shared_ptr<GraphWorkers> shared = workers;
+  if (data == activeViewData)
+    SetActive(0);
+  if (shared->Closed() || !maskList.Holds(data))
+    return true;
+  const bool open = takeOut(maskList, data);
+  if (open && maskList.count == 0)
+    longestMaskName = 0;
+  // Without a series there is nothing to update, but the mask is still on the screen.
+  if (open && !activeViewData)
+    RedrawWindow(hWnd, RDW_INVALIDATE);
+  return true;
+}
+
+void MultiGraphWithMasks::SetActiveMask(int index) {
+  activate(maskList.GetAt(index));
+}
+
+std::vector<ViewData*> MultiGraphWithMasks::AllSeries() const {
+  std::vector<ViewData*> all = MultiGraph::AllSeries();
+  const ViewData* const primary = all.empty() ? nullptr : all.front();
+  for (ViewData* const data : Snapshot(maskList)) {
+    if (data != primary)
+      all.push_back(data);
+  }
+  return all;
+}
+
+bool MultiGraphWithMasks::AnalyzeEachNewMask() {
+  return analyzeList(Snapshot(maskList), &SourceData::ApplyMask, true);
+}
+
+bool MultiGraphWithMasks::GetViewDataByPoint(ViewData** data, int* index, bool* isMask,
+                                             CPoint point) {
+  if (MultiGraph::GetViewDataByPoint(data, index, isMask, point))
+    return true;
+  if (!findColor(maskList, GetPixel(point), data, index))
+    return false;
+  if (isMask)
+    *isMask = true;
+  return true;
+}
+
+CMenu* MultiGraphWithMasks::CreateCustomPopupMenu(CMenu& menu) {
+  CMenu* const popup = MultiGraph::CreateCustomPopupMenu(menu);
+  const ViewData* const primary = activeViewData;
+  if (popup && maskList.count != 0 && primary && !primary->inTransfer) {
+    selectMenu.AppendMenu(MF_SEPARATOR);
+    appendSelection(maskList, ID_SELECT_MASK);
+  }
+  return popup;
+}
+
+}  // namespace sparlow

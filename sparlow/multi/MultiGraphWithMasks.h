@@ -1,0 +1,55 @@
+#pragma once
+
+#include "sparlow/multi/MultiGraph.h"
+
+namespace sparlow {
+
+/// Colours of masks, in the order in which they are given; no series of a graph has one of them.
+inline constexpr COLORREF MaskColorTable[] = {0xFFC000, 0x00C6C6, 0xC600C6,
+                                              0x004F9D, 0x0080FF, 0xA8A800};
+
+/// Overlaid series with up to 6 masks over them: series of their own, filled once by ApplyMask on a
+/// worker, named in a column of their own. A mask can be picked and made active as a series can. It
+/// keeps its interval when the graph is zoomed.
+/// Threads: the window's, unless an operation says otherwise.
+class MultiGraphWithMasks : public MultiGraph {
+ public:
+  static constexpr int maxMasks = 6;
+
+  explicit MultiGraphWithMasks(GraphAxis* sharedAxis) : MultiGraph(sharedAxis) {}
+
+  /// Adds a mask and gives it the first free colour; the active series stays. AnalyzeMask, or
+  /// WM_RECALC_MASK to the view, has it calculated. False, and nothing changes, for null and for a
+  /// series that is here already, and after a box for the 7th.
+  bool AddMaskData(ViewData* data) override;
+  /// Takes a mask out, after its calculation, if one runs, has been told to stop and has ended. The
+  /// first series becomes active in place of an active mask. True, also for one that isn't here.
+  bool RemoveMaskData(ViewData* data) override;
+  /// Makes the mask at that position active and shows all data; an index that isn't there only
+  /// shows all data.
+  void SetActiveMask(int index) override;
+  bool IsMultiple() const override { return maskList.count > 0 || MultiGraph::IsMultiple(); }
+  bool GetViewDataByPoint(ViewData** data, int* index, bool* isMask, CPoint point) override;
+  /// Runs ApplyMask of every mask without samples. What one throws is thrown on when all have run.
+  /// Any thread.
+  bool AnalyzeEachNewMask() override;
+  CMenu* CreateCustomPopupMenu(CMenu& menu) override;
+
+  void defineMinMax() override;
+
+ protected:
+  void DrawSecondaryGraphs(CDC* dc) override;
+  int LegendOffset() const override;
+  void DrawLegend(CDC* dc) override;
+  bool RenderSecondaryGraphs() override;
+  std::vector<ViewData*> AllSeries() const override;
+  void ResetInterval() override;
+  void zoomOutFullSecondary() override;
+
+  /// As viewDataList.
+  SourceDataList maskList;
+  /// Characters of the longest name since the list was empty.
+  int longestMaskName = 0;
+};
+
+}  // namespace sparlow

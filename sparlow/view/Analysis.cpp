@@ -1,0 +1,56 @@
+#include "sparlow/view/Analysis.h"
+
+#include <algorithm>
+
+namespace sparlow {
+
+void Analysis::SetInterval(unsigned from, unsigned to) {
+  if (!analyzeFrom)
+    return;
+  nAnalyzeFrom = from;
+  nAnalyzeTo = to;
+  const SampleReader samples = analyzeFrom->Read();
+  const bool range = from < to && !samples.empty();
+  const auto xAt = [&](unsigned sample) { return samples.x(std::min(sample, samples.size() - 1)); };
+  xAnalyzeFrom = range ? xAt(from) : 0.0;
+  xAnalyzeTo = range ? xAt(to - 1) : -1.0;
+}
+
+bool Analysis::Analyze() {
+  if (!analyzeFrom || analyzeFrom == this || !analyzeFrom->Valid())
+    return false;
+  const DataLock threads(threadsMutex);
+  if (AnalyzeDataBetweenCursors)
+    SetInterval(analyzeFrom->GetAnalyzeFrom(), analyzeFrom->GetAnalyzeTo());
+  else
+    SetInterval(kWholeSource, kWholeSource);
+  // A failure leaves no half result on show, and no graph locked by a transfer that goes on.
+  const auto fail = [this] {
+    Reset();
+    endTransfer();
+  };
+  try {
+    if (Calculate())
+      return true;
+  } catch (...) {
+    fail();
+    throw;
+  }
+  fail();
+  return false;
+}
+
+bool Analysis::ApplyMask() {
+  const DataLock threads(threadsMutex);
+  const bool done = Calculate();
+  if (!done)
+    endTransfer();
+  return done;
+}
+
+void Analysis::endTransfer() {
+  if (inTransfer)
+    TermDataTransfer();
+}
+
+}  // namespace sparlow
