@@ -36,6 +36,7 @@ struct IntervalBounds {
   double xMax = 0.0;
   double yMin = 0.0;
   double yMax = 0.0;
+  friend bool operator==(const IntervalBounds&, const IntervalBounds&) = default;
 };
 
 /// One series of (x, y) samples, x ascending: its store, the interval of it that is on show, its

@@ -116,7 +116,8 @@ class Graph {
   /// Draws the graph inside rect of a page: in the colours of scheme 0, with text of 11 points and
   /// margins and pens of seven pixels for one, at the resolution of dc. Renders on the caller's
   /// thread, whatever the interval; stops a render for the window, which goes on afterwards, and
-  /// waits for analyses of the series on show. The window is then brought back to its own pixels.
+  /// waits for analyses of the series on show, whose boxes are answered meanwhile. The window is
+  /// then brought back to its own pixels.
   /// Without data nothing is drawn. An area of 16384 pixels or more is told in a box and cut.
   void Print(CDC* dc, const CRect& rect);
 
@@ -225,7 +226,8 @@ class Graph {
   virtual void SetThreadsTerminator();
   /// Clears what SetThreadsTerminator signalled, and nothing else.
   virtual void ClearThreadsTerminator();
-  /// Waits until nobody renders or analyses the series of the graph, one after the other.
+  /// For derived classes: waits until nobody renders or analyses the series of the graph, one after
+  /// the other.
   virtual void WaitForThreadsEnd();
   /// Sets xMin to yMax to the range of the data that the axes are to show.
   virtual void defineMinMax();
@@ -356,6 +358,8 @@ class Graph {
 
   // On paper.
   class PaperLooks;
+  /// False when a series is being analysed.
+  bool tryPrint(CDC* dc, const CRect& area);
   void printFrame(CDC* dc, const CRect& area);
 
   static inline CopyableAtomic<HWND> InfoBarHwnd{nullptr};
@@ -375,7 +379,10 @@ class Graph {
   std::vector<ViewData*> former;  // were active when a worker ran that may still hold them
 
   CopyableAtomic<bool> tooLarge{false};  // the last layout had no room in the series' columns
-  std::atomic<bool> leftOut{false};      // a series was being analysed when it should be rendered
+  // Told from worker to worker and to the window's thread.
+  std::atomic<bool> leftOut{false};       // a series was analysed when it should be rendered
+  std::atomic<bool> updateMissed{false};  // the active one was, when an update came
+  std::atomic<bool> calculated{false};    // an analysis has succeeded, and no update is posted yet
 };
 
 }  // namespace sparlow

@@ -48,17 +48,16 @@ void Graph::Print(CDC* dc, const CRect& rect) {
   bool paperTooLarge = false;
   {
     const GraphWorkers::Pause noRender(*shared);
-    const CSingleLock pipeline(&shared->pipelineLock);
-    if (shared->Closed() || !DataAndAxisValid())
-      return;
-    std::vector<std::unique_ptr<DataLock>> noAnalysis;
-    for (const ViewData* const series : AllSeries())
-      noAnalysis.push_back(std::make_unique<DataLock>(series->threadsMutex));
-    if (shared->Closed() || !DataAndAxisValid())
-      return;
-    printFrame(dc, area);
+    while (!tryPrint(dc, area)) {
+      // Without any lock: an analysis may need that of another series, or end the graph by a box.
+      shared->WaitForAnalyses();
+      if (shared->Closed())
+        return;
+    }
     paperTooLarge = tooLarge;
   }
+  if (shared->Closed() || !DataAndAxisValid())
+    return;
   sbRender();
   if (shared->Closed())
     return;
@@ -66,6 +65,26 @@ void Graph::Print(CDC* dc, const CRect& rect) {
     startWorker(Job::render);
   if (!shared->Closed())
     tellTooLarge(paperTooLarge);
+}
+
+bool Graph::tryPrint(CDC* dc, const CRect& area) {
+  const CSingleLock pipeline(&workers->pipelineLock);
+  if (workers->Closed() || !DataAndAxisValid())
+    return true;
+  std::vector<std::unique_ptr<DataLock>> noAnalysis;
+  for (const ViewData* const series : AllSeries()) {
+    noAnalysis.push_back(std::make_unique<DataLock>(series->threadsMutex, std::try_to_lock));
+    if (!*noAnalysis.back())
+      return false;
+  }
+  try {
+    printFrame(dc, area);
+  } catch (...) {
+    // The window isn't to be painted by the layout of the page.
+    startWorker(Job::resize);
+    throw;
+  }
+  return true;
 }
 
 void Graph::printFrame(CDC* dc, const CRect& area) {

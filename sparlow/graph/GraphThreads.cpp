@@ -97,6 +97,11 @@ void Graph::RenderThread(std::uint64_t render, bool newLayout, bool onWorker) {
     // is over, without any lock.
     while (end == RenderEnd::stopped && onWorker && !workers->WaitForNewer(render, pause))
       end = tryRender(render, newLayout);
+    // An update that found the series in use has fitted no axis: it is due now, before a paint.
+    if (end != RenderEnd::givenUp && updateMissed.exchange(false)) {
+      PostMessage(hWnd, WM_UPDATE_GRAPH, 0, 0);
+      end = RenderEnd::givenUp;
+    }
   }
   if (end != RenderEnd::done)
     return;
@@ -139,16 +144,17 @@ void Graph::AnalyzeThread(bool (Graph::*analyzeEach)(), bool onWorker) {
   // A host's calculation may open a box, and the graph be gone when that is closed.
   const HWND window = hWnd;
   const std::shared_ptr<GraphWorkers> shared = workers;
-  bool done = true;
+  bool done = false;
   try {
     done = (this->*analyzeEach)();
   } catch (...) {
     if (!onWorker)
       throw;
-    // It counts as a failure of that calculation; others may have succeeded.
+    // It counts as a failure of that calculation; others have been carried out.
   }
   if (shared->Closed())
     return;
+  done = calculated.exchange(false) || done;
   if (leftOut.exchange(false) || done)
     PostMessage(window, WM_UPDATE_GRAPH, 0, 0);
 }
@@ -160,7 +166,10 @@ bool Graph::analyze(ViewData* series, bool (SourceData::*how)(), bool onlyEmpty)
     return false;
   // Another worker may be filling it.
   const DataLock threads(onlyEmpty ? series->threadsMutex : nullptr);
-  return !(onlyEmpty && series->Valid()) && (series->*how)();
+  if ((onlyEmpty && series->Valid()) || !(series->*how)() || shared->Closed())
+    return false;
+  calculated = true;
+  return true;
 }
 
 bool Graph::renderBeside(ViewData& series, bool followAxis) {

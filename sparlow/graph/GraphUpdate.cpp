@@ -48,8 +48,11 @@ Graph::Update Graph::update(GraphWorkers& shared) {
     }
     // Whoever analyses the series may take long; a worker waits for that.
     const DataLock threads(series->threadsMutex, std::try_to_lock);
-    if (!threads)
+    if (!threads) {
+      updateMissed = true;
       return Update::worker;
+    }
+    updateMissed = false;
     axis->SetUnits(series->GetxUnit(), series->GetyUnit());
     noteUnits();
     bool fullRender = axis->preset || SetAxisAutoRange();

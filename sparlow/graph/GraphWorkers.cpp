@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "sparlow/platform/UiThread.h"
 #include "sparlow/view/ViewData.h"
 
 namespace sparlow {
@@ -77,7 +78,7 @@ GraphWorkers::SeriesInUse::SeriesInUse(GraphWorkers& workers, const ViewData* se
   const auto& withdrawn = workers_.withdrawn_;
   began_ = series && std::find(withdrawn.begin(), withdrawn.end(), series) == withdrawn.end();
   if (began_)
-    workers_.used_.push_back(series);
+    workers_.used_.push_back({series, std::this_thread::get_id()});
 }
 
 GraphWorkers::SeriesInUse::~SeriesInUse() {
@@ -85,7 +86,7 @@ GraphWorkers::SeriesInUse::~SeriesInUse() {
     return;
   const std::lock_guard guard(workers_.lock_);
   auto& used = workers_.used_;
-  used.erase(std::find(used.begin(), used.end(), series_));
+  used.erase(std::find(used.begin(), used.end(), Use{series_, std::this_thread::get_id()}));
   workers_.changed_.notify_all();
 }
 
@@ -102,12 +103,29 @@ GraphWorkers::Pause::~Pause() {
 
 void GraphWorkers::Withdraw(const ViewData* series) {
   std::unique_lock guard(lock_);
-  // Without workers nobody remembers a series of before.
-  if (nThreads_ == 0)
+  // Where nobody is at work nobody remembers a series of before.
+  if (nThreads_ == 0 && used_.empty())
     withdrawn_.clear();
   withdrawn_.push_back(series);
-  WaitServingBoxes(guard, changed_,
-                   [&] { return std::find(used_.begin(), used_.end(), series) == used_.end(); });
+  // The box that an analysis waits for may be open further out on this stack.
+  const UiThread::AnswerBoxes answered;
+  WaitServingBoxes(guard, changed_, [&] { return !usedElsewhere(series); });
+}
+
+bool GraphWorkers::usedElsewhere(const ViewData* series) const {
+  return std::any_of(used_.begin(), used_.end(), [&](const Use& use) {
+    return (!series || use.series == series) && use.thread != std::this_thread::get_id();
+  });
+}
+
+void GraphWorkers::WaitForAnalyses() {
+  {
+    std::unique_lock guard(lock_);
+    const UiThread::AnswerBoxes answered;
+    WaitServingBoxes(guard, changed_, [&] { return !usedElsewhere(nullptr); });
+  }
+  // Somebody who isn't this graph's worker may be at it.
+  std::this_thread::sleep_for(std::chrono::milliseconds{1});
 }
 
 void GraphWorkers::Readmit(const ViewData* series) {

@@ -4,6 +4,7 @@
 #include <condition_variable>
 #include <cstdint>
 #include <mutex>
+#include <thread>
 #include <vector>
 
 #include "sparlow/platform/Synchronization.h"
@@ -103,6 +104,8 @@ class GraphWorkers {
   /// Gives a series away: nobody begins to use it, and when this returns nobody does. Readmit takes
   /// it back.
   void Withdraw(const ViewData* series);
+  /// Waits until no series is in use; a little longer if that was so already.
+  void WaitForAnalyses();
   void Readmit(const ViewData* series);
   /// Workers that were counted and not counted off.
   int Count() const;
@@ -117,7 +120,16 @@ class GraphWorkers {
   void EndTelling();
 
  private:
+  /// Somebody at work with a series outside of the pipeline lock.
+  struct Use {
+    const ViewData* series;
+    std::thread::id thread;
+    friend bool operator==(const Use&, const Use&) = default;
+  };
+
   void stopRunning();  // lock_ held
+  /// By another thread; one that waits for itself would wait for ever. lock_ held. Null: any.
+  bool usedElsewhere(const ViewData* series) const;
 
   mutable std::mutex lock_;
   std::condition_variable changed_;
@@ -130,7 +142,7 @@ class GraphWorkers {
   std::uint64_t newest_ = 0;
   int pauses_ = 0;
   std::vector<ViewData*> running_;          // the series of the render that runs
-  std::vector<const ViewData*> used_;       // once for each SeriesInUse
+  std::vector<Use> used_;                   // once for each SeriesInUse
   std::vector<const ViewData*> withdrawn_;  // may be gone: for comparing only
 };
 

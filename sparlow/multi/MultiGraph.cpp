@@ -46,14 +46,18 @@ bool MultiGraph::AddViewData(ViewData* data) {
     return false;
   }
   const COLORREF color = GetFirstUnusedColor(viewDataList, GraphColorTable, maxSeries);
-  if (!append(viewDataList, data, true))
+  if (!append(viewDataList, maxSeries, data, true))
     return false;
   data->SetColor(color);
   return true;
 }
 
-bool MultiGraph::append(SourceDataList& list, ViewData* data, bool makeActive) {
+// What is asked before a lock is waited for may have changed after it: a box of a worker's may be
+// answered meanwhile, by a host's code.
+bool MultiGraph::append(SourceDataList& list, int limit, ViewData* data, bool makeActive) {
   return changeSeries([&] {
+    if (list.count >= limit || list.Holds(data))
+      return false;
     workers->Readmit(data);
     {
       const std::lock_guard guard(listLock);
@@ -68,16 +72,19 @@ bool MultiGraph::append(SourceDataList& list, ViewData* data, bool makeActive) {
 bool MultiGraph::RemoveViewData(ViewData* data) {
   if (viewDataList.count < 2 || !viewDataList.Holds(data))
     return false;
-  const bool wasActive = data == activeViewData;
-  if (takeOut(viewDataList, data) && wasActive)
+  if (!takeOut(viewDataList, 1, data))
+    return false;
+  if (!activeViewData)
     SetActive(0);
   return true;
 }
 
-bool MultiGraph::takeOut(SourceDataList& list, ViewData* data) {
+bool MultiGraph::takeOut(SourceDataList& list, int least, ViewData* data) {
   const std::shared_ptr<GraphWorkers> shared = workers;
   data->closing = true;
   const bool taken = changeSeries([&] {
+    if (!list.Holds(data) || list.count <= least)
+      return false;
     if (activeViewData == data)
       activeViewData = nullptr;
     const std::lock_guard guard(listLock);
@@ -86,8 +93,11 @@ bool MultiGraph::takeOut(SourceDataList& list, ViewData* data) {
   });
   if (taken)
     shared->Withdraw(data);
+  // A graph that has ended meanwhile has taken it back already, and the series may be gone.
+  if (shared->Closed())
+    return false;
   data->closing = false;
-  return taken && !shared->Closed();
+  return taken;
 }
 
 void MultiGraph::RemoveActiveGraph() {
@@ -95,12 +105,12 @@ void MultiGraph::RemoveActiveGraph() {
 }
 
 void MultiGraph::SetActive(int index) {
-  activate(viewDataList.GetAt(index));
+  activate(viewDataList, index);
 }
 
-void MultiGraph::activate(ViewData* data) {
+void MultiGraph::activate(const SourceDataList& list, int index) {
   const bool changed = changeSeries([&] {
-    if (data)
+    if (ViewData* const data = list.GetAt(index))
       activeViewData = data;
     if (!activeViewData || !axis)
       return false;

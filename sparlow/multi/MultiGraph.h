@@ -72,12 +72,13 @@ class MultiGraph : public Graph {
 
   /// A list as it stands. Any thread.
   SourceDataList Snapshot(const SourceDataList& list) const;
-  /// False when a list is full or has the series already.
-  bool append(SourceDataList& list, ViewData* data, bool makeActive);
-  /// Stops whoever works at a series and takes it out. False when the graph was closed meanwhile.
-  bool takeOut(SourceDataList& list, ViewData* data);
-  /// Makes a series active, null leaves the one that is, and shows all data.
-  void activate(ViewData* data);
+  /// False when the graph was closed meanwhile, or the list has as many as limit or this one.
+  bool append(SourceDataList& list, int limit, ViewData* data, bool makeActive);
+  /// Stops whoever works at a series and takes it out. False when the graph was closed meanwhile,
+  /// or the list doesn't have it or would have fewer than least.
+  bool takeOut(SourceDataList& list, int least, ViewData* data);
+  /// Makes the series at that position active, if there is one, and shows all data.
+  void activate(const SourceDataList& list, int index);
   /// Runs an analysis of each; what one throws is thrown on when all have run. Any thread.
   bool analyzeList(const SourceDataList& list, bool (SourceData::*how)(), bool onlyEmpty);
   /// Renders those of a list that have samples, but for the active one. Any thread that renders.

@@ -14,11 +14,15 @@ void MultiGraph::defineMinMax() {
   for (ViewData* const data : Snapshot(viewDataList)) {
     if (data == primary || !data->Valid())
       continue;
-    if (whole)
+    if (whole) {
       data->ResetInterval(&axis->hor);
-    else
-      // What it will show, not what it has shown: the vertical axis must fit at once.
+    } else {
+      // What it will show, not what it has shown: the vertical axis must fit at once. A search sees
+      // no more than the interval before it.
+      data->SetFrom(0);
+      data->SetTo(data->GetSize());
       data->SetIntervalByX(xMin, xMax);
+    }
     data->SetIntervalParams();
     include(*data, whole);
   }
@@ -26,6 +30,9 @@ void MultiGraph::defineMinMax() {
 
 void MultiGraph::include(const ViewData& data, bool horizontally) {
   const IntervalBounds bounds = data.GetIntervalBounds();
+  // A new data set that begins just now has none yet.
+  if (!data.Valid() || (bounds == IntervalBounds{} && data.GetSize() > 1))
+    return;
   if (horizontally) {
     xMin = std::min(xMin, bounds.xMin);
     xMax = std::max(xMax, bounds.xMax);

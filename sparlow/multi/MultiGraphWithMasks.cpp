@@ -30,7 +30,7 @@ bool MultiGraphWithMasks::AddMaskData(ViewData* data) {
     return false;
   }
   const COLORREF color = GetFirstUnusedColor(maskList, MaskColorTable, maxMasks);
-  if (!append(maskList, data, false))
+  if (!append(maskList, maxMasks, data, false))
     return false;
   data->SetColor(color);
   longestMaskName = std::max(longestMaskName, characters(data->GetName()));
@@ -45,17 +45,21 @@ bool MultiGraphWithMasks::RemoveMaskData(ViewData* data) {
     SetActive(0);
   if (shared->Closed() || !maskList.Holds(data))
     return true;
-  const bool open = takeOut(maskList, data);
-  if (open && maskList.count == 0)
+  if (!takeOut(maskList, 0, data))
+    return true;
+  if (maskList.count == 0)
     longestMaskName = 0;
+  if (activeViewData)
+    return true;
+  const HWND window = hWnd;
+  SetActive(0);
   // Without a series there is nothing to update, but the mask is still on the screen.
-  if (open && !activeViewData)
-    RedrawWindow(hWnd, RDW_INVALIDATE);
+  RedrawWindow(window, RDW_INVALIDATE);
   return true;
 }
 
 void MultiGraphWithMasks::SetActiveMask(int index) {
-  activate(maskList.GetAt(index));
+  activate(maskList, index);
 }
 
 std::vector<ViewData*> MultiGraphWithMasks::AllSeries() const {

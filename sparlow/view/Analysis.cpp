@@ -20,10 +20,13 @@ bool Analysis::Analyze() {
   if (!analyzeFrom || analyzeFrom == this || !analyzeFrom->Valid())
     return false;
   const DataLock threads(threadsMutex);
-  if (AnalyzeDataBetweenCursors)
-    SetInterval(analyzeFrom->GetAnalyzeFrom(), analyzeFrom->GetAnalyzeTo());
-  else
+  if (AnalyzeDataBetweenCursors) {
+    // A user may drag one cursor across the other meanwhile.
+    const unsigned to = analyzeFrom->GetAnalyzeTo();
+    SetInterval(std::min(analyzeFrom->GetAnalyzeFrom(), to), to);
+  } else {
     SetInterval(kWholeSource, kWholeSource);
+  }
   // A failure leaves no half result on show, and no graph locked by a transfer that goes on.
   const auto fail = [this] {
     Reset();
@@ -42,10 +45,15 @@ bool Analysis::Analyze() {
 
 bool Analysis::ApplyMask() {
   const DataLock threads(threadsMutex);
-  const bool done = Calculate();
-  if (!done)
+  try {
+    if (Calculate())
+      return true;
+  } catch (...) {
     endTransfer();
-  return done;
+    throw;
+  }
+  endTransfer();
+  return false;
 }
 
 void Analysis::endTransfer() {

@@ -29,7 +29,8 @@ class Analysis : public ViewData {
   /// series itself is its source. False, and the series is empty, when Calculate failed; what
   /// Calculate throws is passed on after that.
   bool Analyze() override;
-  /// Runs Calculate with the range as it stands, and does nothing about a failure.
+  /// Runs Calculate with the range as it stands. A failure keeps what is there; it only ends a
+  /// transfer that Calculate has begun.
   bool ApplyMask() override;
 
   /// The range in samples of the source; both at kWholeSource mean all of it.

@@ -34,27 +34,22 @@ TEST(Labels, ReadInEngineeringUnits) {
     bool log;
     unsigned length;
     const char* texts;
-  } cases[] = {
-      {0, 2, "V", false, 4, "0 0.25 0.50 0.75 1.00 1.25 1.50 1.75 2.00 2.25"},
-      {-1, 1, "V", false, 5, "-1.00 -0.75 -0.50 -0.25 0 0.250 0.500 0.750 1.000 1.250"},
-      {0.0123, 0.0187, "s", false, 2, "13 14 15 16 17 18 19"},
-      {0, 1000, "Hz", false, 3, "0 0.1 0.2 0.3 0.4 0.5 0.6 0.7 0.8 0.9 1.0 1.1"},
-      {2, 30, "", true, 2, "2 3 4 5 6 7 8 9 10 20 30"},
-      {235, 245, "", true, 3, "235 236 237 238 239 240 250"},
-      {1, 1000, "", true, 4, "10.0 100 1000"},
-      {0.001, 1000, "", true, 4, "0.01 0.10 1.00 10.0 100 1000"},
-      {1, 50, "", true, 2, "1 2 3 4 5 6 7 8 9 10 20 30 40 50"},
-      {-0.05, 0.95, "", false, 3, "0 0.1 0.2 0.3 0.4 0.5 0.6 0.7 0.8 0.9 1.0"},
-      {1e-6, 9e-5, "", true, 6,
-       "1e-06 2e-06 3e-06 4e-06 5e-06 6e-06 7e-06 8e-06 9e-06 "
-       "1e-05 2e-05 3e-05 4e-05 5e-05 6e-05 7e-05 8e-05 9e-05 0.0001"},
-      {0, 2e-6, "", false, 8,
-       "0 2.50e-07 5.00e-07 7.50e-07 1.00e-06 1.25e-06 1.50e-06 1.75e-06 2.00e-06"},
-      {1e9, 1e9 + 1e-6, "V", false, 1, "1"},
-      // The digit of the first step is 0; just a hundred steps; more digits than a label shows.
-      {200, 230, "", true, 3, "200 300"},
-      {1, 100, "", true, 3, "10 100"},
-      {1.23456785, 1.23456798, "", true, 8, "1.234568"}};
+  } cases[] = {{0, 2, "V", false, 4, "0 0.25 0.50 0.75 1.00 1.25 1.50 1.75 2.00 2.25"},
+               {-1, 1, "V", false, 5, "-1.00 -0.75 -0.50 -0.25 0 0.250 0.500 0.750 1.000 1.250"},
+               {0.0123, 0.0187, "s", false, 2, "13 14 15 16 17 18 19"},
+               {0, 1000, "Hz", false, 3, "0 0.1 0.2 0.3 0.4 0.5 0.6 0.7 0.8 0.9 1.0 1.1"},
+               {235, 245, "", true, 3, "235 236 237 238 239 240 250"},
+               {0.001, 1000, "", true, 4, "0.01 0.10 1.00 10.0 100 1000"},
+               {1, 50, "", true, 2, "1 2 3 4 5 6 7 8 9 10 20 30 40 50"},
+               {-0.05, 0.95, "", false, 3, "0 0.1 0.2 0.3 0.4 0.5 0.6 0.7 0.8 0.9 1.0"},
+               {1e-6, 9e-5, "", true, 6,
+                "1e-06 2e-06 3e-06 4e-06 5e-06 6e-06 7e-06 8e-06 9e-06 "
+                "1e-05 2e-05 3e-05 4e-05 5e-05 6e-05 7e-05 8e-05 9e-05 0.0001"},
+               {0, 2e-6, "", false, 8,
+                "0 2.50e-07 5.00e-07 7.50e-07 1.00e-06 1.25e-06 1.50e-06 1.75e-06 2.00e-06"},
+               // The digit of the first step is 0; more digits than a label shows.
+               {200, 230, "", true, 3, "200 300"},
+               {1.23456785, 1.23456798, "", true, 8, "1.234568"}};
   for (const auto& c : cases) {
     SCOPED_TRACE(::testing::Message() << c.min << " to " << c.max << ' ' << c.unit << ' ' << c.log);
     const AxisData axis = Finished(c.min, c.max, c.unit, c.log);
@@ -84,11 +79,9 @@ TEST(Walk, LabelsAndStepsVisitTheSameValues) {
     double min, max;
     bool log;
     int labelStep;
-  } cases[] = {{0, 2, false, 1},    {-1, 1, false, 1},      {-37, 64, false, 3},
-               {2, 30, true, 1},    {235, 245, true, 1},    {1, 1000, true, 1},
-               {2, 30, true, 3},    {0.001, 1000, true, 2}, {8.13, 8.95, true, 1},
-               {3, 7e5, true, 1},   {0.1, 0.9, true, 1},    {200, 230, true, 1},
-               {-37, 64, false, 0}, {2, 30, true, -1}};
+  } cases[] = {{-1, 1, false, 1},     {-37, 64, false, 3}, {-37, 64, false, 0},
+               {2, 30, true, 3},      {235, 245, true, 1}, {0.001, 1000, true, 2},
+               {8.13, 8.95, true, 1}, {3, 7e5, true, 1},   {0.1, 0.9, true, 1}};
   for (const auto& c : cases) {
     SCOPED_TRACE(::testing::Message() << c.min << " to " << c.max << ' ' << c.labelStep);
     AxisData axis = Finished(c.min, c.max, "", c.log);
@@ -107,8 +100,7 @@ TEST(Walk, LabelsAndStepsVisitTheSameValues) {
   }
 }
 
-TEST(Walk, TheGridTakesEveryStep) {
-  // 1 and 2 to 9 of three decades, and 1000, though only the decades are labelled.
+TEST(Walk, TheGridTakesEveryStepOfALogarithmicAxisThatHasFewLabels) {
   AxisData axis = Finished(1, 1000, "", true, 300);
   ASSERT_TRUE(axis.decadeLabels);
   std::vector<int> grid;
@@ -117,46 +109,30 @@ TEST(Walk, TheGridTakesEveryStep) {
   EXPECT_EQ(grid, (std::vector<int>{0,   30,  47,  60,  69,  77,  84,  90,  95,  100,
                                     130, 147, 160, 169, 177, 184, 190, 195, 200, 230,
                                     247, 260, 269, 277, 284, 290, 295, 300}));
-
-  AxisData linear = Finished(0.5, 10.5, "", false, 100);
-  linear.labelStep = 3;
-  linear.iter.Init(&linear);
-  EXPECT_EQ(linear.iter.pos, 5);
-  EXPECT_EQ(linear.iter.Next(false), 15);
-  EXPECT_EQ(linear.iter.Next(true), 45);
-  EXPECT_EQ(linear.iter.NextLabel(true), 75);
 }
 
+// Whatever a host writes into the fields of an axis.
 TEST(Walk, EndsOnAnAxisThatGivesNothingToWalkOn) {
   AxisData::StepIter unset;
   unset.InitLabel(nullptr);
   EXPECT_EQ(unset.NextLabel(true), kFarPixel);
-  AxisData stale = Finished(1, 500, "V", false);
-  stale.scale = 1e6;
-  stale.iter.Init(&stale);
-  EXPECT_EQ(stale.iter.pos, kFarPixel);
-  AxisData changed = Finished(1, 500, "V", true);
-  changed.iter.Init(&changed);
-  changed.min = -1.0;
-  EXPECT_EQ(changed.iter.Next(false), kFarPixel);
-
-  for (auto field : {&AxisData::step, &AxisData::min, &AxisData::max, &AxisData::firstStep}) {
+  constexpr double AxisData::*fields[] = {&AxisData::step, &AxisData::min, &AxisData::max,
+                                          &AxisData::firstStep, nullptr};
+  for (const auto field : fields) {
     for (const double value : {kNan, kInf, -kInf, 0.0, -1.0, 5e-324, 1e-300, 1e300}) {
-      for (const bool badScale : {false, true}) {
-        for (const bool log : {kLinear, kLog}) {
-          AxisData axis = Finished(1, 500, "V", log);
-          axis.labelStep = std::numeric_limits<int>::max();
-          if (badScale)
-            axis.scale = value;
-          else
-            axis.*field = value;
-          axis.SetLabels();
-          int steps = 0;
-          for (axis.iter.Init(&axis); axis.iter.pos < 1000; axis.iter.Next(false))
-            ASSERT_LE(++steps, 1000001) << log << ' ' << value;
-          for (axis.iter.InitLabel(&axis); axis.iter.pos < 1000; axis.iter.NextLabel(true))
-            ASSERT_LE(++steps, 2000002) << log << ' ' << value;
-        }
+      for (const bool log : {kLinear, kLog}) {
+        AxisData axis = Finished(1, 500, "V", log);
+        axis.labelStep = std::numeric_limits<int>::max();
+        if (field)
+          axis.*field = value;
+        else
+          axis.scale = value;
+        axis.SetLabels();
+        int steps = 0;
+        for (axis.iter.Init(&axis); axis.iter.pos < 1000; axis.iter.Next(false))
+          ASSERT_LE(++steps, 1000001) << log << ' ' << value;
+        for (axis.iter.InitLabel(&axis); axis.iter.pos < 1000; axis.iter.NextLabel(true))
+          ASSERT_LE(++steps, 2000002) << log << ' ' << value;
       }
     }
   }

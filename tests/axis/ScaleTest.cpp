@@ -23,12 +23,9 @@ TEST(Scale, MakesAFinishedAxisOfARange) {
       {0.0123, 0.0187, "s", kLinear, 0.0123, 0.0187, 0.001, 0.013, 3, "ms"},
       {0.0, 1000.0, "Hz", kLinear, 0.0, 1000.0, 100.0, 0.0, -3, "kHz"},
       {0.0, 5000.0, "s", kLinear, 0.0, 5000.0, 1000.0, 0.0, 0, "s"},
-      {0.0, 5e6, "Hz", kLinear, 0.0, 5e6, 1e6, 0.0, -6, "MHz"},
-      {0.0, 2.0, "V", kLinear, 0.0, 2.0, 0.25, 0.0, 0, "V"},
       {10.0, 1.0, "", kLinear, 1.0, 10.0, 1.0, 1.0, 0, ""},
       {5.0, 5.0, "V", kLinear, 4.95, 5.05, 0.01, 4.95, 0, "V"},
       {0.0, 0.0, "V", kLinear, 0.0, kEpsilon, 2.5e-17, 0.0, 18, "e-18V"},
-      {1e-15, 1e-14, "s", kLinear, 1e-15, 1e-14, 1e-15, 1e-15, 15, "e-15s"},
       {0.001, 1000.0, "", kLog, 0.001, 1000.0, 0.001, 0.001, 0, ""},
       {0.0, 100.0, "", kLog, 1e-8, 100.0, 1e-8, 1e-8, 0, ""},
       {100.0, 100.0, "", kLog, 90.0, 110.0, 10.0, 90.0, 0, ""},
@@ -36,14 +33,11 @@ TEST(Scale, MakesAFinishedAxisOfARange) {
       {100.0, 100.001, "V", kLinear, 100.0, 100.001, 0.000125, 100.0, 0, "V"},
       {-5000.0, -4999.0, "V", kLinear, -5000.0, -4999.0, 0.1, -5000.0, -3, "kV"},
       {0.0, 10.5, "V", kLinear, 0.0, 10.5, 1.25, 0.0, 0, "V"},
-      {0.0, 10.0, "V", kLinear, 0.0, 10.0, 1.0, 0.0, 0, "V"},
       {0.0, 50.0, "V", kLinear, 0.0, 50.0, 10.0, 0.0, 0, "V"},
       {0.0, 49.9, "V", kLinear, 0.0, 49.9, 5.0, 0.0, 0, "V"},
       // Below the smallest span; reversed, without max, and with one on a logarithmic axis.
       {1e-20, 3e-20, "V", kLinear, 0.0, kEpsilon, 2.5e-17, 0.0, 18, "e-18V"},
       {100.0, 1.0, "", kLog, 1e-10, 1.0, 1e-10, 1e-10, 0, ""},
-      {0.5, -3.0, "", kLog, 0.5, 1.0, 0.1, 0.5, 0, ""},
-      {-2.0, -3.0, "", kLog, 1e-10, 1.0, 1e-10, 1e-10, 0, ""},
       {1.0, 1.0 + 4e-15, "", kLog, 0.9, 1.1 + 4.4e-15, 0.1, 0.9, 0, ""}};
   for (const auto& c : cases) {
     SCOPED_TRACE(::testing::Message() << c.min << " to " << c.max << ' ' << c.unit << ' ' << c.log);
@@ -57,26 +51,12 @@ TEST(Scale, MakesAFinishedAxisOfARange) {
   }
 }
 
-TEST(Scale, AnotherUnitChangesPowerAndLabelsOnly) {
-  AxisData axis = Finished(0.0, 5000.0, "s", kLinear, 100);
-  EXPECT_STREQ(axis.GetStr(1), "1000");
-  axis.SetAuxParams("Hz");
-  EXPECT_STREQ(axis.GetStr(1), "1");
-  EXPECT_STREQ(axis.GetName(), "kHz");
-  EXPECT_EQ(axis.max, 5000.0);
-  EXPECT_EQ(axis.step, 1000.0);
-  axis.Reset();
-  EXPECT_STREQ(axis.GetName(), "");
-  EXPECT_EQ(axis.GetScale(), 0.0);
-}
-
 // Whatever a host or its data give as a range, there is an axis to paint and a paint of it ends.
 TEST(Scale, AnyEndsAtAllGiveAUsableAxis) {
   constexpr double kNextTo1 = 1 + 2 * kEpsilon;
-  const double ends[] = {
-      kNan,     kInf, -kInf, 1.7e308, -1.7e308, 4e307,  -4e307, 1e300, 1e300 * kNextTo1,
-      5e-324,   0.0,  -0.0,  1e-310,  -1e-290,  2e-295, 1.0,    1e-16, -1e-15,
-      kNextTo1, 1e15, -1.0};
+  const double ends[] = {kNan,  kInf, -kInf, 1.7e308,          -1.7e308, 4e307,  -4e307,
+                         1e300, 0.0,  -0.0,  1e300 * kNextTo1, 5e-324,   1e-310, -1e-290,
+                         1.0,   -1.0, 1e-16, kNextTo1,         1e15};
   for (const double min : ends) {
     for (const double max : ends) {
       for (const bool log : {kLinear, kLog}) {
@@ -104,67 +84,42 @@ TEST(Scale, AnyEndsAtAllGiveAUsableAxis) {
   }
 }
 
-TEST(Prefix, BringsTheMagnitudeIntoOneToAThousandAsFarAsTheUnitAllows) {
-  const double values[] = {0.001, 0.0, 1.0, 999.9, 1000.0, -2e6, 1e16, 1e-15, kInf, -kInf, kNan};
-  const std::vector<int> all = {3, 0, 0, 0, -3, -6, -15, 15, 0, 0, 0};
-  const std::vector<int> small = {3, 0, 0, 0, 0, 0, 0, 15, 0, 0, 0};
-  const std::vector<int> none(all.size(), 0);
-  const struct {
-    const char* unit;
-    std::vector<int> powers;
-  } cases[] = {{"V", all},         {"S", all},     {"\xC2\xB5V", all}, {"s", small},
-               {"samples", small}, {"%FS", none},  {"\xB0K", none},    {"\xC2\xB0K", none},
-               {"", none},         {nullptr, none}};
-  for (const auto& c : cases) {
-    std::vector<int> powers;
-    for (const double value : values)
-      powers.push_back(FindUnitPower(value, c.unit));
-    EXPECT_EQ(powers, c.powers) << (c.unit ? c.unit : "null");
-  }
-}
-
-TEST(Prefix, StandsBeforeTheWholeUnit) {
-  const std::pair<int, const char*> prefixes[] = {
-      {-12, "T"}, {-9, "G"},    {-6, "M"},    {-3, "k"},
-      {0, ""},    {3, "m"},     {6, "u"},     {9, "n"},
-      {12, "p"},  {15, "e-15"}, {-15, "e15"}, {std::numeric_limits<int>::min(), "e2147483648"}};
-  for (const auto& [power, prefix] : prefixes) {
-    EXPECT_EQ(PrefixedUnit(power, "1/V"), std::string(prefix) + "1/V");
-    EXPECT_EQ(PrefixedUnit(power, nullptr), prefix);
-  }
-}
-
 // At most 15 bytes, and no part of a UTF-8 sequence; Latin-1 is cut anywhere.
 TEST(Prefix, AndUnitAreCut) {
   const std::pair<const char*, const char*> cases[] = {
-      {"123456789012345", "123456789012345"},
       {"k123456789012345", "k12345678901234"},
       {"12345678901234\xC2\xB5", "12345678901234"},
       {"1234567890123\xC2\xB5X", "1234567890123\xC2\xB5"},
       {"12345678901234\xF0\x9F\x98\x80", "12345678901234"},
       {"1234567890123\xB0\xB0\xB0", "1234567890123\xB0\xB0"}};
-  for (const auto& [unit, kept] : cases) {
+  for (const auto& [unit, kept] : cases)
     EXPECT_EQ(PrefixedUnit(0, unit), kept);
-    AxisData axis;
-    axis.SetFuncName(unit);
-    EXPECT_STREQ(axis.GetFuncName(), kept);
-  }
   EXPECT_EQ(PrefixedUnit(-3, "123456789012345"), "k12345678901234");
 }
 
-// Also where the factor alone would be infinite.
+// The magnitude goes into one to a thousand as far as the unit allows, and the prefix stands before
+// the whole unit. Also where the factor alone would be infinite.
 TEST(Prefix, FormatsAValueInPlace) {
   const struct {
     double value;
     const char* unit;
     double shown;
     const char* text;
-  } cases[] = {{0.0000125, "s", 12.5, "us"},
-               {2500.0, "Hz", 2.5, "kHz"},
-               {2500.0, "s", 2500.0, "s"},
-               {0.0, "Hz", 0.0, "Hz"},
-               {3.5, "%", 3.5, "%"},
+  } cases[] = {{2e13, "V", 20.0, "TV"},
+               {2e9, "V", 2.0, "GV"},
+               {-2e6, "1/V", -2.0, "M1/V"},
+               {1000.0, "S", 1.0, "kS"},
+               {999.9, "V", 999.9, "V"},
+               {0.0, "V", 0.0, "V"},
                {-1e-3, "V", -1.0, "mV"},
+               {0.0000125, "s", 12.5, "us"},
+               {2e-9, "\xC2\xB5V", 2.0, "n\xC2\xB5V"},
+               {2e-12, "V", 2.0, "pV"},
+               {2500.0, "s", 2500.0, "s"},
+               {2500.0, "samples", 2500.0, "samples"},
+               {2500.0, "%FS", 2500.0, "%FS"},
+               {2500.0, "\xB0K", 2500.0, "\xB0K"},
+               {2500.0, "\xC2\xB0K", 2500.0, "\xC2\xB0K"},
                {7e4, nullptr, 7e4, ""},
                {kInf, "V", kInf, "V"},
                {5e-324, "V", 4.94065645841246544, "e-324V"},

@@ -5,10 +5,12 @@
 #include <atomic>
 #include <cmath>
 #include <functional>
+#include <optional>
 #include <thread>
 
 #include "sparlow/platform/Threads.h"
 #include "sparlow/sparlow.h"
+#include "tests/support/FoldModel.h"
 #include "tests/support/GatedSeries.h"
 #include "tests/support/TestWindows.h"
 
@@ -25,6 +27,10 @@ class TestView : public CSingleGraphView {
 
   std::function<void(UINT)> afterMessage;
   std::function<void()> onOverlay;
+  /// With a number the graph lies over others: a click hits the mask 1, another curve, or with 0
+  /// nothing.
+  std::optional<int> overlaidHit;
+  std::string picked;
 
   LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
     const auto then = afterMessage;
@@ -42,10 +48,20 @@ class TestView : public CSingleGraphView {
         if (view.onOverlay)
           view.onOverlay();
       }
+      bool IsMultiple() const override { return view.overlaidHit.has_value(); }
+      bool GetViewDataByPoint(ViewData**, int* index, bool* isMask, CPoint) override {
+        if (index) {
+          *index = *view.overlaidHit;
+          *isMask = *index == 1;
+        }
+        return view.overlaidHit != 0;
+      }
+      void SetActiveMask(int index) override { view.picked += FormatText("mask %d ", index); }
       TestView& view;
     };
     return std::make_unique<HostGraph>(axes, *this);
   }
+  void OnGraphActivated(int index) override { picked += FormatText("graph %d ", index); }
 };
 
 /// One view with one series, in a window that opens nothing. The verbs below are what tests say.
@@ -71,6 +87,7 @@ class GraphTest : public ::testing::Test {
 
   void OpenView(CSize size) { OpenView(size, series); }
   void OpenView(CSize size, ViewData& shown) {
+    CloseView();
     view = new TestView;
     ASSERT_TRUE(view->Create());
     Window().Resize(size);
@@ -92,12 +109,6 @@ class GraphTest : public ::testing::Test {
   }
 
   static double WaveAt(unsigned i) { return std::sin(i * 0.01) + 0.25 * std::sin(i * 1.7); }
-  /// Ends a transfer of n samples, one a millisecond.
-  static void Fill(ViewData& data, unsigned n) {
-    Begin(data);
-    AddBlock(data, n);
-    data.TermDataTransfer();
-  }
   static void Begin(ViewData& data) { data.InitDataTransfer(false); }
   static void AddBlock(ViewData& data, unsigned n) {
     data.InitBlockTransfer();
@@ -107,18 +118,43 @@ class GraphTest : public ::testing::Test {
     }
     data.TermBlockTransfer();
   }
+  /// A transfer of n samples, one a millisecond.
+  static void Fill(ViewData& data, unsigned n) {
+    Begin(data);
+    AddBlock(data, n);
+    data.TermDataTransfer();
+  }
+  using Points = std::vector<std::pair<double, double>>;
+  static void AddPoints(ViewData& data, const Points& points) {
+    data.InitBlockTransfer();
+    for (const auto& [x, y] : points)
+      data.Add(x, y, false);
+    data.TermBlockTransfer();
+  }
+  static void Fill(ViewData& data, const Points& points) {
+    Begin(data);
+    AddPoints(data, points);
+    data.TermDataTransfer();
+  }
+  /// Fills the series, or adds to it, and updates the graph.
+  void Show(unsigned n) {
+    Fill(series, n);
+    view->UpdateGraph();
+  }
+  void ShowMore(unsigned n) {
+    AddBlock(series, n);
+    view->UpdateGraph();
+  }
   /// A worker stands at the gate, in the middle of a render of n samples.
   void StartGatedRender(unsigned n = 20000) {
-    Fill(series, n);
     series.CloseGate();
-    view->UpdateGraph();
+    Show(n);
     series.AwaitWorker();
   }
 
   int Workers() { return TheGraph().workers->Count(); }
   bool RenderDue() { return TheGraph().RenderDue(); }
   CSize Plot() { return {TheGraph().width, TheGraph().height}; }
-  bool Closed() { return TheGraph().workers->Closed(); }
   /// Another thread can take the lock, so nobody has left it locked.
   bool PipelineIsFree() {
     bool free = false;
@@ -161,14 +197,7 @@ class GraphTest : public ::testing::Test {
   void ExpectTrueColumns() {
     ViewData fresh(series);
     fresh.Render(&axis, true);
-    ASSERT_EQ(series.nColumns, fresh.nColumns);
-    for (unsigned i = 0; i < fresh.nColumns; ++i) {
-      ASSERT_EQ(series.xPos[i], fresh.xPos[i]) << i;
-      ASSERT_EQ(series.yPos[i], fresh.yPos[i]) << i;
-      ASSERT_EQ(series.yLastPos[i], fresh.yLastPos[i]) << i;
-      ASSERT_EQ(series.yMinPos[i], fresh.yMinPos[i]) << i;
-      ASSERT_EQ(series.yMaxPos[i], fresh.yMaxPos[i]) << i;
-    }
+    EXPECT_EQ(test::columnsOf(series), test::columnsOf(fresh));
   }
 
   TestWindows system;

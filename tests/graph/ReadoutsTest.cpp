@@ -35,21 +35,15 @@ class ReadoutsTest : public GraphTest {
     SourceData::IgnoreDriftRate = false;
   }
 
-  void Show(std::initializer_list<std::pair<double, double>> samples) {
-    Begin(series);
-    series.InitBlockTransfer();
-    for (const auto& [x, y] : samples)
-      series.Add(x, y);
-    series.TermBlockTransfer();
-    series.TermDataTransfer();
+  void Show(const Points& samples, unsigned left, unsigned right) {
+    Fill(series, samples);
     view->UpdateGraph();
-    Pump();
+    series.SetLCursor(left);
+    series.SetRCursor(right);
   }
   void ShowVolts() {
     series.SetUnits("V");
-    Show({{0, 1}, {1, 3}, {2, 2}, {3, 7}});
-    series.SetLCursor(1);
-    series.SetRCursor(2);
+    Show({{0, 1}, {1, 3}, {2, 2}, {3, 7}}, 1, 2);
   }
   /// What a call sends.
   Numbers Sent(const std::function<void()>& call) {
@@ -68,18 +62,18 @@ class ReadoutsTest : public GraphTest {
   Numbers Statistics() {
     return Sent([this] { TheGraph().UpdateStaParams(); });
   }
-  const ReadoutRecord* Find(Readout what) {
+  /// What was told under a number.
+  ReadoutRecord Told(Readout what) {
     for (const ReadoutRecord& each : bar.got) {
       if (each.what == what)
-        return &each;
+        return each;
     }
-    return nullptr;
+    ADD_FAILURE() << "no readout " << static_cast<UINT>(what);
+    return {};
   }
-  void ExpectValue(Readout what, double value, const std::string& text) {
-    const ReadoutRecord* const record = Find(what);
-    ASSERT_TRUE(record) << static_cast<UINT>(what);
-    EXPECT_DOUBLE_EQ(record->value, value) << static_cast<UINT>(what);
-    EXPECT_EQ(record->text, text) << static_cast<UINT>(what);
+  void ExpectValue(Readout what, double value, const char* text) {
+    EXPECT_DOUBLE_EQ(Told(what).value, value) << static_cast<UINT>(what);
+    EXPECT_EQ(Told(what).text, text) << static_cast<UINT>(what);
   }
 
   InfoBar bar;
@@ -89,21 +83,14 @@ class ReadoutsTest : public GraphTest {
 
 TEST(UnitText, RatiosOfUnits) {
   const struct {
-    const char *y, *x, *slope, *inverse, *second;
-  } cases[] = {
-      {"s", "s", "", "", "Hz"},
-      {"V", "s", "V/s", "s/V", "V/s/s"},
-      {"Hz", "s", "Hz/s", "s/Hz", "Hz/s/s"},
-      {"", "s", "Hz", "s", "Hz/s"},
-      {"", "Hz", "s", "Hz", "s/Hz"},
-      {"V", "", "V", "1/V", "V"},
-      {"", "ms", "1/ms", "ms", "1/ms/ms"},
-      {"", "", "", "", ""},
-  };
+    const char *y, *x, *slope, *second;
+  } cases[] = {{"s", "s", "", "Hz"},       {"V", "s", "V/s", "V/s/s"},
+               {"s", "V", "s/V", "s/V/V"}, {"", "s", "Hz", "Hz/s"},
+               {"", "Hz", "s", "s/Hz"},    {"", "ms", "1/ms", "1/ms/ms"},
+               {"V", "", "V", "V"},        {"", "", "", ""}};
   for (const auto& each : cases) {
     const std::string slope = RatioUnit(each.y, each.x);
     EXPECT_EQ(slope, each.slope) << each.y << " by " << each.x;
-    EXPECT_EQ(RatioUnit(each.x, each.y), each.inverse) << each.x << " by " << each.y;
     EXPECT_EQ(RatioUnit(slope, each.x), each.second) << each.y << " by " << each.x;
   }
 }
@@ -119,17 +106,17 @@ TEST_F(ReadoutsTest, ValuesUnitsAndOrder) {
   ExpectValue(Readout::inverseSlope, -1, "s/V");
   ExpectValue(Readout::distanceX, 1, "s");
   ExpectValue(Readout::distanceY, -1, "V");
-  EXPECT_EQ(Find(Readout::samples)->count, 2);
-  EXPECT_EQ(Find(Readout::samples)->text, "Sample");
-  // 6 V in 3 s, of which the cursors span -1 V; both by the whole 3 s.
   ExpectValue(Readout::drift, 2, "V/s");
-  EXPECT_DOUBLE_EQ(Find(Readout::drift)->cursorValue, -1.0 / 3);
   ExpectValue(Readout::driftOfDrift, 2000.0 / 3, "mV/s/s");
-  EXPECT_DOUBLE_EQ(Find(Readout::driftOfDrift)->cursorValue, -1000.0 / 9);
-  EXPECT_DOUBLE_EQ(Find(Readout::driftOfDrift)->rawValue, 2.0 / 3);
+  EXPECT_EQ(Told(Readout::samples).count, 2);
+  EXPECT_EQ(Told(Readout::samples).text, "Sample");
+  // 6 V in 3 s, of which the cursors span -1 V; both by the whole 3 s.
+  EXPECT_DOUBLE_EQ(Told(Readout::drift).cursorValue, -1.0 / 3);
+  EXPECT_DOUBLE_EQ(Told(Readout::driftOfDrift).cursorValue, -1000.0 / 9);
+  EXPECT_DOUBLE_EQ(Told(Readout::driftOfDrift).rawValue, 2.0 / 3);
 
   EXPECT_EQ(Statistics(), statistics);
-  EXPECT_TRUE(Find(Readout::hasStatistics)->hasStatistics);
+  EXPECT_TRUE(Told(Readout::hasStatistics).hasStatistics);
   const StatisticParameters values = series.GetStatParams();
   ExpectValue(Readout::minimum, 1, "V");
   ExpectValue(Readout::maximum, 7, "V");
@@ -137,75 +124,68 @@ TEST_F(ReadoutsTest, ValuesUnitsAndOrder) {
   ExpectValue(Readout::mean, 3.25, "V");
   ExpectValue(Readout::standardDeviation, values.stdDev, "V");
   ExpectValue(Readout::allanDeviation, values.allanDev, "V");
-
-  series.SetLCursor(0);
-  series.SetRCursor(3);
-  CursorReadouts();
-  EXPECT_EQ(Find(Readout::driftOfDrift)->cursorValue, Find(Readout::driftOfDrift)->value);
 }
 
 TEST_F(ReadoutsTest, LongTextsAreCut) {
   series.SetUnits("quitelongunit");
   std::snprintf(series.cptName, sizeof series.cptName, "%s", "twenty characters xy");
-  Show({{0, 1}, {1e-6, 2e3}});
+  Show({{0, 1}, {1e-6, 2e3}}, 0, 1);
   CursorReadouts();
-  ExpectValue(Readout::distanceX, 1, "us");
-  EXPECT_EQ(Find(Readout::slope)->text, "Gquitelongunit/");
-  EXPECT_EQ(Find(Readout::samples)->text, "twenty characte");
+  EXPECT_EQ(Told(Readout::slope).text, "Gquitelongunit/");
+  EXPECT_EQ(Told(Readout::samples).text, "twenty characte");
 }
 
 TEST_F(ReadoutsTest, WhatHasNoDivisorIsNotSent) {
-  Show({{0, 2}, {1, 5}, {1, 2}, {1, 5}});
-  series.SetLCursor(1);
-  series.SetRCursor(2);
-  EXPECT_EQ(CursorReadouts(),
-            (Numbers{0x46A, 0x46B, 0x46C, 0x46D, 0x47C, 0x46E, 0x46F, 0x470, 0x478, 0x479}));
-  series.SetLCursor(0);
-  EXPECT_EQ(CursorReadouts(),
-            (Numbers{0x46A, 0x46B, 0x46C, 0x46D, 0x47B, 0x46E, 0x46F, 0x470, 0x478, 0x479}));
-  const Numbers noDrift{0x46A, 0x46B, 0x46C, 0x46D, 0x46E, 0x46F, 0x470};
-  Show({{5, 2}});
-  EXPECT_EQ(CursorReadouts(), noDrift);
-  Show({{0, 2}, {1e-310, 2}});
-  EXPECT_EQ(CursorReadouts(), noDrift) << "the reciprocal is infinite";
+  const auto missing = [this] {
+    Numbers rest = all;
+    for (const UINT sent : CursorReadouts())
+      std::erase(rest, sent);
+    return rest;
+  };
+  const Points steps{{0, 2}, {1, 5}, {1, 2}, {1, 5}};
+  Show(steps, 1, 2);
+  EXPECT_EQ(missing(), Numbers{0x47B});
+  Show(steps, 0, 2);
+  EXPECT_EQ(missing(), Numbers{0x47C});
+  Show({{5, 2}}, 0, 0);
+  EXPECT_EQ(missing(), (Numbers{0x47B, 0x47C, 0x478, 0x479}));
+  Show({{0, 2}, {1e-310, 2}}, 0, 1);
+  EXPECT_EQ(missing(), (Numbers{0x47B, 0x47C, 0x478, 0x479})) << "the reciprocal is infinite";
   SourceData::IgnoreDriftRate = true;
   ShowVolts();
-  EXPECT_EQ(CursorReadouts(), Numbers(all.begin(), all.end() - 2));
+  EXPECT_EQ(missing(), (Numbers{0x478, 0x479}));
 }
 
 TEST_F(ReadoutsTest, WhenNothingIsSent) {
-  EXPECT_EQ(CursorReadouts(), Numbers{}) << "no samples";
-  EXPECT_EQ(Statistics(), Numbers{}) << "no samples";
+  const Numbers nothing;
+  EXPECT_EQ(CursorReadouts(), nothing) << "no samples";
+  EXPECT_EQ(Statistics(), nothing) << "no samples";
   ShowVolts();
   TheGraph().active = false;
-  EXPECT_EQ(CursorReadouts(), Numbers{});
+  EXPECT_EQ(CursorReadouts(), nothing);
   EXPECT_EQ(Statistics(), statistics) << "also of a graph that isn't active";
   TheGraph().active = true;
   series.inTransfer = true;
-  EXPECT_EQ(CursorReadouts(), Numbers{});
+  EXPECT_EQ(CursorReadouts(), nothing);
   Graph::RestrictGraphOperationInRealTime = false;
   EXPECT_EQ(CursorReadouts(), all);
-  EXPECT_EQ(Statistics(), Numbers{});
+  EXPECT_EQ(Statistics(), nothing);
   series.inTransfer = false;
-  series.iRCursor = -1;
-  EXPECT_EQ(CursorReadouts(), Numbers{}) << "no cursor";
-  EXPECT_EQ(Sent([this] { TheGraph().UpdateDriftRate(); }), Numbers{});
-  series.iRCursor = 4;
-  EXPECT_EQ(CursorReadouts(), Numbers{}) << "a cursor of samples that are gone";
+  for (const int noSample : {-1, 4}) {
+    series.iRCursor = noSample;
+    EXPECT_EQ(CursorReadouts(), nothing) << noSample;
+  }
   series.iRCursor = 2;
-
-  bar.DestroyWindow();
-  TheGraph().UpdateCursorsReadout();
   Graph::SetInfoBar(nullptr);
-  TheGraph().UpdateCursorsReadout();
-  TheGraph().UpdateStaParams();
-  Graph::UpdateStaParams(nullptr, nullptr);
-  EXPECT_EQ(Sent([] {}), Numbers{});
+  EXPECT_EQ(CursorReadouts(), nothing);
+  EXPECT_EQ(Statistics(), nothing);
+  Graph::SetInfoBar(bar.GetSafeHwnd());
+  bar.DestroyWindow();
+  CursorReadouts();
 }
 
 TEST_F(ReadoutsTest, ACalculatedSeriesHasNoStatisticsAndNoDriftOfItsCursors) {
   ShowVolts();
-  CloseView();
   ViewData calculated;
   calculated.Init("Derivative", &series);
   Fill(calculated, 10);
@@ -213,44 +193,47 @@ TEST_F(ReadoutsTest, ACalculatedSeriesHasNoStatisticsAndNoDriftOfItsCursors) {
   TheGraph().active = true;
   calculated.SetLCursor(3);
   EXPECT_EQ(CursorReadouts(), all);
-  EXPECT_EQ(Find(Readout::drift)->cursorValue, Find(Readout::drift)->value);
+  EXPECT_EQ(Told(Readout::drift).cursorValue, Told(Readout::drift).value);
   EXPECT_EQ(Statistics(), Numbers{0x47A});
-  EXPECT_FALSE(Find(Readout::hasStatistics)->hasStatistics);
+  EXPECT_FALSE(Told(Readout::hasStatistics).hasStatistics);
   CloseView();
   calculated.Term();
 }
 
 TEST_F(ReadoutsTest, UpdatesWorkersAndCursorMovesSend) {
-  Numbers both = all;
+  Numbers both = all, endOfDrag = all;
   both.insert(both.end(), statistics.begin(), statistics.end());
-  Fill(series, 5000);
-  EXPECT_EQ(Sent([this] { view->UpdateGraph(); }), both);
-  Fill(series, 20000);
-  EXPECT_EQ(Sent([this] {
-              view->UpdateGraph();
-              ASSERT_TRUE(AwaitIdle());
-            }),
-            both);
+  endOfDrag.insert(endOfDrag.begin(), 0x47D);
+  for (const unsigned n : {5000u, 20000u}) {
+    EXPECT_EQ(Sent([&] {
+                GraphTest::Show(n);
+                ASSERT_TRUE(AwaitIdle());
+              }),
+              both);
+  }
   EXPECT_EQ(Sent([this] { TheGraph().MoveLCursor(1); }), Numbers{0x47D});
-  Numbers end = all;
-  end.insert(end.begin(), 0x47D);
   EXPECT_EQ(Sent([this] {
               TheGraph().BeginDragLeftCursor();
               CPoint point{300, 100};
               TheGraph().DragCursor(point);
               TheGraph().EndDragCursor();
             }),
-            end);
+            endOfDrag);
 }
 
 TEST_F(ReadoutsTest, RecordsAreWholeAndForgeriesAreNone) {
   const HWND receiver = bar.GetSafeHwnd();
   Sent([&] { ReadoutSender(receiver).Send(WM_READOUT_MEAN, 1, "V"); });
   const auto [wParam, lParam] = bar.raw;
-  for (const UINT message : {0x469u, 0x46Au, 0x470u, 0x471u, 0x47Eu})
+  for (const UINT message : {0x469u, 0x46Au, 0x471u, 0x47Eu})
     EXPECT_FALSE(TakeReadout(message, wParam, lParam)) << message;
   EXPECT_FALSE(TakeReadout(WM_READOUT_MEAN, 0, lParam));
-  EXPECT_FALSE(TakeReadout(WM_READOUT_HAS_STATISTICS, 2, 0));
+
+  // What a slow worker has read before is older than what was sent meanwhile.
+  const ReadoutSender slow(receiver);
+  ReadoutSender(receiver).Send(WM_READOUT_MEAN, 2, "V");
+  slow.Send(WM_READOUT_MEAN, 3, "V");
+  EXPECT_EQ(TakeReadout(WM_READOUT_MEAN, wParam, lParam)->value, 2);
 
   Graph::SetInfoBar(nullptr);
   bar.DestroyWindow();
@@ -261,8 +244,7 @@ TEST_F(ReadoutsTest, RecordsAreWholeAndForgeriesAreNone) {
   });
   for (int i = 0; i < 20000; ++i) {
     const auto record = TakeReadout(WM_READOUT_MEAN, wParam, lParam);
-    ASSERT_TRUE(record);
-    ASSERT_EQ(record->text, record->value == 5 ? "MV" : "V");
+    EXPECT_TRUE(record && record->text == (record->value == 5 ? "MV" : "V"));
   }
   enough = true;
   worker.join();

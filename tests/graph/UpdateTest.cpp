@@ -2,8 +2,6 @@
 
 #include <thread>
 
-#include "sparlow/platform/CMenu.h"
-#include "sparlow/platform/Resources.h"
 #include "tests/graph/GraphTest.h"
 
 namespace sparlow {
@@ -17,7 +15,6 @@ TEST_F(UpdateTest, WithoutSamplesThereIsAMessageAndAResetAxis) {
   axis.SetRange(0, 1, 0, 1);
   view->UpdateGraph();
   EXPECT_EQ(axis.hor.max, 0.0);
-  EXPECT_FALSE(Window().barShown[SB_HORZ]);
   axis.Preset(-1, 1, 0, 10);
   view->UpdateGraph();
   EXPECT_EQ(axis.hor.max, 10.0);
@@ -26,45 +23,34 @@ TEST_F(UpdateTest, WithoutSamplesThereIsAMessageAndAResetAxis) {
 }
 
 TEST_F(UpdateTest, LimitsOfTheCallersThread) {
-  series.CloseGate();
-  Fill(series, 10000);
-  view->UpdateGraph();
-  EXPECT_EQ(series.completed, 1);
-  EXPECT_EQ(Workers(), 0);
-  Window().Resize({500, 300});
-  EXPECT_EQ(Workers(), 1) << "a resize of 10000 samples";
-  series.OpenGate();
-  ASSERT_TRUE(AwaitIdle());
-
-  series.CloseGate();
-  Fill(series, 10001);
-  view->UpdateGraph();
-  EXPECT_EQ(Workers(), 1) << "an update of 10001 samples";
-  series.OpenGate();
-  ASSERT_TRUE(AwaitIdle());
-
-  Fill(series, 9999);
-  view->UpdateGraph();
-  const int before = series.completed;
-  Window().Resize({510, 300});
-  EXPECT_EQ(series.completed, before + 1);
-  EXPECT_EQ(Workers(), 0);
+  for (const auto& [samples, ofUpdate, ofResize] :
+       {std::tuple{9999u, 0, 0}, {10000u, 0, 1}, {10001u, 1, 1}}) {
+    SCOPED_TRACE(samples);
+    series.CloseGate();
+    Show(samples);
+    EXPECT_EQ(Workers(), ofUpdate);
+    series.OpenGate();
+    ASSERT_TRUE(AwaitIdle());
+    series.CloseGate();
+    const int before = series.begun;
+    Window().Resize({500 + static_cast<int>(samples % 10), 300});
+    EXPECT_EQ(Workers(), ofResize);
+    series.OpenGate();
+    ASSERT_TRUE(AwaitIdle());
+    EXPECT_EQ(series.begun, before + 1);
+  }
 }
 
 TEST_F(UpdateTest, AGrowingMeasurementIsRenderedAnewOnlyWhenItsSpanDoubles) {
   Begin(series);
-  AddBlock(series, 1);
-  view->UpdateGraph();
-  AddBlock(series, 999);
-  view->UpdateGraph();
+  ShowMore(1);
+  ShowMore(999);
   EXPECT_DOUBLE_EQ(axis.hor.max, 2 * 0.999);
   const double scale = axis.hor.scale;
-  AddBlock(series, 900);
-  view->UpdateGraph();
+  ShowMore(900);
   EXPECT_EQ(axis.hor.scale, scale);
   ExpectTrueColumns();
-  AddBlock(series, 200);
-  view->UpdateGraph();
+  ShowMore(200);
   EXPECT_DOUBLE_EQ(axis.hor.max, 2 * 2.099);
   ExpectTrueColumns();
   series.TermDataTransfer();
@@ -75,15 +61,10 @@ TEST_F(UpdateTest, AGrowingMeasurementIsRenderedAnewOnlyWhenItsSpanDoubles) {
 TEST_F(UpdateTest, APeakInAMarginMovesTheAxis) {
   axis.yMarginPercent = 10;
   Begin(series);
-  series.InitBlockTransfer();
-  series.Add(0.0, 0.0, false);
-  series.Add(1.0, 1.0, false);
-  series.TermBlockTransfer();
+  AddPoints(series, {{0, 0}, {1, 1}});
   view->UpdateGraph();
   EXPECT_DOUBLE_EQ(axis.ver.max, 1.1);
-  series.InitBlockTransfer();
-  series.Add(1.5, 1.15, false);
-  series.TermBlockTransfer();
+  AddPoints(series, {{1.5, 1.15}});
   view->UpdateGraph();
   EXPECT_GT(axis.ver.max, 1.15);
   ExpectTrueColumns();
@@ -92,12 +73,10 @@ TEST_F(UpdateTest, APeakInAMarginMovesTheAxis) {
 TEST_F(UpdateTest, OnlyNewSamplesAreRenderedHoweverManyThereAre) {
   axis.yMarginPercent = 10;
   Begin(series);
-  AddBlock(series, 12000);
-  view->UpdateGraph();
+  ShowMore(12000);
   ASSERT_TRUE(AwaitIdle());
   const int before = series.begun;
-  AddBlock(series, 11000);
-  view->UpdateGraph();
+  ShowMore(11000);
   EXPECT_EQ(Workers(), 0);
   EXPECT_EQ(series.begun, before + 1);
   EXPECT_FALSE(series.lastWasFull);
@@ -112,23 +91,19 @@ TEST_F(UpdateTest, OnlyNewSamplesAreRenderedHoweverManyThereAre) {
 TEST_F(UpdateTest, LastSamplesSlideAlongTheAxis) {
   SourceData::nLastSamplesToDraw = 100;
   Begin(series);
-  AddBlock(series, 400);
-  view->UpdateGraph();
-  EXPECT_DOUBLE_EQ(axis.hor.min, 0.300);
-  AddBlock(series, 50);
-  view->UpdateGraph();
+  ShowMore(400);
+  ShowMore(50);
   EXPECT_DOUBLE_EQ(axis.hor.min, 0.350);
   EXPECT_DOUBLE_EQ(axis.hor.max, 0.449);
   ExpectTrueColumns();
 }
 
 TEST_F(UpdateTest, FixedAndPresetAxesKeepTheirRange) {
-  Fill(series, 1000);
   axis.hor.autoRange = false;
   axis.hor.fixedMin = 0.2;
   axis.hor.fixedMax = 0.4;
   axis.SetHorFixed();
-  view->UpdateGraph();
+  Show(1000);
   EXPECT_EQ(axis.hor.min, 0.2);
   EXPECT_LT(axis.ver.min, 0.0);
   // A fixed horizontal axis selects the samples, with one more at each side.
@@ -146,45 +121,37 @@ TEST_F(UpdateTest, FixedAndPresetAxesKeepTheirRange) {
 }
 
 TEST_F(UpdateTest, AZoomedGraphWithoutYAutoZoomKeepsItsVerticalRange) {
-  Fill(series, 1000);
-  view->UpdateGraph();
+  Show(1000);
   const double top = axis.ver.max;
-  axis.yAutoZoom = false;
-  series.SetIntervalBySample(true, &axis.hor, 2);
-  series.SetIntervalBySample(true, &axis.hor, 2);
-  series.SetIntervalBySample(true, &axis.hor, 2);
-  view->UpdateGraph();
-  EXPECT_EQ(axis.ver.max, top);
-  EXPECT_GT(axis.hor.min, 0.3);
-  axis.yAutoZoom = true;
-  view->UpdateGraph();
-  EXPECT_NE(axis.ver.max, top);
-}
-
-TEST_F(UpdateTest, LockedResizingForgetsTheSize) {
-  Fill(series, 100);
-  view->UpdateGraph();
-  const CSize plot = Plot();
-  Graph::LockResizing();
-  Window().Resize({300, 200});
-  Graph::UnlockResizing();
-  Pump();
-  EXPECT_EQ(Plot(), plot);
-  TheGraph().ResizeGraph();
-  EXPECT_EQ(Plot(), (CSize{300 - 78, 200 - 42}));
+  for (const bool yAutoZoom : {false, true}) {
+    axis.yAutoZoom = yAutoZoom;
+    series.SetIntervalBySample(true, &axis.hor, 8);
+    view->UpdateGraph();
+    EXPECT_EQ(axis.ver.max == top, !yAutoZoom);
+    EXPECT_GT(axis.hor.min, 0.3);
+  }
 }
 
 TEST_F(UpdateTest, LayoutLeavesRoomForLabelsAndNeverLessThanAPixel) {
-  Fill(series, 100);
-  view->UpdateGraph();
-  EXPECT_EQ(Plot(), (CSize{640 - 58 - 20, 480 - 21 - 21}));
-  Window().Resize({100, 30});
-  EXPECT_EQ(Plot(), (CSize{122, 8}));
-  Window().Resize({0, 0});
-  EXPECT_EQ(Plot(), (CSize{122, 8}));
-  EXPECT_EQ(Offset::Left(4), 58);
-  EXPECT_EQ(Offset::Left(10), 78);
-
+  Show(100);
+  const CSize plot{640 - 58 - 20, 480 - 21 - 21};
+  EXPECT_EQ(Plot(), plot);
+  GraphAxis otherAxis;
+  Graph empty(&otherAxis);
+  ViewData nothing;
+  empty.AddViewData(&nothing);
+  Graph::LockResizing();
+  empty.UpdateGraph();
+  Window().Resize({300, 200});
+  Graph::UnlockResizing();
+  Pump();
+  EXPECT_EQ(Plot(), plot) << "what came while it was locked is forgotten";
+  TheGraph().ResizeGraph();
+  EXPECT_EQ(Plot(), (CSize{300 - 78, 200 - 42}));
+  for (const CSize tiny : {CSize{100, 30}, CSize{0, 0}}) {
+    Window().Resize(tiny);
+    EXPECT_EQ(Plot(), (CSize{122, 8}));
+  }
   CPoint point{58 + 5, 21 + 3};
   TheGraph().Clip(point);
   EXPECT_EQ(point, (CPoint{5, 3}));
@@ -193,36 +160,17 @@ TEST_F(UpdateTest, LayoutLeavesRoomForLabelsAndNeverLessThanAPixel) {
   EXPECT_EQ(point, (CPoint{122, 0}));
 }
 
-TEST_F(UpdateTest, OneSeriesAndNoMore) {
-  ViewData other;
-  EXPECT_FALSE(view->AddViewData(&other));
-  EXPECT_FALSE(view->AddViewData(nullptr));
-  EXPECT_EQ(TheGraph().GetActiveViewData(), &series);
-  EXPECT_STREQ(TheGraph().GetName(), "Delay");
-}
-
 TEST_F(UpdateTest, ClearEmptiesASeriesUnlessAnotherThreadFeedsIt) {
-  Fill(series, 100);
-  view->UpdateGraph();
+  Show(100);
   Begin(series);
   AddBlock(series, 10);
   std::thread([this] { TheGraph().Clear(); }).join();
   EXPECT_EQ(series.GetSize(), 10u);
   view->Clear();
   EXPECT_EQ(series.GetSize(), 0u);
-  EXPECT_STREQ(series.GetyUnit(), "");
   AddBlock(series, 5);
   EXPECT_TRUE(series.TermDataTransfer()) << "the feed goes on";
   EXPECT_EQ(series.GetSize(), 5u);
-}
-
-TEST_F(UpdateTest, ThePopupMenuOfASeriesIsFoundByItsNumber) {
-  CMenu menu;
-  Resources::AddMenu(kSeriesMenuId, {{0, "Popup", {{32830, "&First", {}}, {0, "", {}}}}});
-  CMenu* const popup = TheGraph().CreateCustomPopupMenu(menu);
-  ASSERT_NE(popup, nullptr);
-  EXPECT_EQ(popup->GetMenuItemID(0), 32830);
-  EXPECT_EQ(popup->GetMenuItemID(2), -1);
 }
 
 }  // namespace

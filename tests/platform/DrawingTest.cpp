@@ -1,4 +1,4 @@
-// What CDC makes of coordinates and state before a device sees them.
+// What CDC makes of coordinates, texts and state before a device sees them.
 
 #include <gtest/gtest.h>
 
@@ -44,17 +44,16 @@ TEST_F(DrawingTest, TextHangsOnItsCell) {
   dc.TextOut(100, 50, "abcd");
   dc.SetTextAlign(TA_BASELINE);
   dc.TextOut(100, 50, "a\xB0");
-  EXPECT_EQ(surface.take(), (Calls{"Text 79,35 \"abc\" height 15 color 0x000000",
-                                   "Text 86,50 \"abcd\" height 15 color 0x000000",
-                                   "Text 100,38 \"a\xC2\xB0\" height 15 color 0x000000"}));
   dc.SetTextAlign(TA_RIGHT);
   dc.DrawText("a long name", {0, 0, 50, 15}, DT_SINGLELINE | DT_WORD_ELLIPSIS);
-  EXPECT_EQ(surface.take(),
-            (Calls{"Text 0,0 \"a lo...\" height 15 color 0x000000 clip 0,0 50,15"}));
   dc.SetTextAlign(TA_LEFT);
   dc.SetBkMode(OPAQUE);
   dc.TextOut(1, 2, "ab");
-  EXPECT_EQ(surface.take(), (Calls{"FillRect 1,2 15,17 color 0xFFFFFF",
+  EXPECT_EQ(surface.take(), (Calls{"Text 79,35 \"abc\" height 15 color 0x000000",
+                                   "Text 86,50 \"abcd\" height 15 color 0x000000",
+                                   "Text 100,38 \"a\xC2\xB0\" height 15 color 0x000000",
+                                   "Text 0,0 \"a lo...\" height 15 color 0x000000 clip 0,0 50,15",
+                                   "FillRect 1,2 15,17 color 0xFFFFFF",
                                    "Text 1,2 \"ab\" height 15 color 0x000000"}));
 }
 
@@ -75,9 +74,14 @@ TEST_F(DrawingTest, CopiesHonourBothOriginsAndReversedEdges) {
   DeleteDC(memory);
 }
 
-TEST_F(DrawingTest, AnyCoordinateIsAllowed) {
+TEST_F(DrawingTest, AnyCoordinateIsAllowedAndALineKeepsItsCourse) {
   constexpr int most = std::numeric_limits<int>::max();
   constexpr int least = std::numeric_limits<int>::min();
+  CPoint from{-40000, 0};
+  CPoint to{40000, 8000};
+  ASSERT_TRUE(ClipToDeviceLimit(from, to));
+  EXPECT_EQ(from, (CPoint{-30000, 1000}));
+  EXPECT_EQ(to, (CPoint{30000, 7000}));
   dc.SetViewportOrg(50, 50);
   dc.MoveTo(least, least);
   dc.LineTo(most, most);
@@ -89,34 +93,12 @@ TEST_F(DrawingTest, AnyCoordinateIsAllowed) {
                                    "FillRect -30000,-30000 30000,30000 color 0x000001"}));
 }
 
-TEST(LineClip, KeepsTheCourseOfALine) {
-  CPoint from{-40000, 0};
-  CPoint to{40000, 8000};
-  ASSERT_TRUE(ClipToDeviceLimit(from, to));
-  EXPECT_EQ(from, (CPoint{-30000, 1000}));
-  EXPECT_EQ(to, (CPoint{30000, 7000}));
-  from = {-40000, 39000};
-  to = {-1, 90000};
-  EXPECT_FALSE(ClipToDeviceLimit(from, to));
-}
-
-TEST_F(DrawingTest, WithoutASurfaceNothingHappens) {
-  DeviceContext memory(nullptr);
-  CDC nowhere;
-  CDC empty(&memory);
-  for (CDC* const target : {&nowhere, &empty}) {
-    target->LineTo(1, 1);
-    target->TextOut(0, 0, "x");
-    target->SelectClipRgn(nullptr);
-    EXPECT_EQ(target->GetPixel({0, 0}), 0xFFFFFFFFu);
-  }
-  dc.BitBlt(0, 0, 5, 5, &memory, 0, 0, SRCCOPY);
-  EXPECT_TRUE(surface.calls().empty());
-}
-
-TEST(MulDiv, RoundsAndKnowsNoQuotientByZero) {
-  EXPECT_EQ(MulDiv(11, 96, 72), 15);
-  EXPECT_EQ(MulDiv(1, 1, 0), -1);
+TEST(Text, BytesThatAreNoUtf8CountAsLatin1) {
+  EXPECT_EQ(ToUtf8("20 \xC2\xB0\xE2\x82\xAC"), "20 \xC2\xB0\xE2\x82\xAC");
+  EXPECT_EQ(ToUtf8("20 \xB0"), "20 \xC2\xB0");
+  // Overlong, a surrogate, beyond Unicode, torn: none of these is UTF-8.
+  for (const char* bytes : {"\xC0\xAF", "\xED\xA0\x80", "\xF4\x90\x80\x80", "\xE2\x82"})
+    EXPECT_NE(ToUtf8(bytes), bytes);
 }
 
 }  // namespace

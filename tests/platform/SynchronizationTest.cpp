@@ -28,46 +28,17 @@ TEST(Mutex, BelongsToAThreadAndCounts) {
   EXPECT_TRUE(takenElsewhere());
 }
 
-TEST(Mutex, KeepsThreadsApart) {
-  CMutex mutex;
-  int count = 0;
-  const auto work = [&] {
-    for (int i = 0; i < 4000; ++i) {
-      const CSingleLock lock(&mutex);
-      ++count;
-    }
-  };
-  std::thread other(work);
-  work();
-  other.join();
-  EXPECT_EQ(count, 8000);
-}
-
-TEST(Event, StaysSignalledUntilReset) {
-  const HANDLE event = CreateEvent(false);
-  EXPECT_EQ(WaitForSingleObject(event, 5), WAIT_TIMEOUT);
-  std::thread([event] { SetEvent(event); }).join();
-  EXPECT_EQ(WaitForSingleObject(event, INFINITE), WAIT_OBJECT_0);
-  EXPECT_EQ(WaitForSingleObject(event, 0), WAIT_OBJECT_0);
-  ResetEvent(event);
-  EXPECT_EQ(WaitForSingleObject(event, 0), WAIT_TIMEOUT);
-  CloseHandle(event);
-  EXPECT_EQ(WaitForSingleObject(nullptr, INFINITE), WAIT_TIMEOUT);
-  EXPECT_FALSE(SetEvent(nullptr));
-}
-
 /// A window's thread whose boxes are answered by the test.
-class BoxTest : public ::testing::Test {
- protected:
+struct BoxTest : ::testing::Test {
   BoxTest() {
     UiThread::Attach([] {});
     UiThread::SetBoxHandler([this](const BoxRequest& box) {
       EXPECT_TRUE(UiThread::IsCurrent());
-      EXPECT_EQ(++open_, 1) << "one box at a time";
+      EXPECT_EQ(++open, 1) << "one box at a time";
       shown.push_back(box.text);
       if (during)
         during();
-      --open_;
+      --open;
       return 7;
     });
   }
@@ -75,9 +46,7 @@ class BoxTest : public ::testing::Test {
 
   std::vector<std::string> shown;
   std::function<void()> during;
-
- private:
-  int open_ = 0;
+  int open = 0;
 };
 
 TEST_F(BoxTest, AWorkerThatHoldsALockGetsItsBoxWhileTheWindowsThreadWaitsForThatLock) {

@@ -5,9 +5,11 @@
 #include <cstdlib>
 #include <functional>
 #include <memory>
+#include <utility>
 #include <vector>
 
 #include "sparlow/platform/CView.h"
+#include "sparlow/platform/Input.h"
 #include "sparlow/platform/Windows.h"
 #include "sparlow/platform/qt/Application.h"
 
@@ -29,6 +31,7 @@ class ProbeView : public CView {
  public:
   std::vector<CSize> sizes;
   int draws = 0;
+  CPoint mouseAt;
   std::function<void(CDC&)> onDraw;
   std::function<void(UINT, WPARAM)> onMessage;
   bool* deleted = nullptr;  ///< must be there when a test ends the view in onMessage
@@ -54,6 +57,8 @@ class ProbeView : public CView {
   LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
     if (message == WM_SIZE)
       sizes.push_back(ClientSize());
+    if (message == WM_MOUSEMOVE)
+      mouseAt = PointOf(lParam);
     if (onMessage && message != WM_NCDESTROY) {
       const auto call = onMessage;
       const bool* const ended = deleted;
@@ -77,8 +82,7 @@ class ProbeView : public CView {
 };
 
 /// A test with a shown view.
-class QtTest : public testing::Test {
- protected:
+struct QtTest : testing::Test {
   QtTest() { view->deleted = &deleted; }
   ~QtTest() override {
     if (!deleted)

@@ -17,7 +17,6 @@ class TestDialog : public DialogPeer {
   using Script = std::function<void(TestDialog&)>;
   struct Item {
     std::string text;
-    std::string name;
     bool enabled = true;
     bool checked = false;
   };
@@ -34,7 +33,7 @@ class TestDialog : public DialogPeer {
   bool IsItemChecked(int id) const override { return items.at(id).checked; }
   void SetItemText(int id, const std::string& utf8) override { items[id].text = utf8; }
   std::string ItemText(int id) const override { return items.at(id).text; }
-  void SetItemName(int id, const std::string& utf8) override { items[id].name = utf8; }
+  void SetItemName(int, const std::string&) override {}
   void FocusItem(int id) override { focus = id; }
   void Run() override {
     if (script_)

@@ -22,7 +22,7 @@ class TestWindow : public WindowPeer {
   explicit TestWindow(WindowSite& site) : site_(site) {}
 
   Device& Surface() override { return *surface; }
-  void Present() override { ++presented; }
+  void Present() override {}
   bool IsShown() const override { return shown; }
   void Show(bool show) override { shown = show; }
   void ShowScrollBar(int bar, bool show) override {
@@ -43,7 +43,6 @@ class TestWindow : public WindowPeer {
   }
 
   std::unique_ptr<RecordingDevice> surface = std::make_unique<RecordingDevice>(CSize{});
-  int presented = 0;
   bool shown = true;
   bool barShown[2] = {true, true};
   SCROLLINFO bars[2];

@@ -15,13 +15,6 @@ struct Random {
 
 struct Undeclared : ViewData {};
 
-// Declared further up, but with a way of its own.
-struct Overriding : Live<ViewData> {
-  int xPosGet(unsigned sample, const GraphAxis* axis) const override {
-    return ViewData::xPosGet(sample, axis) / 3;
-  }
-};
-
 std::vector<Sample> randomSamples(Random& random, std::size_t count) {
   std::uniform_real_distribution<double> unit(0, 1);
   const unsigned shape = random() % 5;
@@ -93,7 +86,12 @@ TEST(Fold, GivesWhatThePlainOneGivesOverManyShapes) {
 }
 
 TEST(Fold, LeavesADerivedClassItsOwnMapping) {
-  Overriding view;
+  // Declared further up, but with a way of its own.
+  struct : Live<ViewData> {
+    int xPosGet(unsigned sample, const GraphAxis* axis) const override {
+      return ViewData::xPosGet(sample, axis) / 3;
+    }
+  } view;
   GraphAxis axis = unitAxis();
   for (int i = 0; i < 9000; ++i)
     view.Add(i, 0);

@@ -91,7 +91,7 @@ class QtWindow final : public WindowPeer {
   bool grabbed_ = false;
   bool mouseTaken_ = false;
   HCURSOR pointer_ = nullptr;
-  bool pointerSet_ = false;  ///< since the mouse moved last
+  bool pointerSet_ = false;               ///< since the mouse moved last
   std::optional<KeyStroke> heldRelease_;  ///< may turn out to be half of a repeat
   bool focused_ = false;
   bool toldFocused_ = false;

@@ -1,0 +1,311 @@
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QImage>
+#include <QPdfWriter>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <limits>
+
+#include "sparlow/platform/CDC.h"
+#include "sparlow/platform/qt/Application.h"
+#include "tests/qt/Pixels.h"
+
+namespace sparlow::qt {
+namespace {
+
+constexpr COLORREF white = RGB(255, 255, 255);
+constexpr COLORREF ink = RGB(0, 0, 160);
+constexpr int resolution = 288;  // four pixels a point, so that pages are whole pixels too
+const PdfPaper smallPaper{.width = 60, .height = 50, .margin = 0, .pixelsPerInch = resolution};
+
+struct PageTest : testing::Test {
+  std::string path(const char* name) const { return directory.filePath(name).toStdString(); }
+  /// What a tool of poppler makes of a file.
+  QByteArray run(const char* tool, const QStringList& arguments) const {
+    QProcess process;
+    process.start(tool, arguments);
+    EXPECT_TRUE(process.waitForFinished()) << tool << ": is poppler-utils installed?";
+    EXPECT_EQ(process.exitCode(), 0) << process.readAllStandardError().toStdString();
+    return process.readAllStandardOutput();
+  }
+  QImage render(const std::string& file, int page = 1) const {
+    const QString number = QString::number(page);
+    const QByteArray ppm = run("pdftoppm", {"-r", QString::number(resolution), "-f", number, "-l",
+                                            number, QString::fromStdString(file)});
+    return QImage::fromData(ppm).convertToFormat(QImage::Format_RGB32);
+  }
+
+  const QTemporaryDir directory;
+};
+
+const CPen pens[] = {
+    {PS_SOLID, 1, RGB(255, 0, 0)},    {PS_SOLID, 2, RGB(255, 0, 0)},  {PS_SOLID, 7, ink},
+    {PS_DOT, 7, RGB(128, 0, 128)},    {PS_DASHDOT, 1, RGB(0, 0, 0)},  {PS_DASH, 2, RGB(0, 0, 0)},
+    {PS_DASHDOTDOT, 3, RGB(9, 9, 0)}, {PS_SOLID, 14, RGB(9, 90, 160)}};
+
+struct Piece {
+  CPoint from, to;
+};
+/// Onward, back, apart in one row or column, dots, from outside.
+constexpr Piece pieces[] = {
+    {{230, 0}, {20, 0}},    {{20, 0}, {20, 31}},     {{20, 31}, {20, 11}},
+    {{20, 11}, {20, 40}},   {{20, 40}, {71, 40}},    {{71, 40}, {130, 40}},
+    {{180, 25}, {180, 25}}, {{180, 25}, {180, -10}}, {{180, -25}, {180, -31}},
+    {{200, 25}, {215, 25}}, {{160, 25}, {150, 25}},  {{250, 25}, {250, 25}},
+    {{-100, 45}, {15, 45}}};
+
+/// Lines of every pen that follow the pixels, and areas.
+void drawStraight(CDC& dc) {
+  int y = 20;
+  for (const CPen& pen : pens) {
+    const CPen* const before = dc.SelectObject(&pen);
+    for (const Piece& piece : pieces) {
+      dc.MoveTo(piece.from.x, y + piece.from.y);
+      dc.LineTo(piece.to.x, y + piece.to.y);
+    }
+    dc.SelectObject(before);
+    y += 60;
+  }
+  dc.FillSolidRect({300, 20, 350, 60}, RGB(10, 200, 30));
+  dc.FillSolidRect({320, 40, 360, 70}, RGB(200, 20, 30));
+  dc.Rectangle({300, 90, 350, 130});
+  CRgn region;
+  region.CreateRectRgn(300, 200, 350, 260);
+  dc.SelectClipRgn(&region);
+  dc.FillSolidRect({0, 240, 1000, 1000}, RGB(255, 255, 0));
+  dc.MoveTo(250, 220);
+  dc.LineTo(1000, 220);
+  dc.SelectClipRgn(nullptr);
+  dc.SetViewportOrg(20, 300);
+  dc.MoveTo(300, 0);
+  dc.LineTo(1000000, 0);
+  dc.SetViewportOrg(0, 0);
+}
+
+void drawSlanted(CDC& dc) {
+  int y = 20;
+  for (const CPen& each : pens) {
+    const CPen pen(PS_SOLID, each.stroke().width, each.stroke().color);
+    const CPen* const before = dc.SelectObject(&pen);
+    dc.MoveTo(20, y);
+    dc.LineTo(130, y + 40);
+    dc.LineTo(150, y);
+    dc.MoveTo(-20000, y + 30);
+    dc.LineTo(20000, y + 20);
+    dc.Ellipse({200, y, 240, y + 40});
+    dc.SelectObject(before);
+    y += 60;
+  }
+}
+
+void drawText(CDC& dc, const char* text) {
+  CFont font;
+  font.CreateFont(MulDiv(11, dc.GetDeviceCaps(LOGPIXELSY), 72), FW_NORMAL, "Arial");
+  const CFont* const before = dc.SelectObject(&font);
+  dc.TextOut(40, 30, text);
+  dc.SelectObject(before);
+}
+
+int distance(QRgb a, QRgb b) {
+  return std::max({std::abs(qRed(a) - qRed(b)), std::abs(qGreen(a) - qGreen(b)),
+                   std::abs(qBlue(a) - qBlue(b))});
+}
+
+/// Each pixel of a is about one of those within reach of its place in b.
+void expectPixelsIn(const QImage& b, const QImage& a, int reach, int tolerance) {
+  ASSERT_EQ(a.size(), b.size());
+  const int side = 2 * reach + 1;
+  for (int at = 0; at < a.width() * a.height(); ++at) {
+    const QPoint p(at % a.width(), at / a.width());
+    bool found = false;
+    for (int i = 0; !found && i < side * side; ++i) {
+      const QPoint q = p + QPoint(i % side - reach, i / side - reach);
+      found = b.rect().contains(q) && distance(a.pixel(p), b.pixel(q)) <= tolerance;
+    }
+    ASSERT_TRUE(found) << p.x() << ", " << p.y();
+  }
+}
+
+TEST_F(PageTest, OnAPictureItIsTheImageDevice) {
+  QImage picture(400, 500, QImage::Format_RGB32);
+  picture.fill(Qt::white);
+  ImageDevice device({400, 500}, 1.0, white);
+  DeviceContext context(&device);
+  CDC screen(&context);
+  ImageDevice noise({40, 30}, 1.5, white);
+  test::MakeNoise(noise);
+  DeviceContext noiseContext(&noise);
+  Page page(picture);
+  EXPECT_EQ(page.PrintableRect(), (CRect{0, 0, 400, 500}));
+  for (CDC* const dc : {page.GetDC(), &screen}) {
+    drawStraight(*dc);
+    drawSlanted(*dc);
+    drawText(*dc, "Hgjy 12.5");
+    dc->BitBlt(360, 200, 20, 25, &noiseContext, 3, 3, SRCCOPY);
+    dc->SetROP2(R2_NOTXORPEN);
+    drawSlanted(*dc);
+  }
+  EXPECT_EQ(page.GetDC()->GetTextExtent("Hgjy"), screen.GetTextExtent("Hgjy"));
+  EXPECT_EQ(page.GetDC()->GetPixel({5, 5}), 0xFFFFFFFFu);
+  EXPECT_FALSE(page.NewPage());
+  EXPECT_TRUE(page.End());
+  EXPECT_EQ(picture, device.Image());
+}
+
+TEST_F(PageTest, LinesOfAFileHaveThePlaceWidthAndColourTheyHaveInPixels) {
+  Page page(path("lines.pdf"), smallPaper);
+  const CRect rect = page.PrintableRect();
+  EXPECT_NEAR(rect.right, 60 / 25.4 * resolution, 4);
+  EXPECT_NEAR(rect.bottom, 50 / 25.4 * resolution, 4);
+  EXPECT_EQ(page.GetDC()->GetDeviceCaps(LOGPIXELSY), resolution);
+  drawStraight(*page.GetDC());
+  ASSERT_TRUE(page.NewPage());
+  page.GetDC()->SetROP2(R2_NOTXORPEN);
+  drawSlanted(*page.GetDC());
+  EXPECT_TRUE(page.End());
+  EXPECT_TRUE(page.End());
+
+  for (const bool straight : {true, false}) {
+    ImageDevice device({rect.right, rect.bottom}, 1.0, white);
+    DeviceContext context(&device);
+    CDC screen(&context);
+    straight ? drawStraight(screen) : drawSlanted(screen);
+    const QImage rendered = render(path("lines.pdf"), straight ? 1 : 2);
+    // The renderer lets an edge seep an eighth into the next pixel, and smooths slanted ones.
+    expectPixelsIn(device.Image(), rendered, straight ? 0 : 1, straight ? 70 : 128);
+    expectPixelsIn(rendered, device.Image(), straight ? 0 : 1, straight ? 70 : 128);
+  }
+}
+
+TEST_F(PageTest, TextStaysTextAndTakesTheRoomThatWasMeasured) {
+  const char* const text = "Hgjy 12.5 \xC2\xB5V";
+  Page page(path("text.pdf"), smallPaper);
+  CFont font;
+  font.CreateFont(MulDiv(11, resolution, 72), FW_NORMAL, "Arial");
+  page.GetDC()->SelectObject(&font);
+  const CSize extent = page.GetDC()->GetTextExtent(text);
+  drawText(*page.GetDC(), text);
+  ASSERT_TRUE(page.End());
+  EXPECT_NEAR(extent.cy, 11.0 / 72 * resolution, 2);
+  const QRect inked = test::Find(render(path("text.pdf")), white, true).area;
+  EXPECT_NEAR(inked.left(), 40, 8);
+  EXPECT_NEAR(inked.right(), 40 + extent.cx, 8);
+  EXPECT_GE(inked.top(), 30);
+  EXPECT_LE(inked.bottom(), 30 + extent.cy);
+  const QString file = QString::fromStdString(path("text.pdf"));
+  EXPECT_EQ(run("pdftotext", {file, "-"}).trimmed().toStdString(), text);
+  EXPECT_TRUE(run("pdffonts", {file}).simplified().contains("TrueType Identity-H yes"))
+      << "embedded";
+}
+
+TEST_F(PageTest, CopiesPicturesAndNothingElse) {
+  ImageDevice picture({40, 30}, 1.0, white);
+  test::MakeNoise(picture);
+  DeviceContext context(&picture);
+  Page other(path("other.pdf"), smallPaper);
+  Page page(path("copy.pdf"), smallPaper);
+  page.GetDC()->BitBlt(100, 100, 40, 30, other.GetDC()->GetSafeHdc(), 0, 0, SRCCOPY);
+  page.GetDC()->BitBlt(8, 12, 20, 10, &context, 4, 6, SRCCOPY);
+  EXPECT_EQ(page.GetDC()->GetPixel({10, 14}), 0xFFFFFFFFu);
+  ASSERT_TRUE(page.End());
+  const QImage rendered = render(path("copy.pdf"));
+  // The renderer gives pictures a pixel more.
+  EXPECT_EQ(test::Find(rendered, white, true).area, QRect(8, 12, 21, 11));
+  EXPECT_EQ(FromQt(rendered.pixel(8, 12)), picture.PixelAt({4, 6}));
+  EXPECT_EQ(FromQt(rendered.pixel(28, 22)), picture.PixelAt({23, 15}));
+}
+
+TEST_F(PageTest, ALongTraceIsASmallFile) {
+  Page page(path("trace.pdf"), {.width = 450, .height = 200, .pixelsPerInch = 600});
+  ASSERT_GE(page.PrintableRect().right, 10000);
+  const CPen pen(PS_SOLID, 7, ink);
+  CDC& dc = *page.GetDC();
+  dc.SelectObject(&pen);
+  std::mt19937 random(5);
+  const auto below = [&random](int n) { return static_cast<int>(random() % unsigned(n)); };
+  for (int x = 0; x < 10000; ++x) {
+    const int low = 1000 + below(900);
+    const int high = 2000 + below(900);
+    dc.LineTo(x, low + below(high - low));
+    dc.MoveTo(x, low);
+    dc.LineTo(x, high);
+    dc.LineTo(x, low + below(high - low));
+  }
+  ASSERT_TRUE(page.End());
+  EXPECT_LT(QFileInfo(QString::fromStdString(path("trace.pdf"))).size(), 300'000);
+}
+
+TEST_F(PageTest, WhatCannotBeAPageDrawsNothingAndSaysSo) {
+  constexpr double nan = std::numeric_limits<double>::quiet_NaN();
+  constexpr double infinite = std::numeric_limits<double>::infinity();
+  const std::string file = path("never.pdf");
+  QImage noPicture;
+  QImage picture(50, 40, QImage::Format_RGB32);
+  std::vector<std::unique_ptr<Page>> pages;
+  for (const PdfPaper& paper :
+       {PdfPaper{.width = nan}, PdfPaper{.height = infinite}, PdfPaper{.width = -210},
+        PdfPaper{.margin = nan}, PdfPaper{.margin = 80}, PdfPaper{.pixelsPerInch = 0},
+        PdfPaper{.width = 5080, .pixelsPerInch = 2400}})
+    pages.push_back(std::make_unique<Page>(file, paper));
+  for (const std::string& where :
+       {path("no/such/folder.pdf"), path("."), std::string("/dev/null"), std::string()})
+    pages.push_back(std::make_unique<Page>(where));
+  pages.push_back(std::make_unique<Page>(noPicture));
+  Page first(picture);
+  pages.push_back(std::make_unique<Page>(picture));
+  for (std::size_t i = 0; i < pages.size(); ++i) {
+    SCOPED_TRACE(i);
+    EXPECT_FALSE(pages[i]->IsOpen());
+    EXPECT_TRUE(pages[i]->PrintableRect().IsRectEmpty());
+    drawStraight(*pages[i]->GetDC());
+    drawText(*pages[i]->GetDC(), "lost");
+    EXPECT_FALSE(pages[i]->NewPage());
+    EXPECT_FALSE(pages[i]->End());
+  }
+  EXPECT_TRUE(first.End());
+  EXPECT_TRUE(QDir(directory.path()).isEmpty());
+}
+
+TEST_F(PageTest, AFileThatCannotBeFinishedIsToldAndAnOlderOneStays) {
+  const QString folder = directory.filePath("folder");
+  ASSERT_TRUE(QDir().mkdir(folder));
+  Page lost((folder + "/lost.pdf").toStdString(), smallPaper);
+  ASSERT_TRUE(lost.IsOpen());
+  ASSERT_TRUE(QDir(folder).removeRecursively());
+  EXPECT_FALSE(lost.End());
+  EXPECT_FALSE(lost.End());
+
+  QFile older(directory.filePath("older.pdf"));
+  ASSERT_TRUE(older.open(QIODevice::WriteOnly) && older.write("older") == 5);
+  older.close();
+  {
+    const Page page(path("older.pdf"), smallPaper);
+    EXPECT_EQ(older.size(), 5);
+  }
+  EXPECT_GT(older.size(), 500);
+}
+
+TEST_F(PageTest, WildCoordinatesAndPensAreDrawnAsFarAsThePageGoes) {
+  constexpr int most = std::numeric_limits<int>::max();
+  Page page(path("wild.pdf"), smallPaper);
+  CDC& dc = *page.GetDC();
+  for (const CPen& pen : {CPen(PS_SOLID, most, ink), CPen(PS_DOT, 3, ink), CPen(77, 1, ink)}) {
+    dc.SelectObject(&pen);
+    dc.MoveTo(-most, -most);
+    dc.LineTo(most, most);
+    dc.LineTo(-most, most);
+    dc.Rectangle({-most, -most, most, most});
+    dc.Ellipse({most, most, -most, -most});
+    dc.SelectObject(static_cast<const CPen*>(nullptr));
+  }
+  dc.FillSolidRect({-most, 20, most, most}, RGB(255, 0, 0));
+  dc.FillSolidRect({-most, 30, most, 10}, ink);
+  ASSERT_TRUE(page.End());
+  EXPECT_EQ(test::Find(render(path("wild.pdf")), RGB(255, 0, 0)).area.top(), 20);
+}
+
+}  // namespace
+}  // namespace sparlow::qt

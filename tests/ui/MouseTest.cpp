@@ -1,0 +1,139 @@
+// Zoom boxes, drags of the cursors and clicks, and what ends them early.
+
+#include "tests/ui/ViewInput.h"
+
+namespace sparlow {
+namespace {
+
+using MouseTest = ViewInputTest;
+
+TEST_F(MouseTest, ABoxZoomsWhicheverWayItIsDrawn) {
+  const auto zoom = [this](CPoint from, CPoint to) {
+    Drag(from, to);
+    EXPECT_FALSE(Zoomed() || !Window().captured);
+    Release(to);
+    EXPECT_FALSE(Window().captured);
+    const Range shown = Interval();
+    TheGraph().ZoomOutFull();
+    return shown;
+  };
+  const Range shown = zoom(At(100, 20), At(300, 200)), whole{0, size};
+  EXPECT_NE(shown, whole);
+  EXPECT_EQ(zoom(At(300, 200), At(100, 20)), shown);
+  EXPECT_EQ(zoom(At(100, 200), At(300, 20)), shown);
+  const auto [from, to] = zoom(At(-40, -20), At(Plot().cx / 2, Plot().cy + 90));
+  EXPECT_EQ(from, 0u);
+  EXPECT_NEAR(to, size / 2, size / 50);
+  // A box without width or height is a click, and a paint takes it away.
+  for (const CPoint end : {At(100, 50), At(100, 200), At(300, 50)}) {
+    Pump();
+    Drag(At(100, 50), end);
+    Release(end);
+    EXPECT_FALSE(Zoomed());
+    EXPECT_TRUE(WindowSite::Find(window)->IsInvalid());
+  }
+}
+
+TEST_F(MouseTest, ABoxIsDrawnAgainOnANewFrameAndNotTakenAway) {
+  DrawBox();
+  Window().surface->take();
+  RedrawWindow(window);
+  Pump();
+  const CPoint corner = At(100, 50);
+  const std::string edge =
+      FormatText("Line %d,%d %d,%d ", corner.x, corner.y, corner.x + 200, corner.y);
+  EXPECT_EQ(Window().surface->count(edge), 1);
+}
+
+TEST_F(MouseTest, LosingTheMouseFinishesTheGestureAtThePointer) {
+  auto* const other = new TestView;
+  ASSERT_TRUE(other->Create());
+  DrawBox();
+  SetCapture(other->GetSafeHwnd());
+  EXPECT_TRUE(Zoomed());
+  EXPECT_EQ(GetCapture(), other->GetSafeHwnd()) << "it isn't the view's to release";
+  other->DestroyWindow();
+
+  TheGraph().ZoomOutFull();
+  PutCursors();
+  const CPoint grip = LeftMarker();
+  Drag(grip, {grip.x + 40, grip.y});
+  const int dragged = series.iLCursor;
+  EXPECT_GT(dragged, 2000);
+  CaptureLost(window);
+  EXPECT_FALSE(TheGraph().IsCursorDrag());
+  EXPECT_EQ(series.iLCursor, dragged);
+}
+
+TEST_F(MouseTest, AnUpdateAppliesTheBoxFirst) {
+  DrawBox();
+  system.pointerAt = {Window().at.x + 5, Window().at.y + 5};
+  SendMessage(window, WM_UPDATE_GRAPH, 0, 0);
+  EXPECT_TRUE(Zoomed());
+  EXPECT_EQ(GetCapture(), nullptr);
+  const Range shown = Interval();
+  Release(At(600, 10));
+  EXPECT_EQ(Interval(), shown);
+}
+
+TEST_F(MouseTest, ThePointerTellsWhatAPressWouldDo) {
+  PutCursors();
+  Mouse(WM_MOUSEMOVE, LeftMarker());
+  EXPECT_EQ(system.pointer, LoadCursor(IDC_SIZEALL));
+  system.pointer = nullptr;
+  Mouse(WM_MOUSEMOVE, {LeftMarker().x + 20, LeftMarker().y});
+  view->SetActive(false);
+  Mouse(WM_MOUSEMOVE, LeftMarker());
+  EXPECT_EQ(system.pointer, nullptr);
+  Mouse(WM_LBUTTONDOWN, LeftMarker());
+  EXPECT_TRUE(TheGraph().IsCursorDrag()) << "an inactive graph gives no hint, but serves";
+}
+
+TEST_F(MouseTest, ATransferRefusesInputAndEndsAGestureWithoutEffect) {
+  PutCursors();
+  Press(VK_RIGHT);
+  Press(VK_RIGHT);
+  for (const CPoint from : {At(100, 50), LeftMarker()}) {
+    Drag(from, At(300, 200));
+    Begin(series);
+    AddBlock(series, size);
+    Mouse(WM_MOUSEMOVE, At(320, 220));
+    Release(At(320, 220));
+    EXPECT_EQ(GetCapture(), nullptr);
+    EXPECT_FALSE(Zoomed() || TheGraph().IsCursorDrag());
+    series.TermDataTransfer();
+    view->UpdateGraph();
+    PutCursors();
+  }
+  Begin(series);
+  AddBlock(series, size);
+  view->UpdateGraph();
+  PutCursors();
+  for (const bool restricted : {true, false}) {
+    Graph::RestrictGraphOperationInRealTime = restricted;
+    Press(VK_RIGHT);
+    EXPECT_EQ(series.iLCursor, restricted ? 2000 : 2001) << "by one: the key-up counted";
+    LetGo(VK_RIGHT);
+    DrawBox();
+    Release(At(300, 200));
+    EXPECT_EQ(Zoomed(), !restricted);
+  }
+}
+
+TEST_F(MouseTest, AClickOnACurveOfAnOverlaidGraphPicksIt) {
+  Graph::RestrictGraphOperationInRealTime = false;
+  for (const int hit : {0, 2, 1, 3}) {
+    if (hit == 3)
+      Begin(series);
+    view->overlaidHit = hit;
+    system.pointer = nullptr;
+    Mouse(WM_MOUSEMOVE, At(50, 50));
+    EXPECT_EQ(system.pointer, hit == 1 || hit == 2 ? LoadCursor(102) : nullptr) << hit;
+    Mouse(WM_LBUTTONDOWN, At(50, 50));
+    Release(At(50, 50));
+  }
+  EXPECT_EQ(view->picked, "graph 2 mask 1 ");
+}
+
+}  // namespace
+}  // namespace sparlow
