@@ -1,0 +1,61 @@
+#include "tests/multi/MultiTest.h"
+
+namespace sparlow {
+
+using MasksTest = MultiTest;
+
+TEST_F(MasksTest, ANewMaskIsCalculatedOnceAndAFailureHindersNoOther) {
+  int updates = 0;
+  view->afterMessage = [&](UINT message) { updates += message == WM_UPDATE_GRAPH; };
+  Doubled &fails = AddDoubled("Fails"), &throws = AddDoubled("Throws");
+  fails.end = Doubled::fails;
+  throws.end = Doubled::throws;
+  Analyze(true);
+  EXPECT_TRUE(Paint(false) && updates == 0) << "nothing was calculated";
+  throws.Reset();  // else half a result counts
+  Doubled& mask = AddDoubled("Mask");
+  StayAt(mask, true);
+  Analyze(true);
+  EXPECT_EQ(Workers(), 2);
+  mask.end = Doubled::succeeds;
+  EXPECT_TRUE(Paint(false) && updates > 0 && Draws(mask, 1));
+  EXPECT_TRUE(fails.runs == 1 && throws.runs == 2 && mask.runs == 1);
+  EXPECT_FALSE(Multi().AnalyzeEachNewMask()) << "none is new";
+  view->afterMessage = nullptr;
+}
+
+TEST_F(MasksTest, AllAreNamedInTheLegendAndTheActiveOneIsThickAndOnTop) {
+  series.SetColor(0x010203);
+  EXPECT_TRUE(Paint() && Draws(series, 1) && Plot().cy == 438) << "alone";
+  Doubled &longest = AddDoubled("0123456789"), &shorter = AddDoubled("abc");
+  EXPECT_TRUE(longest.ApplyMask() && shorter.ApplyMask());
+  const auto maskColumn = [this](int lines) {
+    EXPECT_TRUE(Paint());
+    EXPECT_EQ(Plot().cy, 438 - 15 * lines - 4);
+    EXPECT_TRUE(Draws(FormatText("Text 58,%d \"Delay\" height 15 color 0x010203", Plot().cy + 42)));
+    EXPECT_TRUE(Draws(FormatText("Text %d,%d ", 620 - Multi().legendMaskWidth, Plot().cy + 42)));
+    return Multi().legendMaskWidth;
+  };
+  EXPECT_EQ(maskColumn(2), 70);
+  EXPECT_TRUE(Draws(series, 2) && Draws(shorter, 1) && Multi().RemoveMaskData(&longest));
+  GatedSeries &second = Add("Second"), &third = Add(std::string(100, 'x'));
+  Multi().SetActiveMask(0);
+  EXPECT_EQ(maskColumn(3), 70);
+  EXPECT_TRUE(Draws("\"Second\" height 15 color 0x0000") && !Shows(third.GetName())) << "too long";
+  const auto frame = Frame();  // the copy to the window is the last
+  EXPECT_NE(frame[frame.size() - 2].find(Stroke(2, shorter.GetColor())), std::string::npos);
+  EXPECT_TRUE(Draws(third, 1) && !Draws(shorter, 1));
+  int index = -1;
+  bool isMask = false;
+  shorter.SetColor(0);  // as all of the frame
+  second.SetColor(1);
+  EXPECT_FALSE(Multi().GetViewDataByPoint(nullptr, &index, &isMask, {5, 5}) || index != -1);
+  EXPECT_TRUE(Multi().GetViewDataByPoint(nullptr, &index, &isMask, {300, 200}));
+  EXPECT_TRUE(index == 0 && isMask);
+  EXPECT_TRUE(Multi().RemoveMaskData(&shorter) && Active() == &series && AddTo(true, &shorter));
+  EXPECT_EQ(maskColumn(3), 21) << "after the last mask had gone";
+  Multi().SetActive(1);
+  EXPECT_TRUE(Multi().RemoveMaskData(&second) && Active() == &series) << "though no mask";
+}
+
+}  // namespace sparlow

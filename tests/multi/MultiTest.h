@@ -1,0 +1,108 @@
+#pragma once
+
+#include "tests/graph/GraphTest.h"
+#include "tests/support/Doubled.h"
+
+namespace sparlow {
+
+using test::Doubled;
+
+struct TestMulti : MultiGraphWithMasks {
+  using Graph::colors, Graph::lCursor;
+  using MultiGraphWithMasks::MultiGraphWithMasks, MultiGraph::legendMaskWidth;
+};
+struct MultiView : TestView {
+  std::unique_ptr<Graph> NewGraph(GraphAxis* axes) override {
+    return std::make_unique<TestMulti>(axes);
+  }
+};
+
+/// A view of a graph with masks, which has the series of the fixture and what the test adds.
+class MultiTest : public GraphTest {
+ protected:
+  MultiTest() {
+    CloseView();
+    view = new MultiView;
+    view->Create();
+    Window().Resize({640, 480});
+    view->CreateGraph(&axis);
+    AddTo(false, &series);
+    Fill(series, 11);
+  }
+  ~MultiTest() override {
+    CloseView();
+    for (const auto& one : all)
+      one->Term();
+  }
+  TestMulti& Multi() { return static_cast<TestMulti&>(TheGraph()); }
+  ViewData* Active() { return Multi().GetActiveViewData(); }
+  bool AddTo(bool masks, ViewData* data) {
+    return masks ? Multi().AddMaskData(data) : Multi().AddViewData(data);
+  }
+  bool RemoveFrom(bool masks, ViewData* data) {
+    return masks ? Multi().RemoveMaskData(data) : Multi().RemoveViewData(data);
+  }
+  template <class T = GatedSeries>
+  T& Make(const std::string& name, SourceData* source = nullptr) {
+    all.push_back(std::make_unique<T>());
+    all.back()->Init(name.c_str(), source);
+    return static_cast<T&>(*all.back());
+  }
+  GatedSeries& Add(const std::string& name, unsigned samples = 11) {
+    GatedSeries& made = Make(name);
+    Fill(made, samples);
+    EXPECT_TRUE(AddTo(false, &made));
+    return made;
+  }
+  /// An analysis of the fixture's series.
+  Doubled& AddDoubled(const std::string& name, bool mask = true) {
+    Doubled& made = Make<Doubled>(name, &series);
+    EXPECT_TRUE(AddTo(mask, &made));
+    return made;
+  }
+  /// The window as it is when nobody works any more.
+  bool Paint(bool update = true) {
+    if (update)
+      view->UpdateGraph();
+    const bool idle = AwaitIdle();
+    RedrawWindow(view->GetSafeHwnd());
+    Pump();
+    return idle;
+  }
+  void Analyze(bool masks) {
+    SendMessage(view->GetSafeHwnd(), masks ? WM_RECALC_MASK : WM_RECALC_ANALYSIS, 0, 0);
+  }
+  /// A worker has come to an analysis and stays there.
+  void StayAt(Doubled& analysis, bool mask) {
+    analysis.end = Doubled::waits;
+    analysis.runs = 0;
+    Analyze(mask);
+    EXPECT_TRUE(PumpUntil([&] { return analysis.runs > 0; }));
+  }
+  /// Does what tells a worker at the gate to stop and waits for it.
+  static void StopAtGate(GatedSeries& gated, const std::function<void()>& action) {
+    gated.AwaitWorker();
+    std::thread opener([&] {
+      while (!gated.renderStop && !gated.IsAborted())
+        std::this_thread::yield();
+      gated.OpenGate();
+    });
+    action();
+    opener.join();
+  }
+  static std::string Stroke(int width, COLORREF color) {
+    return FormatText(" style 0 width %d color 0x%06X", width, color);
+  }
+  static int Count(const std::vector<std::string>& calls, const std::string& part) {
+    int count = 0;
+    for (const std::string& call : calls)
+      count += call.find(part) != std::string::npos;
+    return count;
+  }
+  bool Draws(const std::string& part) { return Count(Frame(), part) > 0; }
+  bool Draws(ViewData& data, int width) { return Draws(Stroke(width, data.GetColor())); }
+
+  std::vector<std::unique_ptr<ViewData>> all;
+};
+
+}  // namespace sparlow

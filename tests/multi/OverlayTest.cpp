@@ -1,0 +1,104 @@
+#include "sparlow/platform/CDocument.h"
+#include "tests/multi/MultiTest.h"
+
+namespace sparlow {
+
+struct OverlayTest : MultiTest {
+  /// What stands behind the eight lines of every graph's menu, * at the choice.
+  std::string Menu() {
+    CMenu menu;
+    std::string text;
+    for (const MenuItem& item : Multi().CreateCustomPopupMenu(menu)->Items().subspan(8)) {
+      text += item.text + "|";
+      if (item.subMenu)
+        for (const MenuItem& choice : item.subMenu->Items())
+          text += choice.text + (choice.radio ? "* " : " ");
+    }
+    return text;
+  }
+};
+
+TEST_F(OverlayTest, SixOfAKindHaveColoursInTurnAndASeventhIsRefused) {
+  EXPECT_EQ(Menu(), "");
+  for (const bool masks : {false, true}) {
+    std::vector<ViewData*> made;
+    for (int i = masks ? 0 : 1; i < 6; ++i) {
+      made.push_back(&Make((masks ? "M" : "G") + std::to_string(i)));
+      EXPECT_TRUE(AddTo(masks, made.back()));
+      EXPECT_EQ(made.back()->GetColor(), (masks ? MaskColorTable : GraphColorTable)[i]);
+    }
+    GatedSeries& more = Make("more");
+    EXPECT_FALSE(AddTo(masks, &more) || more.GetColor() != 0);
+    EXPECT_TRUE(RemoveFrom(masks, &more) == masks && RemoveFrom(masks, nullptr) == masks);
+    EXPECT_TRUE(RemoveFrom(masks, made[2]));
+    for (ViewData* const declined : std::vector<ViewData*>{made[0], &series, nullptr})
+      EXPECT_FALSE(AddTo(masks, declined) || (masks && AddTo(false, declined)));
+    EXPECT_TRUE(AddTo(masks, &more) && more.GetColor() == made[2]->GetColor());
+  }
+  EXPECT_EQ(system.boxes,
+            (std::vector<std::string>{"Cannot view more than 6 graphs simultaneously.",
+                                      "Cannot apply more than 6 masks simultaneously."}));
+  EXPECT_EQ(Menu(),
+            "|&Select|Delay G1 G2 G4 G5 more*  M0 M1 M3 M4 M5 more |&Remove Selected Graph|");
+  Begin(*Active());
+  EXPECT_EQ(Menu(), "");
+}
+
+TEST_F(OverlayTest, TheActiveOneRulesTheAxesAndTheOthersFollowButMasks) {
+  GatedSeries &far = Add("Far"), &none = Add("None", 0), &active = Add("Active");
+  Doubled &mask = AddDoubled("Mask"), &empty = AddDoubled("Empty");
+  Fill(series, {{0, -50}, {2, -40}, {3, -50}, {8, -40}, {100, 0}});
+  Fill(far, {{500, 0}, {501, 1}});
+  Fill(active, {{0, 0}, {2.5, 1}, {5, 0}, {7, 1}, {10, 0}});
+  Fill(mask, {{-20, -3}, {0, 4}, {80, 0}});
+  active.SetUnits("V");
+  EXPECT_TRUE(Paint());
+  const auto range = [this] {
+    return FormatText("%g %g %g %g %s", axis.hor.min, axis.hor.max, axis.ver.min, axis.ver.max,
+                      axis.ver.GetFuncName());
+  };
+  EXPECT_EQ(range(), "-20 501 -50 4 V");
+  mask.SetTo(2);
+  empty.nFrom = 7u;
+  Multi().ZoomInBySample();
+  EXPECT_EQ(range(), "2.5 5 -50 4 V");
+  EXPECT_EQ(series.GetInterval(), (SampleInterval{1, 4}));
+  EXPECT_TRUE(none.nColumns == 0 && Multi().RemoveViewData(&none));
+  EXPECT_TRUE(active.GetIntervalSize() == 2 && mask.GetTo() == 2) << "nothing moves";
+  for (const int index : {0, 5}) {  // the second is none, but all is shown
+    Multi().SetActive(index);
+    EXPECT_TRUE(Active() == &series && active.IntervalWhole() && mask.IntervalWhole());
+    EXPECT_EQ(range(), "-20 501 -50 4 s");
+    Multi().ZoomInBySample();
+  }
+  Multi().RemoveActiveGraph();
+  EXPECT_TRUE(Active() == &far && far.IntervalWhole() && active.IntervalWhole());
+  Multi().RemoveActiveGraph();
+  EXPECT_FALSE(Multi().RemoveViewData(&active)) << "the last one";
+  EXPECT_EQ(empty.nFrom, 7u) << "has nothing to show";
+}
+
+TEST_F(OverlayTest, AViewPicksByMenu) {
+  struct HostView : CMultiGraphViewWithMasks {
+    using CMultiGraphViewWithMasks::CreateGraph, CSingleGraphView::graph;
+  };
+  CDocument document;
+  auto* const host = new HostView;
+  host->Create();
+  document.AddView(host);
+  host->RemoveMaskData(&series);
+  EXPECT_FALSE(host->AddMaskData(&series)) << "no graph yet";
+  host->CreateGraph(&axis);
+  for (const char* const name : {"One", "Two", "Three"})
+    EXPECT_TRUE(host->AddViewData(&Make(name)));
+  EXPECT_TRUE(host->AddMaskData(&Make("Mask")));
+  std::string picked;
+  for (const UINT id : {102u, 107u, 103u, 113u}) {
+    SendMessage(host->GetSafeHwnd(), WM_COMMAND, id, 0);
+    picked += document.GetTitle() + "/" + host->graph->GetName() + " ";
+  }
+  EXPECT_EQ(picked, "Two/Two Mask/Mask Three/Three Three/One ");
+  host->DestroyWindow();
+}
+
+}  // namespace sparlow
