@@ -37,16 +37,24 @@ std::vector<ViewData*> MultiGraph::AllSeries() const {
 }
 
 bool MultiGraph::AddViewData(ViewData* data) {
+  const auto refuse = [] {
+    ShowErrorBox(MB_ICONEXCLAMATION, "Add graph warning",
+                 "Cannot view more than %d graphs simultaneously.", maxSeries);
+  };
+  return add(viewDataList, data, GraphColorTable, refuse, true);
+}
+
+bool MultiGraph::add(SourceDataList& list, ViewData* data, const COLORREF* colorTable,
+                     void (*refuse)(), bool makeActive) {
   const std::vector<ViewData*> all = AllSeries();
   if (!data || std::find(all.begin(), all.end(), data) != all.end())
     return false;
-  if (viewDataList.count == maxSeries) {
-    ShowErrorBox(MB_ICONEXCLAMATION, "Add graph warning",
-                 "Cannot view more than %d graphs simultaneously.", maxSeries);
+  if (list.count == maxSeries) {
+    refuse();
     return false;
   }
-  const COLORREF color = GetFirstUnusedColor(viewDataList, GraphColorTable, maxSeries);
-  if (!append(viewDataList, maxSeries, data, true))
+  const COLORREF color = GetFirstUnusedColor(list, colorTable, maxSeries);
+  if (!append(list, data, makeActive))
     return false;
   data->SetColor(color);
   return true;
@@ -54,9 +62,9 @@ bool MultiGraph::AddViewData(ViewData* data) {
 
 // What is asked before a lock is waited for may have changed after it: a box of a worker's may be
 // answered meanwhile, by a host's code.
-bool MultiGraph::append(SourceDataList& list, int limit, ViewData* data, bool makeActive) {
+bool MultiGraph::append(SourceDataList& list, ViewData* data, bool makeActive) {
   return changeSeries([&] {
-    if (list.count >= limit || list.Holds(data))
+    if (list.count >= maxSeries || list.Holds(data))
       return false;
     workers->Readmit(data);
     {

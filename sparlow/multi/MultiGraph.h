@@ -26,6 +26,7 @@ inline constexpr COLORREF GraphColorTable[] = {0x000000, 0x0000C0, 0x008000,
 /// Threads: the window's, unless an operation says otherwise.
 class MultiGraph : public Graph {
  public:
+  /// In one list; each table of colours has as many.
   static constexpr int maxSeries = 6;
 
   explicit MultiGraph(GraphAxis* sharedAxis) : Graph(sharedAxis) {}
@@ -72,8 +73,10 @@ class MultiGraph : public Graph {
 
   /// A list as it stands. Any thread.
   SourceDataList Snapshot(const SourceDataList& list) const;
-  /// False when the graph was closed meanwhile, or the list has as many as limit or this one.
-  bool append(SourceDataList& list, int limit, ViewData* data, bool makeActive);
+  /// Adds a series to a list of at most 6, which have the colours of a table in turn. Calls refuse
+  /// for the 7th. False when nothing was added.
+  bool add(SourceDataList& list, ViewData* data, const COLORREF* colorTable, void (*refuse)(),
+           bool makeActive);
   /// Stops whoever works at a series and takes it out. False when the graph was closed meanwhile,
   /// or the list doesn't have it or would have fewer than least.
   bool takeOut(SourceDataList& list, int least, ViewData* data);
@@ -97,6 +100,8 @@ class MultiGraph : public Graph {
   CMenu selectMenu;
 
  private:
+  bool append(SourceDataList& list, ViewData* data, bool makeActive);
+
   mutable std::mutex listLock;
 };
 

@@ -21,18 +21,12 @@ int characters(const std::string& text) {
 }  // namespace
 
 bool MultiGraphWithMasks::AddMaskData(ViewData* data) {
-  const std::vector<ViewData*> all = AllSeries();
-  if (!data || std::find(all.begin(), all.end(), data) != all.end())
-    return false;
-  if (maskList.count == maxMasks) {
+  const auto refuse = [] {
     ShowErrorBox(MB_ICONEXCLAMATION, "Apply mask warning",
                  "Cannot apply more than %d masks simultaneously.", maxMasks);
+  };
+  if (!add(maskList, data, MaskColorTable, refuse, false))
     return false;
-  }
-  const COLORREF color = GetFirstUnusedColor(maskList, MaskColorTable, maxMasks);
-  if (!append(maskList, maxMasks, data, false))
-    return false;
-  data->SetColor(color);
   longestMaskName = std::max(longestMaskName, characters(data->GetName()));
   return true;
 }

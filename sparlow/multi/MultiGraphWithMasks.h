@@ -14,7 +14,7 @@ inline constexpr COLORREF MaskColorTable[] = {0xFFC000, 0x00C6C6, 0xC600C6,
 /// Threads: the window's, unless an operation says otherwise.
 class MultiGraphWithMasks : public MultiGraph {
  public:
-  static constexpr int maxMasks = 6;
+  static constexpr int maxMasks = maxSeries;
 
   explicit MultiGraphWithMasks(GraphAxis* sharedAxis) : MultiGraph(sharedAxis) {}
 

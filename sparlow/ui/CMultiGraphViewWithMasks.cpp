@@ -32,7 +32,7 @@ void View::RemoveMaskData(ViewData* data) {
 }
 
 void View::OnSetActiveMask(UINT id) {
-  activateMask(static_cast<int>(id - ID_SELECT_MASK));
+  activate(&Graph::SetActiveMask, static_cast<int>(id - ID_SELECT_MASK));
 }
 
 }  // namespace sparlow

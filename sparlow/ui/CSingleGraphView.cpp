@@ -133,26 +133,17 @@ void View::SetInfoBar(HWND bar) {
 }
 
 void View::OnGraphActivated(int index) {
+  activate(&Graph::SetActive, index);
+}
+
+void View::activate(void (Graph::*which)(int), int index) {
   if (!graph)
     return;
   const HWND window = GetSafeHwnd();
-  graph->SetActive(index);
+  (graph.get()->*which)(index);
   // Its update may have ended the view.
-  if (WindowSite::Find(window))
-    titleDocument();
-}
-
-void View::activateMask(int index) {
-  if (!graph)
-    return;
-  const HWND window = GetSafeHwnd();
-  graph->SetActiveMask(index);
-  if (WindowSite::Find(window))
-    titleDocument();
-}
-
-void View::titleDocument() {
-  if (CDocument* const document = GetDocument())
+  CDocument* const document = WindowSite::Find(window) ? GetDocument() : nullptr;
+  if (document)
     document->SetTitle(graph->GetName());
 }
 

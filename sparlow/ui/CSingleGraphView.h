@@ -71,10 +71,8 @@ class CSingleGraphView : public CView {
 
   /// A series was picked: makes it active and the document's title its name.
   virtual void OnGraphActivated(int index);
-  /// The same for a mask.
-  void activateMask(int index);
-  /// Gives the document the active series' name.
-  void titleDocument();
+  /// The same by SetActive or SetActiveMask. The view may be gone after it.
+  void activate(void (Graph::*which)(int), int index);
   /// Makes the kind of graph that this view shows.
   virtual std::unique_ptr<Graph> NewGraph(GraphAxis* axis);
 

@@ -179,7 +179,7 @@ void View::click(CPoint point) {
   if (inTransfer() || !graph->GetViewDataByPoint(nullptr, &index, &isMask, point))
     return;
   if (isMask)
-    activateMask(index);
+    activate(&Graph::SetActiveMask, index);
   else
     OnGraphActivated(index);
 }

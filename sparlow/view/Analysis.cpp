@@ -27,33 +27,30 @@ bool Analysis::Analyze() {
   } else {
     SetInterval(kWholeSource, kWholeSource);
   }
-  // A failure leaves no half result on show, and no graph locked by a transfer that goes on.
-  const auto fail = [this] {
-    Reset();
-    endTransfer();
-  };
-  try {
-    if (Calculate())
-      return true;
-  } catch (...) {
-    fail();
-    throw;
-  }
-  fail();
-  return false;
+  return calculate(&Analysis::empty);
 }
 
 bool Analysis::ApplyMask() {
   const DataLock threads(threadsMutex);
+  return calculate(&Analysis::endTransfer);
+}
+
+bool Analysis::calculate(void (Analysis::*afterFailure)()) {
   try {
     if (Calculate())
       return true;
   } catch (...) {
-    endTransfer();
+    (this->*afterFailure)();
     throw;
   }
-  endTransfer();
+  (this->*afterFailure)();
   return false;
+}
+
+// No half result on show, and no graph locked by a transfer that goes on.
+void Analysis::empty() {
+  Reset();
+  endTransfer();
 }
 
 void Analysis::endTransfer() {

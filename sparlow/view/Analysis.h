@@ -48,6 +48,8 @@ class Analysis : public ViewData {
   virtual bool Calculate() = 0;
 
  private:
+  bool calculate(void (Analysis::*afterFailure)());
+  void empty();
   void endTransfer();
 };
 
