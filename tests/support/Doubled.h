@@ -7,14 +7,17 @@
 namespace sparlow::test {
 
 /// An analysis that doubles its source's values, or ends as the test says: in the middle of a
-/// transfer, or not before it is told to stop.
+/// transfer, or not before it is told to stop, and then it takes its time.
 struct Doubled : Analysis {
   bool Calculate() override {
     ++runs;
     while (end == waits && !IsAborted())
       std::this_thread::yield();
-    if (end == waits)
+    if (end == waits) {
+      std::this_thread::sleep_for(std::chrono::milliseconds(20));
+      end = fails;
       return false;
+    }
     InitDataTransfer(false);
     InitBlockTransfer();
     const unsigned from = nAnalyzeFrom, to = nAnalyzeTo;
