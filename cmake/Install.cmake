@@ -31,7 +31,8 @@ if(TARGET sparlow)
           COMPONENT sparlow)
   install(FILES sparlow/platform/qt/Application.h
           DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/sparlow/platform/qt COMPONENT sparlow)
-  install(DIRECTORY sparlow/graph sparlow/ui DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/sparlow
+  install(DIRECTORY sparlow/graph sparlow/multi sparlow/ui
+          DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/sparlow
           COMPONENT sparlow FILES_MATCHING PATTERN "*.h")
   install(FILES sparlow/sparlow.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/sparlow
           COMPONENT sparlow)
