@@ -2,65 +2,55 @@
 
 #include <cmath>
 #include <limits>
-#include <stdexcept>
+#include <utility>
 
 #include "examples/host/Summary.h"
+#include "sparlow/graph/Graph.h"
 #include "sparlow/platform/Windows.h"
-#include "sparlow/platform/qt/Application.h"
 
 namespace sparlow::host {
 
-namespace {
-
-constexpr int kMarginPercent = 5;
-
-CSingleGraphView* createView() {
-  auto* const view = static_cast<CSingleGraphView*>(CSingleGraphView::CreateObject());
-  if (!view->Create())
-    throw std::runtime_error("the window system makes no window");
-  return view;
-}
-
-/// A count with its thousands set apart.
-std::string grouped(unsigned count) {
-  std::string text = std::to_string(count);
-  for (std::size_t at = text.size(); at > 3;)
-    text.insert(at -= 3, ",");
-  return text;
-}
-
-}  // namespace
-
-Channel::Channel(std::unique_ptr<SampleSource> source, GraphColors& colors, int width, int height,
-                 ErrorLog& log)
+Channel::Channel(std::unique_ptr<SampleSource> source, ErrorLog& log)
     : source_(std::move(source)),
-      axis_(kMarginPercent, true, 1, false),
-      view_(createView()),
-      feeder_(*source_, series_, view_->GetSafeHwnd(), log) {
+      feeder_(
+          *source_, series_, [this] { tellViews(); }, log) {
   series_.Init(source_->Name().c_str());
   series_.SetUnits(source_->Unit().c_str());
-  view_->CreateGraph(&axis_);
-  view_->SetColors(colors);
-  view_->AddViewData(&series_);
-  qt::Resize(*view_, width, height);
 }
 
 Channel::~Channel() {
+  Stop();
+  series_.Term();
+}
+
+void Channel::Stop() {
   feeder_.Stop();
   recalculate_ = false;
   if (statistics_.joinable())
     statistics_.join();
-  view_->DestroyWindow();
-  series_.Term();
 }
 
-bool Channel::Settled() const {
-  return feeder_.Finished() && !calculating_ && !view_->RenderDue();
+void Channel::AddListener(HWND view) {
+  const std::lock_guard guard(listenersLock_);
+  listeners_.push_back(view);
+}
+
+void Channel::RemoveListener(HWND view) {
+  const std::lock_guard guard(listenersLock_);
+  std::erase(listeners_, view);
+}
+
+void Channel::tellViews() {
+  const std::lock_guard guard(listenersLock_);
+  for (const HWND view : listeners_)
+    PostMessage(view, WM_UPDATE_GRAPH, 0, 0);
 }
 
 void Channel::Recalculate() {
-  if (!feeder_.Finished())
+  if (!finished_) {
+    recalculateLater_ = true;
     return;
+  }
   recalculate_ = true;
   if (calculating_.exchange(true))
     return;
@@ -70,21 +60,38 @@ void Channel::Recalculate() {
     do {
       while (recalculate_.exchange(false))
         series_.CalculateStatParams(-most, most);
-      PostMessage(view_->GetSafeHwnd(), WM_UPDATE_GRAPH, 0, 0);
+      tellViews();
       calculating_ = false;
       // Asked for again meanwhile, when nobody else could have begun.
     } while (recalculate_ && !calculating_.exchange(true));
   });
 }
 
+bool Channel::CatchUp() {
+  if (finished_ || !feeder_.Finished())
+    return false;
+  finished_ = true;
+  if (SourceData::nLastSamplesToDraw != 0 && series_.GetFrom() != 0)
+    newest_ = {series_.GetFrom(), series_.GetTo()};
+  if (recalculateLater_)
+    Recalculate();
+  return true;
+}
+
+bool Channel::LeavesNewest() {
+  // A zoom of samples that still come lasts until the next of them only.
+  const auto left = std::exchange(newest_, std::nullopt);
+  return !finished_ || left == SampleInterval{series_.GetFrom(), series_.GetTo()};
+}
+
 std::string Channel::Status() const {
   const SampleReader samples = series_.Read();
   std::string text = feeder_.Finished() ? "finished" : source_->Activity();
-  text += ": " + grouped(samples.size()) + (samples.size() == 1 ? " sample" : " samples");
+  text += ": " + CountSamples(samples.size());
   constexpr double plain = 1000.0;
   constexpr double most = 1e9;
   if (const double rate = SampleRate(samples); rate >= plain && rate <= most)
-    text += ", " + grouped(static_cast<unsigned>(std::lround(rate))) + " per second";
+    text += ", " + Grouped(static_cast<unsigned>(std::lround(rate))) + " per second";
   else if (rate > 0)
     text += ", " + FormatNumber(rate, 4) + " per second";
   return text;

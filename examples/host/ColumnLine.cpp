@@ -57,6 +57,40 @@ bool takeNumber(std::string_view& rest, double& value) {
   return true;
 }
 
+/// Takes what separates two columns: a comma or a semicolon, with blanks around it or not, a tab, or
+/// a blank. Of the last two, a tab counts; '\0' for blanks alone, and at the end of the line.
+char takeSeparator(std::string_view& rest) {
+  const std::string_view before = rest;
+  skipBlanks(rest);
+  if (!rest.empty() && isSeparator(rest.front())) {
+    const char separator = rest.front();
+    rest.remove_prefix(1);
+    skipBlanks(rest);
+    return separator;
+  }
+  const std::string_view blanks = before.substr(0, before.size() - rest.size());
+  return !isOver(rest) && blanks.find('\t') != std::string_view::npos ? '\t' : '\0';
+}
+
+/// No column is a number. Where something else separates columns, blanks are part of them.
+bool isWords(std::string_view line) {
+  constexpr std::string_view all = ",;\t";
+  const std::string_view separators = line.find_first_of(all) == std::string_view::npos ? " " : all;
+  for (std::size_t end = 0; end != std::string_view::npos;) {
+    end = line.find_first_of(separators);
+    std::string_view column = line.substr(0, end);
+    line.remove_prefix(end == std::string_view::npos ? line.size() : end + 1);
+    skipBlanks(column);
+    double value = 0;
+    if (!takeNumber(column, value))
+      continue;
+    skipBlanks(column);
+    if (isOver(column))
+      return false;
+  }
+  return true;
+}
+
 std::string_view firstWord(std::string_view rest) {
   return rest.substr(0, rest.find_first_of(" \t,;"));
 }
@@ -69,6 +103,9 @@ ColumnLine ColumnLine::Parse(std::string_view line, int columns) {
   if (isOver(line) || line.front() == ';')
     return result;
   double* const values[] = {&result.first, &result.second};
+  const std::string_view whole = line;
+  bool commas = false;
+  bool others = false;
   for (int i = 0; i < columns; ++i) {
     if (isOver(line)) {
       result.kind = Kind::missing;
@@ -79,14 +116,16 @@ ColumnLine ColumnLine::Parse(std::string_view line, int columns) {
       return result;
     }
     if (!takeNumber(line, *values[i])) {
-      result.kind = Kind::notNumber;
+      result.kind = isWords(whole) ? Kind::words : Kind::notNumber;
       result.word = firstWord(line);
       return result;
     }
-    skipBlanks(line);
-    if (!line.empty() && isSeparator(line.front())) {
-      line.remove_prefix(1);
-      skipBlanks(line);
+    const char separator = takeSeparator(line);
+    commas = commas || separator == ',';
+    others = others || separator == ';' || separator == '\t';
+    if (commas && others) {
+      result.kind = Kind::mixed;
+      return result;
     }
   }
   result.more = !isOver(line);

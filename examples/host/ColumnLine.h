@@ -14,7 +14,9 @@ struct ColumnLine {
     notFinite,    ///< the same, but one is infinite, too large or not a number
     missing,      ///< the first number and then nothing
     emptyColumn,  ///< two separators with nothing in between, or one in front
-    notNumber     ///< word is no number
+    mixed,        ///< a comma and another separator: a decimal comma, most likely
+    notNumber,    ///< word is no number
+    words         ///< the same, and no other column is a number either
   };
 
   /// Reads the first columns of a line: 1 or 2 numbers. Further ones are left unread.

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "sparlow/platform/Text.h"
+
 namespace sparlow::host {
 
 EdgeSource::EdgeSource(std::unique_ptr<SampleSource> samples, std::optional<double> level)
@@ -23,6 +25,13 @@ bool EdgeSource::Next(std::vector<Sample>& block, const std::stop_token& stop) {
   for (const Sample& sample : taken_)
     findEdge(sample, block);
   return more && edges_ < maxEdges;
+}
+
+std::string EdgeSource::WhyEmpty() const {
+  if (!last_)
+    return samples_->WhyEmpty();
+  const char* const crosses = lastEdge_ ? "y crosses only once " : "y never crosses ";
+  return samples_->Name() + ": no edges: " + crosses + FormatNumber(*level_, 6);
 }
 
 void EdgeSource::findLevel() {

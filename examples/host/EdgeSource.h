@@ -25,6 +25,7 @@ class EdgeSource : public SampleSource {
   std::string Activity() const override { return samples_->Activity(); }
   bool Next(std::vector<Sample>& block, const std::stop_token& stop) override;
   double Progress() const override { return samples_->Progress(); }
+  std::string WhyEmpty() const override;
 
  private:
   void findLevel();

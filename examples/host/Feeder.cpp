@@ -1,16 +1,17 @@
 #include "examples/host/Feeder.h"
 
 #include <chrono>
+#include <exception>
 #include <new>
+#include <utility>
 
 #include "sparlow/data/Error.h"
-#include "sparlow/graph/Graph.h"
-#include "sparlow/platform/Windows.h"
 
 namespace sparlow::host {
 
-Feeder::Feeder(SampleSource& source, SourceData& series, HWND view, ErrorLog& log)
-    : source_(source), series_(series), view_(view), log_(log) {}
+Feeder::Feeder(SampleSource& source, SourceData& series, std::function<void()> changed,
+               ErrorLog& log)
+    : source_(source), series_(series), changed_(std::move(changed)), log_(log) {}
 
 void Feeder::Stop() {
   givenUp_ = true;
@@ -23,24 +24,36 @@ void Feeder::Start() {
   thread_ = std::jthread([this](const std::stop_token& stop) { run(stop); });
 }
 
-void Feeder::run(const std::stop_token& stop) {
-  series_.InitDataTransfer(source_.IsWaveform());
-  bool outOfMemory = false;
+template <class Work>
+void Feeder::tellingFailures(const Work& work) {
+  const auto tell = [this](const std::string& why) { log_.Tell(source_.Name() + ": " + why); };
+  const auto tellFull = [&] {
+    tell("no memory for more than " + std::to_string(series_.GetSize()) + " samples");
+  };
   try {
-    transfer(stop);
+    work();
   } catch (const Error&) {
-    outOfMemory = true;
+    tellFull();
   } catch (const std::bad_alloc&) {
-    outOfMemory = true;
+    tellFull();
+  } catch (const std::exception& error) {
+    tell(error.what());
   }
-  if (outOfMemory) {
-    log_.Tell(source_.Name() + ": no memory for more than " + std::to_string(series_.GetSize()) +
-              " samples");
-  }
+}
+
+void Feeder::run(const std::stop_token& stop) {
+  tellingFailures([&] {
+    series_.InitDataTransfer(source_.IsWaveform());
+    transfer(stop);
+    if (series_.GetSize() != 0 || givenUp_)
+      return;
+    if (const std::string why = source_.WhyEmpty(); !why.empty())
+      log_.Tell(why);
+  });
   if (givenUp_)
     return;
-  series_.TermDataTransfer();
-  PostMessage(view_, WM_UPDATE_GRAPH, 0, 0);
+  tellingFailures([&] { series_.TermDataTransfer(); });
+  changed_();
   finished_ = true;
 }
 
@@ -57,7 +70,7 @@ void Feeder::transfer(const std::stop_token& stop) {
     // A graph that is behind would only be told the same again.
     if (const auto now = Clock::now(); now - posted >= pause) {
       posted = now;
-      PostMessage(view_, WM_UPDATE_GRAPH, 0, 0);
+      changed_();
     }
   }
 }

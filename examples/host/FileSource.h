@@ -1,11 +1,10 @@
 #pragma once
 
-#include <atomic>
 #include <optional>
 
-#include "examples/host/ErrorLog.h"
+#include "examples/host/ColumnLine.h"
 #include "examples/host/LineReader.h"
-#include "examples/host/SampleSource.h"
+#include "examples/host/RecordSource.h"
 
 namespace sparlow::host {
 
@@ -13,48 +12,42 @@ namespace sparlow::host {
 ///
 /// What is wrong goes to the log with file and line. A sample that isn't finite and one whose x
 /// goes back are skipped, the first of each kind is told, and their number at the end. A line that
-/// is no sample ends the record; the samples before it are good.
+/// is no sample ends the record; the samples before it are good. Before the first sample there may
+/// be a line that heads the columns.
 /// Threads: as its base class.
-class FileSource : public SampleSource {
+class FileSource : public RecordSource {
  public:
-  /// rate: samples per second of a file with one column. log must outlive the source.
+  /// path: - is standard input. rate: samples per second of a file with one column. log must
+  /// outlive the source.
   FileSource(std::string path, std::optional<double> rate, std::string unit, ErrorLog& log);
 
   /// False, and the log is told, when the file can't be opened. Before the first Next.
   bool Open();
 
-  std::string Name() const override;
-  std::string Unit() const override { return unit_; }
-  std::string Activity() const override { return "reading"; }
   bool Next(std::vector<Sample>& block, const std::stop_token& stop) override;
-  double Progress() const override { return progress_; }
 
  private:
-  /// A kind of sample that is skipped: how often that was, and what is told.
-  struct Skipped {
-    const char* why;
-    std::uint64_t count = 0;
+  /// A line that is a head of the columns if numbers follow.
+  struct Head {
+    std::uint64_t line;
+    std::string word;
   };
 
   bool takeLine(std::string_view line, std::vector<Sample>& block);
   void takeSample(double first, double second, std::vector<Sample>& block);
-  void skip(Skipped& kind);
-  void tellMissing();
+  bool refuse(const ColumnLine& parsed);
+  std::string whyMissing();
   bool finish();
-  void tellAtLine(std::uint64_t line, const std::string& text);
+  bool failAtLine(std::uint64_t line, const std::string& why);
 
-  const std::string path_;
+  const std::string file_;  // what path was given
   const std::optional<double> rate_;
-  const std::string unit_;
-  ErrorLog& log_;
   LineReader reader_;
   std::uint64_t rows_ = 0;  // lines with numbers, skipped ones too: time goes on for them
   std::uint64_t samples_ = 0;
   double lastX_;
-  Skipped notFinite_{"not a finite number"};
+  std::optional<Head> head_;
   Skipped backward_{"x goes back"};
-  bool told_ = false;  // why the record ended early
-  std::atomic<double> progress_{0.0};
 };
 
 }  // namespace sparlow::host

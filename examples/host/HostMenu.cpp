@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "sparlow/sparlow.h"
+#include "sparlow/ui/GraphMenu.h"
 
 namespace sparlow::host {
 
@@ -17,17 +18,46 @@ struct CommandItem {
   const char* name;
   const char* keys;
   ViewCommand command;
+  UINT inPopup;  // what the popup menu of a view calls it
 };
 
 constexpr CommandItem kCommands[] = {
-    {"Zoom &in", "view.zoomIn", "+", ViewCommand::zoomIn},
-    {"Zoom &out", "view.zoomOut", "-", ViewCommand::zoomOut},
-    {"Zoom to &cursors", "view.zoomToCursors", "Ctrl++", ViewCommand::zoomToCursors},
-    {"Zoom out &full", "view.showAll", "Ctrl+-", ViewCommand::showAll},
-    {nullptr, nullptr, nullptr, {}},
-    {"&Horizontal range...", "view.rangeX", "Ctrl+H", ViewCommand::rangeX},
-    {"&Vertical range...", "view.rangeY", "Ctrl+V", ViewCommand::rangeY},
+    {"Zoom &in", "view.zoomIn", "+", ViewCommand::zoomIn, ID_VIEW_SAMPLE_ZOOM_IN},
+    {"Zoom &out", "view.zoomOut", "-", ViewCommand::zoomOut, ID_VIEW_SAMPLE_ZOOM_OUT},
+    {"Zoom to &cursors", "view.zoomToCursors", "Ctrl++", ViewCommand::zoomToCursors,
+     ID_VIEW_CURSOR_ZOOM_IN},
+    {"Zoom out &full", "view.showAll", "Ctrl+-", ViewCommand::showAll, ID_VIEW_FULL_ZOOM_OUT},
+    {nullptr, nullptr, nullptr, {}, 0},
+    {"&Horizontal range...", "view.rangeX", "Ctrl+H", ViewCommand::rangeX, ID_X_RANGE},
+    {"&Vertical range...", "view.rangeY", "Ctrl+V", ViewCommand::rangeY, ID_Y_RANGE},
+    {"Auto&zoom", "view.autoZoom", "", ViewCommand::autoZoom, ID_Y_AUTO_ZOOM},
 };
+
+/// Brings what the menu offers up to date whenever it opens. A key works whatever the menu offered
+/// when it was open last; what can't be done does nothing.
+void updateAtOpening(QMenu& menu, const std::function<void()>& update) {
+  QObject::connect(&menu, &QMenu::aboutToShow, &menu, update);
+  QObject::connect(&menu, &QMenu::aboutToHide, &menu, [&menu] {
+    for (QAction* const action : menu.actions())
+      action->setEnabled(true);
+  });
+}
+
+/// Takes over, for the actions that carry a command's number, what the popup menu of a view says.
+void takeOver(const QMenu& menu, CMenu& popup, HWND view) {
+  popup.TellOpening(view, 0);
+  for (const MenuItem& item : popup.Items()) {
+    if (item.subMenu)
+      takeOver(menu, *item.subMenu, view);
+    for (QAction* const action : menu.actions()) {
+      if (item.id == 0 || action->data().toUInt() != item.id)
+        continue;
+      action->setEnabled(item.enabled);
+      if (action->isCheckable())
+        action->setChecked(item.checked);
+    }
+  }
+}
 
 struct Choice {
   QString text;
@@ -60,17 +90,27 @@ void addCommands(QMenu& menu, const MenuActions& actions) {
     QAction* const action = menu.addAction(QString::fromLatin1(item.text));
     action->setObjectName(QLatin1String(item.name));
     action->setShortcut(QKeySequence(QLatin1String(item.keys)));
+    action->setData(item.inPopup);
+    action->setCheckable(item.command == ViewCommand::autoZoom);
+    // A key that is held must not open one dialog over the other.
+    action->setAutoRepeat(item.command != ViewCommand::rangeX &&
+                          item.command != ViewCommand::rangeY);
     QObject::connect(action, &QAction::triggered, &menu,
                      [carryOut = actions.command, item] { carryOut(item.command); });
   }
+  updateAtOpening(menu, [&menu, view = actions.view] {
+    CMenu all;
+    if (all.LoadMenu(kSeriesMenuId))
+      takeOver(menu, *all.GetSubMenu(0), view());
+  });
 }
 
 void addLooks(QMenu& menu, int scheme, const MenuActions& actions) {
   addChoices(menu, QStringLiteral("Colour &scheme"), QStringLiteral("view.scheme"),
-             {{QStringLiteral("&0 Dark on white"), 0},
-              {QStringLiteral("&1 Light on dark"), 1},
-              {QStringLiteral("&2 Light on dark"), 2},
-              {QStringLiteral("&3 Light on dark"), 3}},
+             {{QStringLiteral("&Grey on white"), 0},
+              {QStringLiteral("Yellow on &blue"), 1},
+              {QStringLiteral("&Yellow on grey"), 2},
+              {QStringLiteral("G&reen on black"), 3}},
              scheme, actions.takeScheme);
   addChoices(menu, QStringLiteral("Cursor &markers"), QStringLiteral("view.marker"),
              {{QStringLiteral("&Rectangle"), 0},
@@ -101,13 +141,24 @@ void addNewest(QMenu& menu, const MenuActions& actions) {
                                   [&](const Choice& choice) { return choice.value == current; });
   if (!listed)
     choices.push_back({QStringLiteral("&Newest %1").arg(current), current});
-  addChoices(menu, QStringLiteral("While samples come, &show"), QStringLiteral("data.newest"),
-             choices, current, [carryOut = actions.command](int newest) {
-               SourceData::nLastSamplesToDraw = static_cast<unsigned>(newest);
-               // The start of the interval has moved along and goes back by this only.
-               if (newest == 0)
-                 carryOut(ViewCommand::showAll);
-             });
+  addChoices(menu, QStringLiteral("While samples come, s&how"), QStringLiteral("data.newest"),
+             choices, current,
+             [take = actions.takeNewest](int newest) { take(static_cast<unsigned>(newest)); });
+}
+
+void addFeed(QMenu& menu, const MenuActions& actions) {
+  QAction* const stop = menu.addAction(QStringLiteral("&Stop"));
+  stop->setObjectName(QStringLiteral("data.stop"));
+  stop->setShortcut(QKeySequence(QStringLiteral("Ctrl+.")));
+  QObject::connect(stop, &QAction::triggered, &menu, actions.stop);
+  updateAtOpening(menu, [stop, feeding = actions.feeding] { stop->setEnabled(feeding()); });
+
+  QAction* const mouse = menu.addAction(QStringLiteral("Use the &mouse while samples come"));
+  mouse->setObjectName(QStringLiteral("data.mouse"));
+  mouse->setCheckable(true);
+  mouse->setChecked(!Graph::RestrictGraphOperationInRealTime);
+  QObject::connect(mouse, &QAction::toggled, &menu,
+                   [](bool use) { Graph::RestrictGraphOperationInRealTime = !use; });
 }
 
 void addStatistics(QMenu& menu, const MenuActions& actions) {
@@ -127,10 +178,18 @@ void addStatistics(QMenu& menu, const MenuActions& actions) {
 
 void FillMenuBar(QMenuBar& bar, int scheme, const MenuActions& actions) {
   QMenu* const file = bar.addMenu(QStringLiteral("&File"));
-  QAction* const quit = file->addAction(QStringLiteral("&Quit"));
-  quit->setObjectName(QStringLiteral("file.quit"));
-  quit->setShortcut(QKeySequence(QStringLiteral("Ctrl+Q")));
-  QObject::connect(quit, &QAction::triggered, &bar, actions.close);
+  const auto addToFile = [&](const char* text, const char* name, const char* keys,
+                             const std::function<void()>& act) {
+    QAction* const action = file->addAction(QLatin1String(text));
+    action->setObjectName(QLatin1String(name));
+    action->setShortcut(QKeySequence(QLatin1String(keys)));
+    action->setAutoRepeat(false);
+    QObject::connect(action, &QAction::triggered, &bar, act);
+  };
+  addToFile("&Print...", "file.print", "Ctrl+P", actions.print);
+  addToFile("Export P&DF...", "file.exportPdf", "Ctrl+E", actions.exportPdf);
+  file->addSeparator();
+  addToFile("&Quit", "file.quit", "Ctrl+Q", actions.close);
 
   QMenu* const view = bar.addMenu(QStringLiteral("&View"));
   addCommands(*view, actions);
@@ -138,8 +197,10 @@ void FillMenuBar(QMenuBar& bar, int scheme, const MenuActions& actions) {
   addLooks(*view, scheme, actions);
 
   QMenu* const data = bar.addMenu(QStringLiteral("&Data"));
-  addStatistics(*data, actions);
+  addFeed(*data, actions);
   addNewest(*data, actions);
+  data->addSeparator();
+  addStatistics(*data, actions);
 }
 
 }  // namespace sparlow::host

@@ -2,17 +2,18 @@
 
 #include <functional>
 
+#include "examples/host/Pane.h"
+
 class QMenuBar;
 
 namespace sparlow::host {
 
-/// Commands of a view, as WM_SPARLOW_COMMAND numbers them.
-enum class ViewCommand : unsigned { zoomIn, zoomOut, zoomToCursors, showAll, rangeX, rangeY };
-
 /// What the menus do to the session. All must be set.
 /// Threads: the window's.
 struct MenuActions {
-  /// Carries out a command of the view in front.
+  /// The view in front; null when there is none.
+  std::function<HWND()> view;
+  /// Carries out a command of that view.
   std::function<void(ViewCommand)> command;
   /// Takes a colour scheme, 0 to 3.
   std::function<void(int)> takeScheme;
@@ -20,6 +21,14 @@ struct MenuActions {
   std::function<void()> repaint;
   /// Works out the statistics of all series, after a change of what they cover.
   std::function<void()> recalculate;
+  /// While samples come, has the newest so many shown, or all with 0.
+  std::function<void(unsigned)> takeNewest;
+  /// Whether samples come to the view in front, and their end.
+  std::function<bool()> feeding;
+  std::function<void()> stop;
+  /// The view in front on a printer, and in a file.
+  std::function<void()> print;
+  std::function<void()> exportPdf;
   /// The program's end.
   std::function<void()> close;
 };

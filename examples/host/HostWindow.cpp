@@ -2,6 +2,8 @@
 
 #include <QAbstractScrollArea>
 #include <QCloseEvent>
+#include <QContextMenuEvent>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QProgressBar>
 #include <QStatusBar>
@@ -9,6 +11,10 @@
 #include <QTabWidget>
 #include <QVBoxLayout>
 #include <QWheelEvent>
+#include <algorithm>
+#include <iterator>
+
+#include "examples/host/FocusFrame.h"
 
 namespace sparlow::host {
 
@@ -16,6 +22,17 @@ namespace {
 
 constexpr int kProgressSteps = 1000;
 constexpr int kNotch = 120;  // of a wheel, in eighths of a degree
+
+/// A key that scrolls as a scroll bar does.
+struct ScrollKey {
+  int key;
+  UINT message;
+  int code;
+};
+constexpr ScrollKey kScrollKeys[] = {{Qt::Key_PageUp, WM_HSCROLL, SB_PAGELEFT},
+                                     {Qt::Key_PageDown, WM_HSCROLL, SB_PAGERIGHT},
+                                     {Qt::Key_Up, WM_VSCROLL, SB_LINEUP},
+                                     {Qt::Key_Down, WM_VSCROLL, SB_LINEDOWN}};
 
 }  // namespace
 
@@ -41,25 +58,45 @@ HostWindow::HostWindow()
   complaint_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   status_->setObjectName(QStringLiteral("status"));
   complaint_->setObjectName(QStringLiteral("complaint"));
+  // File names are no mark-up.
+  status_->setTextFormat(Qt::PlainText);
+  complaint_->setTextFormat(Qt::PlainText);
   progress_->setAccessibleName(QStringLiteral("Progress"));
   statusBar()->addWidget(status_);
   statusBar()->addWidget(complaint_, 1);
   statusBar()->addPermanentWidget(progress_);
-  connect(tabs_, &QTabWidget::currentChanged, this, [this](int index) { raise(index); });
+  connect(tabs_, &QTabWidget::currentChanged, this, [this](int index) { cameForward(index); });
 }
 
-void HostWindow::AddView(QWidget* widget, const std::string& name) {
-  QString label = QString::fromStdString(name);
-  const int index = tabs_->addTab(widget, label.replace('&', QStringLiteral("&&")));
-  tabs_->setTabToolTip(index, QString::fromStdString(name));
-  widget->setAccessibleName(QStringLiteral("Graph of ") + QString::fromStdString(name));
-  // What moves is the viewport's matter.
-  const auto* const area = qobject_cast<QAbstractScrollArea*>(widget);
-  (area ? area->viewport() : widget)->installEventFilter(this);
+void HostWindow::AddView(QWidget* widget) {
+  widget->installEventFilter(this);
+  // The wheel is the viewport's matter.
+  if (const auto* const area = qobject_cast<QAbstractScrollArea*>(widget))
+    area->viewport()->installEventFilter(this);
+  tabs_->addTab(new FocusFrame(widget), QString());
+}
+
+void HostWindow::Rename(int index, const std::string& name) {
+  const QString title = QString::fromStdString(name);
+  QString label = title;
+  tabs_->setTabText(index, label.replace('&', QStringLiteral("&&")));
+  tabs_->setTabToolTip(index, title.toHtmlEscaped());
+  QWidget* const frame = tabs_->widget(index);
+  frame->setWindowTitle(title);
+  if (QWidget* const view = frame->focusProxy())
+    view->setAccessibleName(QStringLiteral("Graph of ") + title);
+  if (index == Current())
+    setWindowTitle(title);
+}
+
+void HostWindow::RemoveView(int index) {
+  QWidget* const frame = tabs_->widget(index);
+  tabs_->removeTab(index);
+  frame->deleteLater();
 }
 
 void HostWindow::AddReadouts(QWidget* widget) {
-  centralWidget()->layout()->addWidget(widget);
+  centralWidget()->layout()->addWidget(new FocusFrame(widget));
 }
 
 void HostWindow::BringForward(int index) {
@@ -68,9 +105,9 @@ void HostWindow::BringForward(int index) {
 
 void HostWindow::ShowFor(int width, int height) {
   show();
-  QWidget* const view = tabs_->currentWidget();
-  if (!view)
+  if (!tabs_->currentWidget())
     return;
+  QWidget* const view = tabs_->currentWidget()->focusProxy();
   // What lies around the view may be of another height in another width.
   for (int i = 0; i < 2; ++i) {
     resize(size() + QSize(width, height) - view->size());
@@ -93,14 +130,13 @@ void HostWindow::SetStatus(const std::string& text, double share) {
 
 void HostWindow::SetComplaint(const std::string& text) {
   complaint_->setText(QString::fromStdString(text));
-  complaint_->setToolTip(complaint_->text());
+  complaint_->setToolTip(complaint_->text().toHtmlEscaped());
 }
 
-void HostWindow::raise(int index) {
+void HostWindow::cameForward(int index) {
   if (index < 0)
     return;
-  setWindowTitle(tabs_->tabToolTip(index).isEmpty() ? tabs_->tabText(index)
-                                                    : tabs_->tabToolTip(index));
+  setWindowTitle(tabs_->widget(index)->windowTitle());
   if (activated)
     activated(index);
 }
@@ -110,14 +146,37 @@ void HostWindow::closeEvent(QCloseEvent* event) {
 }
 
 bool HostWindow::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() != QEvent::Wheel)
-    return QMainWindow::eventFilter(watched, event);
-  turned_ += static_cast<QWheelEvent*>(event)->angleDelta().y();
+  bool taken = false;
+  if (event->type() == QEvent::Wheel && !qobject_cast<QAbstractScrollArea*>(watched))
+    taken = turn(static_cast<QWheelEvent*>(event)->angleDelta().y());
+  else if (event->type() == QEvent::KeyPress)
+    taken = press(*static_cast<QKeyEvent*>(event));
+  else if (event->type() == QEvent::ContextMenu)
+    taken = static_cast<QContextMenuEvent*>(event)->reason() == QContextMenuEvent::Keyboard;
+  if (taken && event->type() == QEvent::ContextMenu && menuWanted)
+    menuWanted();
+  if (taken)
+    event->accept();
+  return taken || QMainWindow::eventFilter(watched, event);
+}
+
+bool HostWindow::turn(int angle) {
+  turned_ += angle;
   const int notches = turned_ / kNotch;
   turned_ %= kNotch;
   if (notches != 0 && wheelTurned)
     wheelTurned(notches);
-  event->accept();
+  return true;
+}
+
+bool HostWindow::press(const QKeyEvent& event) {
+  const auto* const found =
+      std::find_if(std::begin(kScrollKeys), std::end(kScrollKeys),
+                   [&](const ScrollKey& scroll) { return scroll.key == event.key(); });
+  if (found == std::end(kScrollKeys) || !scrolled ||
+      (event.modifiers() & ~Qt::KeyboardModifiers(Qt::KeypadModifier)) != Qt::NoModifier)
+    return false;
+  scrolled(found->message, found->code);
   return true;
 }
 

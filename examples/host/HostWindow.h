@@ -4,6 +4,9 @@
 #include <functional>
 #include <string>
 
+#include "sparlow/platform/Messages.h"
+
+class QKeyEvent;
 class QLabel;
 class QProgressBar;
 class QTabWidget;
@@ -23,9 +26,17 @@ class HostWindow : public QMainWindow {
   std::function<void(int index)> activated;
   /// Told when the wheel is turned over a view, by so many notches, up if positive.
   std::function<void(int notches)> wheelTurned;
+  /// Told when a key scrolls the view in front: WM_HSCROLL or WM_VSCROLL, and what it holds.
+  std::function<void(UINT message, int code)> scrolled;
+  /// Told when a key asks for the popup menu of the view in front.
+  std::function<void()> menuWanted;
 
   /// Takes a view's widget; the window that it belongs to ends before this one.
-  void AddView(QWidget* widget, const std::string& name);
+  void AddView(QWidget* widget);
+  /// Gives the tab of a view its text, and the window its title while that is in front.
+  void Rename(int index, const std::string& name);
+  /// Takes a tab away; its view is about to end.
+  void RemoveView(int index);
   /// Takes the widget that goes below the views.
   void AddReadouts(QWidget* widget);
   /// Brings a view to the front.
@@ -44,7 +55,9 @@ class HostWindow : public QMainWindow {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  void raise(int index);
+  void cameForward(int index);
+  bool turn(int angle);
+  bool press(const QKeyEvent& event);
 
   QTabWidget* tabs_;
   QLabel* status_;

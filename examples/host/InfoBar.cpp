@@ -64,12 +64,12 @@ class Rows : public QScrollArea {
     setWidgetResizable(true);
     setFrameShape(QFrame::NoFrame);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setFocusPolicy(Qt::TabFocus);
   }
   void Fit() {
     const QSize rows = widget()->minimumSizeHint();
-    const int bar = width() < rows.width() ? horizontalScrollBar()->sizeHint().height() : 0;
-    setFixedHeight(rows.height() + bar);
+    const bool scrolls = width() < rows.width();
+    setFixedHeight(rows.height() + (scrolls ? horizontalScrollBar()->sizeHint().height() : 0));
+    setFocusPolicy(scrolls ? Qt::TabFocus : Qt::NoFocus);
   }
 
  protected:
@@ -102,7 +102,8 @@ InfoBar::InfoBar() : widget_(new Rows) {
     value->setTextFormat(Qt::PlainText);
     // A number that grows must neither move the others nor widen the window.
     value->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    value->setMinimumWidth(value->fontMetrics().horizontalAdvance(QStringLiteral("-123.456 mFS")));
+    value->setMinimumWidth(
+        value->fontMetrics().horizontalAdvance(QStringLiteral("-123.456 e-18Hz/s")));
     grid->addWidget(caption, place.row, 2 * place.column);
     grid->addWidget(value, place.row, 2 * place.column + 1);
     // Counts have a word behind them, slopes and drifts the longest units.
@@ -178,7 +179,8 @@ void InfoBar::show(Readout what, const std::string& text, const std::string& mor
     return;
   field.label->setText(shown);
   field.label->setStatusTip(hint);
-  field.label->setToolTip(more.empty() ? shown : shown + QStringLiteral(", ") + hint);
+  const QString both = more.empty() ? shown : shown + QStringLiteral(", ") + hint;
+  field.label->setToolTip(both.toHtmlEscaped());
   field.label->setAccessibleName(QLatin1String(field.caption) + QLatin1Char(' ') + shown);
   field.label->setAccessibleDescription(hint);
 }

@@ -16,10 +16,14 @@ namespace sparlow::host {
 namespace {
 
 constexpr std::size_t kBuffer = std::size_t{1} << 20;
-constexpr int kPatience = 50;  // milliseconds
+constexpr std::chrono::milliseconds kPatience{50};
 
 std::string reason(int error) {
   return std::generic_category().message(error);
+}
+
+bool isUtf16(std::string_view text) {
+  return text.starts_with("\xFF\xFE") || text.starts_with("\xFE\xFF");
 }
 
 }  // namespace
@@ -35,7 +39,8 @@ LineReader::Outcome LineReader::fail(std::string why) {
 }
 
 bool LineReader::Open(const std::string& path) {
-  file_ = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+  file_ = path == standardInput ? fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, 0)
+                                : open(path.c_str(), O_RDONLY | O_CLOEXEC);
   struct stat status {};
   if (file_ < 0 || fstat(file_, &status) != 0) {
     fail(reason(errno));
@@ -45,7 +50,8 @@ bool LineReader::Open(const std::string& path) {
     fail(reason(EISDIR));
     return false;
   }
-  size_ = S_ISREG(status.st_mode) ? static_cast<std::uint64_t>(status.st_size) : 0;
+  isStream_ = !S_ISREG(status.st_mode);
+  size_ = isStream_ ? 0 : static_cast<std::uint64_t>(status.st_size);
   buffer_.resize(kBuffer);
   return true;
 }
@@ -62,6 +68,8 @@ LineReader::Outcome LineReader::Next(std::string_view& line) {
   for (;;) {
     const char* const start = buffer_.data() + begin_;
     const std::size_t length = end_ - begin_;
+    if (lineNumber_ == 0 && isUtf16({start, length}))
+      return fail("looks like UTF-16 text");
     if (const void* const newline = std::memchr(start + searched, '\n', length - searched)) {
       const auto found = static_cast<std::size_t>(static_cast<const char*>(newline) - start);
       line = take(found, found + 1);
@@ -92,17 +100,32 @@ std::string_view LineReader::take(std::size_t length, std::size_t end) {
   return line;
 }
 
+/// Waits for something to read. False when it is time to hand over what came before.
+bool LineReader::await() {
+  auto patience = kPatience;
+  if (isStream_ && cameFirst_) {
+    const auto ago = Clock::now() - *cameFirst_;
+    patience -= std::chrono::duration_cast<std::chrono::milliseconds>(ago);
+  }
+  pollfd ready{file_, POLLIN, 0};
+  const int events = patience.count() > 0 ? poll(&ready, 1, static_cast<int>(patience.count())) : 0;
+  if (events > 0 || (events < 0 && errno != EINTR))
+    return true;
+  cameFirst_.reset();
+  return false;
+}
+
 LineReader::Outcome LineReader::fill() {
   std::memmove(buffer_.data(), buffer_.data() + begin_, end_ - begin_);
   end_ -= begin_;
   begin_ = 0;
-  pollfd ready{file_, POLLIN, 0};
-  const int events = poll(&ready, 1, kPatience);
-  if (events == 0 || (events < 0 && errno == EINTR))
+  if (!await())
     return Outcome::waiting;
   const ssize_t got = read(file_, buffer_.data() + end_, buffer_.size() - end_);
   if (got < 0)
     return errno == EINTR || errno == EAGAIN ? Outcome::waiting : fail(reason(errno));
+  if (!cameFirst_)
+    cameFirst_ = Clock::now();
   atEnd_ = got == 0;
   end_ += static_cast<std::size_t>(got);
   return Outcome::line;

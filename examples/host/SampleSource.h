@@ -38,6 +38,9 @@ class SampleSource {
   virtual bool Next(std::vector<Sample>& block, const std::stop_token& stop) = 0;
   /// Share of the record that has come, 0 to 1; negative when nobody knows.
   virtual double Progress() const = 0;
+  /// A line for the log about a source that has ended without a sample; empty when the log has one.
+  /// The data thread.
+  virtual std::string WhyEmpty() const { return Name() + ": no samples"; }
 };
 
 }  // namespace sparlow::host

@@ -22,7 +22,7 @@ constexpr std::string_view kEndings[] = {".wav", ".flac", ".ogg", ".oga", ".opus
 }  // namespace
 
 SoundSource::SoundSource(std::string path, std::string unit, ErrorLog& log)
-    : path_(std::move(path)), unit_(unit.empty() ? "FS" : std::move(unit)), log_(log) {}
+    : RecordSource(std::move(path), unit.empty() ? "FS" : std::move(unit), log) {}
 
 SoundSource::~SoundSource() {
   if (file_)
@@ -34,15 +34,6 @@ bool SoundSource::IsSound(const std::string& path) {
   for (char& c : ending)
     c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
   return std::find(std::begin(kEndings), std::end(kEndings), ending) != std::end(kEndings);
-}
-
-std::string SoundSource::Name() const {
-  return std::filesystem::path(path_).filename().string();
-}
-
-bool SoundSource::tell(const std::string& text) {
-  log_.Tell(path_ + ": " + text);
-  return false;
 }
 
 /// What a RIFF file says its size is; 0 for other files, and for one written to a pipe.
@@ -60,15 +51,15 @@ bool SoundSource::Open() {
   // The library says "System error" where the system knows better.
   std::error_code error;
   if (std::filesystem::is_directory(path_, error))
-    return tell(std::strerror(EISDIR));
+    return fail("", std::strerror(EISDIR));
   errno = 0;
   if (!std::ifstream(path_, std::ios::binary))
-    return tell(std::strerror(errno != 0 ? errno : EIO));
+    return fail("", std::strerror(errno != 0 ? errno : EIO));
   file_ = sf_open(path_.c_str(), SFM_READ, &info_);
   if (!file_)
-    return tell(sf_strerror(nullptr));
+    return fail("", sf_strerror(nullptr));
   if (info_.samplerate <= 0 || info_.channels <= 0)
-    return tell("no sample rate or no channels");
+    return fail("", "no sample rate or no channels");
   const std::uint64_t size = std::filesystem::file_size(path_, error);
   cutOff_ = !error && promisedBytes() > size;
   frames_.resize(static_cast<std::size_t>(std::max<sf_count_t>(1, kBlock / info_.channels)) *
@@ -95,21 +86,16 @@ void SoundSource::takeFrame(double value, std::vector<Sample>& block) {
   const double time = static_cast<double>(read_++) / info_.samplerate;
   if (std::isfinite(value))
     block.push_back({time, value});
-  else if (notFinite_++ == 0)
-    tell("sample " + std::to_string(read_) + ": not a finite number, skipped");
+  else
+    skip(notFinite_, ": sample " + std::to_string(read_));
 }
 
 bool SoundSource::finish() {
-  if (notFinite_ != 0) {
-    tell(std::to_string(notFinite_) + (notFinite_ == 1 ? " sample" : " samples") +
-         " skipped: not a finite number");
-  }
+  tellSkipped(notFinite_);
   if (sf_error(file_) != SF_ERR_NO_ERROR)
-    tell("after sample " + std::to_string(read_) + ": " + sf_strerror(file_));
+    fail(": after sample " + std::to_string(read_), sf_strerror(file_));
   else if (cutOff_ || read_ < info_.frames)
-    tell("the file is cut off after sample " + std::to_string(read_));
-  else if (read_ == 0)
-    tell("no samples");
+    fail("", "the file is cut off after sample " + std::to_string(read_));
   progress_ = 1.0;
   return false;
 }

@@ -26,6 +26,17 @@ std::string tenths(double value) {
 
 }  // namespace
 
+std::string Grouped(unsigned count) {
+  std::string text = std::to_string(count);
+  for (std::size_t at = text.size(); at > 3;)
+    text.insert(at -= 3, ",");
+  return text;
+}
+
+std::string CountSamples(unsigned count) {
+  return Grouped(count) + (count == 1 ? " sample" : " samples");
+}
+
 double SampleRate(const SampleReader& samples) {
   if (samples.size() < 2)
     return 0.0;

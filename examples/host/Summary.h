@@ -14,6 +14,11 @@ std::string DescribeDelays(const SampleReader& delays);
 /// A line about any other series that has samples: how many, and from where to where they reach.
 std::string DescribeSeries(const SourceData& series);
 
+/// A count with its thousands set apart.
+std::string Grouped(unsigned count);
+/// "1 sample", "12,345 samples".
+std::string CountSamples(unsigned count);
+
 /// Samples per second of x, over the whole series; 0 when that makes no sense.
 double SampleRate(const SampleReader& samples);
 

@@ -32,9 +32,16 @@ void tellQtFailuresOnly(QtMsgType type, const QMessageLogContext&, const QString
     std::fprintf(stderr, "sparlow-host: %s\n", qPrintable(text));
 }
 
+/// The first asks for an end, the second for one at once, and the third doesn't ask.
 void countInterrupts() {
   struct sigaction action {};
-  action.sa_handler = [](int) { interrupts = interrupts + 1; };
+  action.sa_handler = [](int) {
+    interrupts = interrupts + 1;
+    if (interrupts < 2)
+      return;
+    std::signal(SIGINT, SIG_DFL);
+    std::signal(SIGTERM, SIG_DFL);
+  };
   sigaction(SIGINT, &action, nullptr);
   sigaction(SIGTERM, &action, nullptr);
 }
@@ -65,11 +72,11 @@ std::vector<std::unique_ptr<host::SampleSource>> openSources(const HostOptions& 
       sources.push_back(std::move(source));
   }
   if (options.edges) {
-    const bool delays = options.job == HostOptions::Job::measure;
-    for (auto& source : sources) {
-      source = std::make_unique<host::EdgeSource>(
-          std::move(source), delays ? std::nullopt : std::optional<double>(0.0));
-    }
+    std::optional<double> level = options.level;
+    if (!level && options.job != HostOptions::Job::measure)
+      level = 0.0;
+    for (auto& source : sources)
+      source = std::make_unique<host::EdgeSource>(std::move(source), level);
   }
   return sources;
 }
@@ -79,7 +86,7 @@ int run(HostOptions options, qt::Application& application, host::ErrorLog& log) 
     constexpr double defaultSeconds = 6.0;
     if (options.job == HostOptions::Job::measure && !options.seconds)
       options.seconds = defaultSeconds;
-    if (!options.pictures)
+    if (!options.pictures && !options.pdf)
       options.pictures = "pictures";
   }
   auto sources = openSources(options, log);
@@ -99,9 +106,9 @@ int run(HostOptions options, qt::Application& application, host::ErrorLog& log) 
     session.Add(std::move(source));
   countInterrupts();
   session.Run();
-  if (log.Count() == 0)
-    return kAllWell;
-  return session.AnySamples() ? kSomethingBad : kNothingShown;
+  if (!session.AnySamples() && !session.ClosedByUser())
+    return kNothingShown;
+  return log.Count() == 0 ? kAllWell : kSomethingBad;
 }
 
 }  // namespace

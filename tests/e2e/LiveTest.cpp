@@ -26,7 +26,7 @@ TEST_F(Live, TheGraphFollowsAWindowThatChangesItsSize) {
       Await("the size", [&] { return Widget()->window()->size() == wanted; });
       // The view has kept up with the window, and the frame reaches to its right edge.
       Await("a frame in the new size", [this] {
-        if (Source().View().RenderDue())
+        if (Tab().View().RenderDue())
           return false;
         const QImage pixels = Widget()->viewport()->grab().toImage();
         const QPoint corner = PlotOrigin() + QPoint(PlotSize().width(), PlotSize().height() / 2);
@@ -53,7 +53,7 @@ TEST_F(Live, TheWindowClosesWhileALongRecordIsDrawn) {
     Await("a long record", [this] { return Look().size > 2'000'000; });
     EXPECT_LT(InHost([this] { return Look().size; }), 20'000'000u) << "nothing comes any more";
     Picture("10-closing");
-    Await("a render", [this] { return Source().View().RenderDue(); });
+    Await("a render", [this] { return Tab().View().RenderDue(); });
     Close();
   });
 }

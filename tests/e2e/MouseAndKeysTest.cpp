@@ -71,8 +71,8 @@ TEST_F(MouseAndKeys, AZoomBoxZoomsAndLeavesNoTrace) {
     const QImage after = Pixels();
     Picture("2-zoomed");
     InHost([this] {
-      InvalidateRect(Source().View().GetSafeHwnd(), nullptr, true);
-      UpdateWindow(Source().View().GetSafeHwnd());
+      InvalidateRect(Tab().View().GetSafeHwnd(), nullptr, true);
+      UpdateWindow(Tab().View().GetSafeHwnd());
       return true;
     });
     EXPECT_EQ(Pixels(), after) << "the box left something";

@@ -19,26 +19,27 @@ constexpr int kSamples = 10001;
 
 }  // namespace
 
-void ScreenTest::Run(std::unique_ptr<SampleSource> source, HostOptions::Job job,
-                     const Act& person) {
+void ScreenTest::Run(Sources sources, HostOptions::Job job, const Act& person, ViewKind view) {
   int argc = 1;
   char name[] = "e2e_tests";
   char* argv[] = {name, nullptr};
   qt::Application application(argc, argv);
   HostOptions options;
   options.job = job;
+  options.view = view;
   options.width = 800;
   options.height = 450;
   ErrorLog log(std::cerr);
   const std::sig_atomic_t interrupts = 0;
   Session session(application, options, log, interrupts);
-  session.Add(std::move(source));
+  for (auto& source : sources)
+    session.Add(std::move(source));
   session_ = &session;
   std::promise<void> ended;
   std::thread acting([&] {
     try {
       Await("the window is the active one and shows samples",
-            [this] { return Widget()->isActiveWindow() && Source().View().DataValid(); });
+            [this] { return Widget()->isActiveWindow() && Tab().View().DataValid(); });
       person();
       if (ended.get_future().wait_for(kDeadline) != std::future_status::ready)
         throw std::runtime_error("the closed window doesn't end the host");
@@ -55,23 +56,34 @@ void ScreenTest::Run(std::unique_ptr<SampleSource> source, HostOptions::Job job,
   EXPECT_EQ(log.Count(), 0) << log.Last();
 }
 
-void ScreenTest::RunKnownFile(const Act& person) {
+void ScreenTest::RunFiles(const std::vector<Curve>& curves, const Act& person, ViewKind view) {
   const QTemporaryDir folder;
-  const std::string path = folder.filePath("known samples").toStdString();
-  std::ofstream file(path);
-  for (int i = 0; i < kSamples; ++i)
-    file << i * 0.001 << ' ' << i * 0.001 * i * 0.001 / 10 << '\n';
-  file.close();
   ErrorLog log(std::cerr);
-  auto source = std::make_unique<FileSource>(path, std::nullopt, "V", log);
-  ASSERT_TRUE(source->Open());
-  Run(std::move(source), HostOptions::Job::files, [&] {
+  Sources sources;
+  for (const Curve curve : curves) {
+    const std::string name = "known samples " + std::to_string(sources.size() + 1);
+    const std::string path = folder.filePath(QString::fromStdString(name)).toStdString();
+    std::ofstream file(path);
+    for (int i = 0; i < kSamples; ++i)
+      file << i * 0.001 << ' ' << curve(i * 0.001) << '\n';
+    file.close();
+    auto source = std::make_unique<FileSource>(path, std::nullopt, "V", log);
+    ASSERT_TRUE(source->Open());
+    sources.push_back(std::move(source));
+  }
+  const auto whenRead = [&] {
     // The last update of the host would end a gesture.
-    Await("the file is read and said to be",
-          [this] { return Source().Settled() && Label("status").startsWith("finished"); });
+    Await("the files are read and said to be", [this] {
+      return Source().Settled() && Tab().Settled() && Label("status").startsWith("finished");
+    });
     person();
-  });
+  };
+  Run(std::move(sources), HostOptions::Job::files, whenRead, view);
   EXPECT_EQ(log.Count(), 0) << log.Last();
+}
+
+void ScreenTest::RunKnownFile(const Act& person) {
+  RunFiles({[](double x) { return x * x / 10; }}, person);
 }
 
 void ScreenTest::Await(const char* what, const std::function<bool()>& holds) {
@@ -86,7 +98,7 @@ void ScreenTest::Await(const char* what, const std::function<bool()>& holds) {
 }
 
 Shown ScreenTest::Settled() {
-  Await("the graph is drawn", [this] { return !Source().View().RenderDue(); });
+  Await("the graph is drawn", [this] { return !Tab().View().RenderDue(); });
   return InHost([this] { return Look(); });
 }
 
@@ -109,7 +121,7 @@ QString ScreenTest::To(double right, double down) {
 QString ScreenTest::ToCursor(bool left) {
   return To(InHost([=, this] {
     const ViewData& series = Source().Series();
-    const GraphAxis* const axis = &Source().Axis();
+    const GraphAxis* const axis = &Tab().Axis();
     const QPoint inPlot(left ? series.xLCursorPosGet(axis) : series.xRCursorPosGet(axis),
                         left ? series.yLCursorPosGet(axis) : series.yRCursorPosGet(axis));
     return Widget()->viewport()->mapToGlobal(PlotOrigin() + inPlot);
@@ -137,11 +149,11 @@ void ScreenTest::Picture(const QString& name) {
 }
 
 QAbstractScrollArea* ScreenTest::Widget() {
-  return qobject_cast<QAbstractScrollArea*>(qt::WidgetOf(Source().View()));
+  return qobject_cast<QAbstractScrollArea*>(qt::WidgetOf(Tab().View()));
 }
 
 QPoint ScreenTest::PlotOrigin() {
-  return {Offset::Left(Source().Axis().ver.maxLabelLength), Offset::Top()};
+  return {Offset::Left(Tab().Axis().ver.maxLabelLength), Offset::Top()};
 }
 
 QSize ScreenTest::PlotSize() {
@@ -152,7 +164,7 @@ QSize ScreenTest::PlotSize() {
 
 Shown ScreenTest::Look() {
   const ViewData& series = Source().Series();
-  const GraphAxis& axis = Source().Axis();
+  const GraphAxis& axis = Tab().Axis();
   return {series.GetSize(),  series.GetFrom(),  series.GetTo(),
           series.iLCursor,   series.iRCursor,   axis.hor.GetMin(),
           axis.hor.GetMax(), axis.ver.GetMin(), axis.ver.GetMax()};

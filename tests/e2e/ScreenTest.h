@@ -10,6 +10,8 @@
 #include <functional>
 #include <future>
 #include <iostream>
+#include <memory>
+#include <vector>
 
 #include "examples/host/Session.h"
 
@@ -30,9 +32,21 @@ class ScreenTest : public testing::Test {
  protected:
   using Act = std::function<void()>;
 
-  /// Shows a source until the person, who begins when there are samples, has closed the window.
-  void Run(std::unique_ptr<SampleSource> source, HostOptions::Job job, const Act& person);
-  /// The same with a file of 10001 samples: x from 0 to 10 s, y = x * x / 10 V.
+  using Sources = std::vector<std::unique_ptr<SampleSource>>;
+
+  /// Shows sources until the person, who begins when there are samples, has closed the window.
+  void Run(Sources sources, HostOptions::Job job, const Act& person,
+           ViewKind view = ViewKind::single);
+  void Run(std::unique_ptr<SampleSource> source, HostOptions::Job job, const Act& person) {
+    Sources sources;
+    sources.push_back(std::move(source));
+    Run(std::move(sources), job, person);
+  }
+  /// The same with files of 10001 samples, when they are read: x from 0 to 10 s, y as they say.
+  using Curve = double (*)(double);
+  void RunFiles(const std::vector<Curve>& curves, const Act& person,
+                ViewKind view = ViewKind::single);
+  /// With one, of y = x * x / 10 V.
   void RunKnownFile(const Act& person);
 
   /// @name For the person
@@ -75,6 +89,7 @@ class ScreenTest : public testing::Test {
 
   // The window's thread.
   Channel& Source() { return session_->At(0); }
+  Pane& Tab() { return session_->PaneAt(0); }
   QAbstractScrollArea* Widget();
   QPoint PlotOrigin();
   QSize PlotSize();

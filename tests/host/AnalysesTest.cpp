@@ -1,0 +1,125 @@
+#include "examples/host/Analyses.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <functional>
+#include <numeric>
+
+namespace sparlow::host {
+namespace {
+
+class AnalysesTest : public ::testing::Test {
+ protected:
+  ~AnalysesTest() override { source.Term(); }
+
+  void Fill(unsigned n, const std::function<double(unsigned)>& y, double distance = 1.0) {
+    source.Init("Source");
+    source.InitDataTransfer(false);
+    source.InitBlockTransfer();
+    for (unsigned i = 0; i < n; ++i)
+      source.Add(i * distance, y(i));
+    source.TermBlockTransfer();
+    source.TermDataTransfer();
+  }
+  static double At(const SourceData& series, double x) {
+    for (unsigned i = 0; i < series.GetSize(); ++i) {
+      if (std::fabs(series.xGet(i) - x) < 1e-9 * x)
+        return series.yGet(i);
+    }
+    ADD_FAILURE() << "no sample at " << x;
+    return 0.0;
+  }
+
+  ViewData source;
+};
+
+TEST_F(AnalysesTest, AllanDeviationGivesThePublishedFiguresOf1000Points) {
+  // The test suite of NIST SP 1065, section 12.4: a linear congruential generator.
+  std::uint64_t n = 1234567890;
+  double offset = 0.0;
+  const auto next = [&](unsigned) {
+    const double y = static_cast<double>(n) / 2147483647.0;
+    n = n * 16807 % 2147483647;
+    return offset + y;
+  };
+  Fill(1000, next, 0.25);
+  AllanDeviation deviation(source);
+  ASSERT_TRUE(deviation.Analyze());
+  EXPECT_NEAR(At(deviation, 0.25), 2.922319e-01, 5e-8);
+  EXPECT_NEAR(At(deviation, 2.5), 9.159953e-02, 5e-9);
+  EXPECT_NEAR(At(deviation, 25), 3.241343e-02, 5e-9);
+  EXPECT_EQ(deviation.xGet(deviation.GetSize() - 1), 50.0) << "three times 200 samples fit";
+
+  // About a frequency of 10 MHz, whose doubles are 2e-9 apart.
+  source.Term();
+  n = 1234567890;
+  offset = 1e7;
+  Fill(1000, next, 0.25);
+  ASSERT_TRUE(deviation.Analyze());
+  EXPECT_NEAR(At(deviation, 25), 3.241343e-02, 1e-8);
+  source.Term();
+  Fill(2, next);
+  EXPECT_FALSE(deviation.Analyze()) << "three samples are the least";
+  EXPECT_EQ(deviation.GetSize(), 0u);
+}
+
+TEST_F(AnalysesTest, EachIsWhatItSaysAlsoOfARange) {
+  const auto wave = [](unsigned i) { return 1e6 + i * 0.25 * i + std::sin(i * 0.7); };
+  Fill(500, wave);
+  source.iLCursor = 100;
+  source.iRCursor = 299;
+  for (const bool between : {false, true}) {
+    SourceData::AnalyzeDataBetweenCursors = between;
+    const unsigned from = between ? 100 : 0, end = between ? 300 : 500;
+    for (const unsigned window : {1u, 10u, 1001u}) {
+      MovingAverage mean(source, window);
+      ASSERT_TRUE(mean.Analyze());
+      ASSERT_EQ(mean.GetSize(), end - from);
+      for (unsigned i = from; i < end; i += 7) {
+        const unsigned low = std::max(from + (window - 1) / 2, i) - (window - 1) / 2;
+        const unsigned high = std::min(end - 1, i + window / 2);
+        double sum = 0.0;
+        for (unsigned k = low; k <= high; ++k)
+          sum += wave(k);
+        EXPECT_NEAR(mean.yGet(i - from), sum / (high - low + 1), 1e-7) << window << " at " << i;
+      }
+    }
+    Histogram histogram(source, 20);
+    ASSERT_TRUE(histogram.Analyze());
+    double counted = 0.0;
+    for (unsigned k = 0; k < histogram.GetSize(); k += 2)
+      counted += histogram.yGet(k);
+    EXPECT_EQ(counted, end - from);
+    EXPECT_EQ(histogram.xGet(0), source.yGet(from));
+  }
+  SourceData::AnalyzeDataBetweenCursors = false;
+  Derivative slope(source);
+  ASSERT_TRUE(slope.Analyze());
+  EXPECT_NEAR(slope.yGet(200), 100.0 + std::sin(0.7) * std::cos(140.0), 1e-9);
+  EXPECT_STREQ(slope.GetyUnit(), "s/s");
+  const StatisticParameters statistics = source.GetStatParams();
+  DeviationLine line(source, -3);
+  ASSERT_TRUE(line.Analyze());
+  EXPECT_NEAR(line.yGet(1), statistics.mean - 3 * statistics.stdDev, 1e-6);
+}
+
+TEST_F(AnalysesTest, EachStopsWhenItIsToldTo) {
+  Fill(1000, [](unsigned i) { return i * 1.0; });
+  MovingAverage mean(source, 3);
+  Derivative slope(source);
+  Histogram histogram(source);
+  DeviationLine line(source, 1);
+  AllanDeviation deviation(source);
+  for (Analysis* const each :
+       std::initializer_list<Analysis*>{&mean, &slope, &histogram, &line, &deviation}) {
+    SetEvent(each->terminator);
+    EXPECT_FALSE(each->Analyze()) << each->GetName();
+    EXPECT_EQ(each->GetSize(), 0u) << each->GetName();
+    ResetEvent(each->terminator);
+    EXPECT_TRUE(each->Analyze()) << each->GetName();
+  }
+}
+
+}  // namespace
+}  // namespace sparlow::host

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <vector>
+
+#include "examples/host/SampleSource.h"
+
+namespace sparlow::host {
+
+using Samples = std::vector<Sample>;
+
+inline Samples ReadAll(SampleSource& source) {
+  Samples all, block;
+  for (bool more = true; more;) {
+    more = source.Next(block, std::stop_token());
+    all.insert(all.end(), block.begin(), block.end());
+  }
+  return all;
+}
+
+/// Gives a list of values in blocks of 1000.
+class ListSource : public SampleSource {
+ public:
+  explicit ListSource(std::vector<double> values, double rate = 1.0)
+      : values_(std::move(values)), rate_(rate) {}
+  std::string Name() const override { return "list"; }
+  std::string Unit() const override { return "V"; }
+  std::string Activity() const override { return ""; }
+  bool Next(Samples& block, const std::stop_token&) override {
+    block.clear();
+    for (; block.size() < 1000 && at_ < values_.size(); ++at_)
+      block.push_back({static_cast<double>(at_) / rate_, values_[at_]});
+    return at_ < values_.size();
+  }
+  double Progress() const override { return -1.0; }
+
+ private:
+  const std::vector<double> values_;
+  const double rate_;
+  std::size_t at_ = 0;
+};
+
+}  // namespace sparlow::host
