@@ -10,8 +10,24 @@
 
 namespace sparlow {
 
+/// The lowest and the highest of some values of y; without any, low is above high.
+/// Threads: a value; any thread, each with its own.
+struct YRange {
+  double low = std::numeric_limits<double>::max();
+  double high = std::numeric_limits<double>::lowest();
+
+  void Include(double y) {
+    low = std::min(low, y);
+    high = std::max(high, y);
+  }
+  void Include(const YRange& other) {
+    low = std::min(low, other.low);
+    high = std::max(high, other.high);
+  }
+};
+
 /// One block of a series: 8192 samples that never move, the y range of what was added, and the
-/// exact y range of each run of 64 samples.
+/// exact y ranges of each run of 64 samples and of each group of 16 runs.
 ///
 /// Samples are read and overwritten by the operations below, each of which is whole; a reader stays
 /// below the published size of the store. yMin and yMax keep what Add saw, and an overwritten
@@ -24,6 +40,9 @@ struct SampleBlock {
   static constexpr unsigned kRunShift = 6;
   static constexpr unsigned kRunSamples = 1u << kRunShift;
   static constexpr unsigned kRuns = kSamples / kRunSamples;
+  static constexpr unsigned kGroupShift = 10;  // of 16 runs
+  static constexpr unsigned kGroupSamples = 1u << kGroupShift;
+  static constexpr unsigned kGroups = kSamples / kGroupSamples;
   /// Where a smallest and a largest value start before there is any.
   static constexpr double kNoMin = std::numeric_limits<double>::max();
   static constexpr double kNoMax = std::numeric_limits<double>::lowest();
@@ -37,6 +56,8 @@ struct SampleBlock {
     return slope && whole(slope[place]).load(std::memory_order_relaxed) != 0;
   }
 
+  /// The exact y range of a full block.
+  YRange RangeOfGroups() const;
   /// Appends at place count. The caller sees to it that there is room.
   void Add(double newX, double newY, bool newSlope);
   /// Overwrites a sample below count.
@@ -52,6 +73,9 @@ struct SampleBlock {
   CopyableAtomic<unsigned> count = 0u;
   CopyableAtomic<double> runMin[kRuns];
   CopyableAtomic<double> runMax[kRuns];
+  /// Of the finished runs of a group; all of it when the group is full.
+  CopyableAtomic<double> groupMin[kGroups];
+  CopyableAtomic<double> groupMax[kGroups];
 
  private:
   template <class T>
@@ -66,6 +90,7 @@ struct SampleBlock {
       whole(slope[place]).store(newSlope ? 1 : 0, std::memory_order_relaxed);
   }
   void summarizeRun(unsigned run);
+  void summarizeGroup(unsigned group);
 };
 
 /// Lowers or raises a bound that one thread writes, on a strict comparison.
@@ -80,7 +105,10 @@ inline void SampleBlock::Add(double newX, double newY, bool newSlope) {
   const unsigned place = count.relaxed();
   put(place, newX, newY, newSlope);
   Widen(yMin, yMax, newY);
-  Widen(runMin[place >> kRunShift], runMax[place >> kRunShift], newY);
+  const unsigned run = place >> kRunShift;
+  Widen(runMin[run], runMax[run], newY);
+  if ((place & (kGroupSamples - 1)) == kGroupSamples - 1)
+    summarizeGroup(place >> kGroupShift);
   count.setRelaxed(place + 1);
 }
 

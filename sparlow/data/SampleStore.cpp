@@ -27,6 +27,7 @@ SampleBlock::SampleBlock(bool withSlopes)
 void SampleBlock::Set(unsigned place, double newX, double newY, bool newSlope) {
   put(place, newX, newY, newSlope);
   summarizeRun(place >> kRunShift);
+  summarizeGroup(place >> kGroupShift);
 }
 
 void SampleBlock::SortByX() {
@@ -45,6 +46,8 @@ void SampleBlock::SortByX() {
   }
   for (unsigned run = 0; run << kRunShift < samples; ++run)
     summarizeRun(run);
+  for (unsigned group = 0; group < kGroups; ++group)
+    summarizeGroup(group);
 }
 
 void SampleBlock::summarizeRun(unsigned run) {
@@ -58,18 +61,34 @@ void SampleBlock::summarizeRun(unsigned run) {
   runMax[run].setRelaxed(high);
 }
 
+void SampleBlock::summarizeGroup(unsigned group) {
+  constexpr unsigned runs = kGroupSamples / kRunSamples;
+  YRange range;
+  for (unsigned run = group * runs; run < (group + 1) * runs; ++run)
+    range.Include({runMin[run].relaxed(), runMax[run].relaxed()});
+  groupMin[group].setRelaxed(range.low);
+  groupMax[group].setRelaxed(range.high);
+}
+
+YRange SampleBlock::RangeOfGroups() const {
+  YRange range;
+  for (unsigned group = 0; group < kGroups; ++group)
+    range.Include({groupMin[group].relaxed(), groupMax[group].relaxed()});
+  return range;
+}
+
 SampleStore::SampleStore(bool waveform, unsigned limit)
     : serial_(nextSerial()),
       waveform_(waveform),
       limit_(waveform ? std::min(limit, SampleBlock::kSamples) : limit),
       newest_(makeTable(kFirstTableSize)) {
   enter(std::make_unique<SampleBlock>(waveform));
-  blocks_.store(newest_->blocks.get());
+  entries_.store(newest_->entries.get());
 }
 
 SampleStore::~SampleStore() {
   for (unsigned b = 0; b < nBlocks_; ++b)
-    delete newest_->blocks[b];
+    delete newest_->entries[b].block;
 }
 
 std::unique_ptr<SampleStore::Table> SampleStore::makeTable(unsigned size) {
@@ -82,7 +101,7 @@ std::unique_ptr<SampleStore::Table> SampleStore::makeTable(unsigned size) {
 
 void SampleStore::enter(std::unique_ptr<SampleBlock> block) {
   lastBlock_ = block.release();
-  newest_->blocks[nBlocks_++] = lastBlock_;
+  newest_->entries[nBlocks_++].block = lastBlock_;
   appendEnd_ = std::min(nCapacity(), limit_);
 }
 
@@ -90,21 +109,29 @@ void SampleStore::Grow() {
   auto block = std::make_unique<SampleBlock>(false);
   if (TableFull()) {
     auto table = makeTable(2 * newest_->size);
-    std::copy_n(newest_->blocks.get(), nBlocks_, table->blocks.get());
+    std::copy_n(newest_->entries.get(), nBlocks_, table->entries.get());
     table->older = std::move(newest_);
     newest_ = std::move(table);
-    blocks_.store(newest_->blocks.get());
+    entries_.store(newest_->entries.get());
   }
   enter(std::move(block));
 }
 
 void SampleStore::Set(unsigned sample, double x, double y, bool slope) {
-  SampleBlock& block = *newest_->blocks[sample >> SampleBlock::kShift];
-  block.Set(sample & SampleBlock::kMask, x, y, slope);
+  BlockEntry& entry = newest_->entries[sample >> SampleBlock::kShift];
+  entry.block->Set(sample & SampleBlock::kMask, x, y, slope);
+  if (entry.block->count.relaxed() == SampleBlock::kSamples)
+    summarize(entry);
   if (!ordered(sample))
     ascending_.setRelaxed(false);
   if (sample + 1 == size_.relaxed())
     lastX_ = x;
+}
+
+void SampleStore::summarize(BlockEntry& entry) {
+  const YRange range = entry.block->RangeOfGroups();
+  entry.low.setRelaxed(range.low);
+  entry.high.setRelaxed(range.high);
 }
 
 bool SampleStore::ordered(unsigned sample) const {
@@ -114,7 +141,7 @@ bool SampleStore::ordered(unsigned sample) const {
 
 void SampleStore::SortFirstBlock() {
   const unsigned size = size_.relaxed();
-  newest_->blocks[0]->SortByX();
+  newest_->entries[0].block->SortByX();
   if (size == 0 || nBlocks_ > 1)
     return;
   lastX_ = x(size - 1);

@@ -8,6 +8,15 @@
 
 namespace sparlow {
 
+/// A block in the table of its store, with the exact y range of all its samples once it is full:
+/// the ranges of many blocks lie side by side, while each block lies far from the next.
+/// Threads: as SampleBlock.
+struct BlockEntry {
+  SampleBlock* block = nullptr;
+  CopyableAtomic<double> low = SampleBlock::kNoMin;
+  CopyableAtomic<double> high = SampleBlock::kNoMax;
+};
+
 /// The samples of one data set, in blocks that live as long as anybody holds the store. A series
 /// that starts a new data set takes a new store and leaves the old one to its readers.
 ///
@@ -29,9 +38,9 @@ class SampleStore {
   /// @name Reading
   /// Of samples that Size() once counted; not checked.
   unsigned Size() const { return size_.load(); }
-  const SampleBlock* const* Blocks() const { return blocks_.load(); }
+  const BlockEntry* Entries() const { return entries_.load(); }
   const SampleBlock& Block(unsigned sample) const {
-    return *Blocks()[sample >> SampleBlock::kShift];
+    return *Entries()[sample >> SampleBlock::kShift].block;
   }
   double x(unsigned sample) const { return Block(sample).xAt(sample & SampleBlock::kMask); }
   double y(unsigned sample) const { return Block(sample).yAt(sample & SampleBlock::kMask); }
@@ -67,13 +76,14 @@ class SampleStore {
  private:
   // A table that has grown out of use may still be read, so the newer one keeps it.
   struct Table {
-    explicit Table(unsigned entries) : size(entries), blocks(new SampleBlock*[entries]()) {}
+    explicit Table(unsigned most) : size(most), entries(new BlockEntry[most]) {}
     unsigned size;
-    std::unique_ptr<SampleBlock*[]> blocks;
+    std::unique_ptr<BlockEntry[]> entries;
     std::unique_ptr<Table> older;
   };
   static std::unique_ptr<Table> makeTable(unsigned size);
   void enter(std::unique_ptr<SampleBlock> block);
+  void summarize(BlockEntry& entry);
   bool ordered(unsigned sample) const;
 
   // Read by anyone.
@@ -81,7 +91,7 @@ class SampleStore {
   const bool waveform_;
   CopyableAtomic<bool> ascending_ = true;
   CopyableAtomic<unsigned> size_ = 0u;
-  CopyableAtomic<SampleBlock**> blocks_ = nullptr;
+  CopyableAtomic<BlockEntry*> entries_ = nullptr;
 
   // The writer's own.
   const unsigned limit_;
@@ -98,6 +108,9 @@ inline void SampleStore::Append(double x, double y, bool slope) {
   if (x < lastX_)
     ascending_.setRelaxed(false);
   lastX_ = x;
+  // Before the size that lets readers take the block as a whole.
+  if ((size & SampleBlock::kMask) == SampleBlock::kMask)
+    summarize(newest_->entries[size >> SampleBlock::kShift]);
   size_.store(size + 1);
 }
 

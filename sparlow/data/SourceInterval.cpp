@@ -195,8 +195,7 @@ bool SourceData::Scroll(int by, const AxisData* axis) {
   const SampleInterval now = effectiveInterval(samples.size());
   if (isFixed(axis) || now.Size() == 0)
     return false;
-  const std::int64_t shift =
-      std::clamp<std::int64_t>(by, -std::int64_t{now.from}, all - now.end);
+  const std::int64_t shift = std::clamp<std::int64_t>(by, -std::int64_t{now.from}, all - now.end);
   if (shift == 0)
     return false;
   return showInterval(samples.serial(), {static_cast<unsigned>(now.from + shift),
