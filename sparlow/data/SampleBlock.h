@@ -59,7 +59,11 @@ struct SampleBlock {
   /// The exact y range of a full block.
   YRange RangeOfGroups() const;
   /// Appends at place count. The caller sees to it that there is room.
-  void Add(double newX, double newY, bool newSlope);
+  /// True when y has widened yMin to yMax.
+  bool Add(double newX, double newY, bool newSlope);
+  /// The next run for samples that come in bulk: they are written to x and y behind count, where
+  /// nobody reads yet, and counted by this. range: of their y.
+  void Count(unsigned more, const YRange& range);
   /// Overwrites a sample below count.
   void Set(unsigned place, double newX, double newY, bool newSlope);
   /// Selection sort of the samples below count; slopes go with their samples.
@@ -93,23 +97,26 @@ struct SampleBlock {
   void summarizeGroup(unsigned group);
 };
 
-/// Lowers or raises a bound that one thread writes, on a strict comparison.
-inline void Widen(CopyableAtomic<double>& low, CopyableAtomic<double>& high, double value) {
-  if (value < low.relaxed())
+/// Lowers or raises a bound that one thread writes, on a strict comparison. True when it did.
+inline bool Widen(CopyableAtomic<double>& low, CopyableAtomic<double>& high, double value) {
+  const bool lower = value<low.relaxed(), higher = value> high.relaxed();
+  if (lower)
     low.setRelaxed(value);
-  if (value > high.relaxed())
+  if (higher)
     high.setRelaxed(value);
+  return lower || higher;
 }
 
-inline void SampleBlock::Add(double newX, double newY, bool newSlope) {
+inline bool SampleBlock::Add(double newX, double newY, bool newSlope) {
   const unsigned place = count.relaxed();
   put(place, newX, newY, newSlope);
-  Widen(yMin, yMax, newY);
+  const bool widened = Widen(yMin, yMax, newY);
   const unsigned run = place >> kRunShift;
   Widen(runMin[run], runMax[run], newY);
   if ((place & (kGroupSamples - 1)) == kGroupSamples - 1)
     summarizeGroup(place >> kGroupShift);
   count.setRelaxed(place + 1);
+  return widened;
 }
 
 }  // namespace sparlow

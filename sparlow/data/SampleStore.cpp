@@ -1,5 +1,7 @@
 #include "sparlow/data/SampleStore.h"
 
+#include <algorithm>
+#include <cmath>
 #include <new>
 #include <utility>
 
@@ -16,8 +18,9 @@ std::uint64_t nextSerial() {
 
 }  // namespace
 
+// The samples themselves stay as memory gives them: nobody reads what isn't counted.
 SampleBlock::SampleBlock(bool withSlopes)
-    : x{}, y{}, slope(withSlopes ? std::make_unique<std::uint8_t[]>(kSamples) : nullptr) {
+    : slope(withSlopes ? std::make_unique<std::uint8_t[]>(kSamples) : nullptr) {
   for (unsigned run = 0; run < kRuns; ++run) {
     runMin[run].setRelaxed(kNoMin);
     runMax[run].setRelaxed(kNoMax);
@@ -115,6 +118,108 @@ void SampleStore::Grow() {
     entries_.store(newest_->entries.get());
   }
   enter(std::move(block));
+}
+
+void SampleBlock::Count(unsigned more, const YRange& range) {
+  const unsigned place = count.relaxed();
+  Widen(yMin, yMax, range.low);
+  Widen(yMin, yMax, range.high);
+  Widen(runMin[place >> kRunShift], runMax[place >> kRunShift], range.low);
+  Widen(runMin[place >> kRunShift], runMax[place >> kRunShift], range.high);
+  count.setRelaxed(place + more);
+  if (((place + more) & (kGroupSamples - 1)) == 0)
+    summarizeGroup(place >> kGroupShift);
+}
+
+namespace {
+
+/// What a run of samples is like.
+struct Run {
+  bool finite = true;
+  bool ascends = true;
+  YRange y;
+};
+
+/// Several samples at a time, in lanes that don't wait for one another.
+Run examine(const double* xs, const double* ys, unsigned count, double lastX) {
+  constexpr unsigned lanes = 4;
+  double none[lanes] = {};  // stays 0 while all is finite
+  double step[lanes] = {};  // the largest one backwards, as a number below 0
+  YRange ranges[lanes];
+  const auto look = [&](unsigned lane, unsigned i, double before) {
+    none[lane] += (xs[i] - xs[i]) + (ys[i] - ys[i]);
+    step[lane] = std::min(step[lane], xs[i] - before);
+    ranges[lane].Include(ys[i]);
+  };
+  look(0, 0, std::min(lastX, xs[0]));
+  unsigned i = 1;
+  for (; i + lanes <= count; i += lanes)
+    for (unsigned lane = 0; lane < lanes; ++lane)
+      look(lane, i + lane, xs[i + lane - 1]);
+  for (; i < count; ++i)
+    look(0, i, xs[i - 1]);
+  Run run;
+  run.finite = none[0] + none[1] + none[2] + none[3] == 0.0;
+  run.ascends = !(xs[0] < lastX) && step[0] + step[1] + step[2] + step[3] == 0.0;
+  for (const YRange& range : ranges)
+    run.y.Include(range);
+  return run;
+}
+
+/// Writes samples of a span behind one another, those that aren't finite left out. How many.
+unsigned copyFinite(const SampleSpan& samples, std::size_t begin, unsigned count, double* xs,
+                    double* ys) {
+  unsigned kept = 0;
+  for (std::size_t i = begin; i < begin + count; ++i) {
+    const double x = samples.x(i), y = samples.y(i);
+    if (!std::isfinite(x) || !std::isfinite(y))
+      continue;
+    xs[kept] = x;
+    ys[kept++] = y;
+  }
+  return kept;
+}
+
+}  // namespace
+
+Appended SampleStore::Append(const SampleSpan& samples, std::size_t begin) {
+  SampleBlock& block = *lastBlock_;
+  const unsigned size = size_.relaxed();
+  const unsigned start = size & SampleBlock::kMask;
+  const unsigned end = start + (appendEnd_ - size);
+  unsigned place = start;
+  Appended all{begin, {}, {}};
+  // Run by run; a run is looked at in memory that the copy has just brought near.
+  while (place < end && all.end < samples.ys.size()) {
+    const unsigned room = std::min(end, (place | (SampleBlock::kRunSamples - 1)) + 1) - place;
+    auto count = static_cast<unsigned>(std::min<std::size_t>(room, samples.ys.size() - all.end));
+    double* const xs = block.x + place;
+    double* const ys = block.y + place;
+    for (unsigned i = 0; i < count; ++i) {
+      xs[i] = samples.x(all.end + i);
+      ys[i] = samples.y(all.end + i);
+    }
+    Run run = examine(xs, ys, count, lastX_);
+    all.end += count;
+    if (!run.finite) {
+      count = copyFinite(samples, all.end - count, count, xs, ys);
+      if (count == 0)
+        continue;
+      run = examine(xs, ys, count, lastX_);
+    }
+    if (!run.ascends)
+      ascending_.setRelaxed(false);
+    for (unsigned i = 0; i < count; i += run.ascends ? std::max(count - 1, 1u) : 1)
+      all.x.Include(xs[i]);
+    lastX_ = xs[count - 1];
+    block.Count(count, run.y);
+    all.y.Include(run.y);
+    place += count;
+  }
+  if (place == SampleBlock::kSamples)
+    summarize(newest_->entries[size >> SampleBlock::kShift]);
+  size_.store(size + (place - start));
+  return all;
 }
 
 void SampleStore::Set(unsigned sample, double x, double y, bool slope) {

@@ -2,11 +2,33 @@
 
 #include <cstdint>
 #include <memory>
+#include <span>
 
 #include "sparlow/data/SampleBlock.h"
 #include "sparlow/platform/CopyableAtomic.h"
 
 namespace sparlow {
+
+/// The samples of one appending call; x given, or evenly spaced where xs is null.
+/// Threads: a value; any thread, each with its own.
+struct SampleSpan {
+  const double* xs;
+  double firstX;
+  double stepX;
+  std::span<const double> ys;
+
+  double x(std::size_t i) const { return xs ? xs[i] : firstX + static_cast<double>(i) * stepX; }
+  double y(std::size_t i) const { return ys[i]; }
+};
+
+/// What was appended in one go: how many samples of the span were looked at, and the bounds of those
+/// that were taken, low above high if there are none.
+/// Threads: a value.
+struct Appended {
+  std::size_t end;
+  YRange x;
+  YRange y;
+};
 
 /// A block in the table of its store, with the exact y range of all its samples once it is full:
 /// the ranges of many blocks lie side by side, while each block lies far from the next.
@@ -66,8 +88,11 @@ class SampleStore {
   /// @name Writing
   /// Makes room for one more block. Throws as the constructor does and leaves the store as it was.
   void Grow();
-  /// Appends a finite sample, unless Full().
-  void Append(double x, double y, bool slope);
+  /// Appends a finite sample, unless Full(). True when its y has widened the bounds of its block.
+  bool Append(double x, double y, bool slope);
+  /// Appends the finite samples of a span from its sample begin on, as far as the block in work has
+  /// room. Not when Full().
+  Appended Append(const SampleSpan& samples, std::size_t begin);
   /// Overwrites a sample below Size().
   void Set(unsigned sample, double x, double y, bool slope);
   /// Sorts the first block by x. Meant for a waveform, which has no other.
@@ -102,9 +127,9 @@ class SampleStore {
   std::unique_ptr<Table> newest_;
 };
 
-inline void SampleStore::Append(double x, double y, bool slope) {
+inline bool SampleStore::Append(double x, double y, bool slope) {
   const unsigned size = size_.relaxed();
-  lastBlock_->Add(x, y, slope);
+  const bool widened = lastBlock_->Add(x, y, slope);
   if (x < lastX_)
     ascending_.setRelaxed(false);
   lastX_ = x;
@@ -112,6 +137,7 @@ inline void SampleStore::Append(double x, double y, bool slope) {
   if ((size & SampleBlock::kMask) == SampleBlock::kMask)
     summarize(newest_->entries[size >> SampleBlock::kShift]);
   size_.store(size + 1);
+  return widened;
 }
 
 }  // namespace sparlow

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <vector>
 
-#include "sparlow/axis/GraphAxis.h"
+#include "sparlow/view/ViewData.h"
 
 namespace sparlow::test {
 
@@ -55,5 +55,14 @@ struct FoldModel {
     return {axis.hor.GetPos(s.x), y, y, y, y};
   }
 };
+
+/// What a render gave.
+inline std::vector<FoldModel::Column> columnsOf(const ViewData& view) {
+  std::vector<FoldModel::Column> columns;
+  for (unsigned i = 0; i < view.nColumns; ++i)
+    columns.push_back(
+        {view.xPos[i], view.yPos[i], view.yLastPos[i], view.yMinPos[i], view.yMaxPos[i]});
+  return columns;
+}
 
 }  // namespace sparlow::test

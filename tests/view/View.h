@@ -39,12 +39,4 @@ inline GraphAxis unitAxis() {
   return axis;
 }
 
-inline std::vector<FoldModel::Column> columnsOf(const ViewData& view) {
-  std::vector<FoldModel::Column> columns;
-  for (unsigned i = 0; i < view.nColumns; ++i)
-    columns.push_back(
-        {view.xPos[i], view.yPos[i], view.yLastPos[i], view.yMinPos[i], view.yMaxPos[i]});
-  return columns;
-}
-
 }  // namespace sparlow::test
