@@ -120,6 +120,15 @@ void SampleStore::Grow() {
   enter(std::move(block));
 }
 
+std::size_t SampleStore::MemoryUse() const {
+  std::size_t bytes = sizeof(*this) + nBlocks_ * sizeof(SampleBlock);
+  if (waveform_)
+    bytes += SampleBlock::kSamples;
+  for (const Table* table = newest_.get(); table; table = table->older.get())
+    bytes += sizeof(*table) + table->size * sizeof(BlockEntry);
+  return bytes;
+}
+
 void SampleBlock::Count(unsigned more, const YRange& range) {
   const unsigned place = count.relaxed();
   Widen(yMin, yMax, range.low);

@@ -78,6 +78,8 @@ class SampleStore {
   unsigned nCapacity() const { return (iLastBlock() + 1) << SampleBlock::kShift; }
   unsigned nBlocksMax() const { return newest_->size; }
   unsigned iLastBlock() const { return nBlocks_ - 1; }
+  /// Bytes that the store takes: samples, their ranges, tables. The feeding thread's to ask.
+  std::size_t MemoryUse() const;
   /// The next sample needs Grow first, or is beyond the limit.
   bool Full() const { return size_.relaxed() >= appendEnd_; }
   /// No sample is taken any more.

@@ -1,0 +1,18 @@
+#pragma once
+
+namespace sparlow::bench {
+
+// Each registers the benchmarks of one topic, and its lines of the table.
+
+void RegisterMemory();
+void RegisterRender();
+void RegisterAppend();
+void RegisterStatistics();
+void RegisterCursor();
+void RegisterPainting();
+void RegisterFrame();
+void RegisterPeerAppend();
+void RegisterActions();
+void RegisterLive();
+
+}  // namespace sparlow::bench
