@@ -11,7 +11,6 @@ void RegisterStatistics();
 void RegisterCursor();
 void RegisterPainting();
 void RegisterFrame();
-void RegisterPeerAppend();
 void RegisterActions();
 void RegisterLive();
 
