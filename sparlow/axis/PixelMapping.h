@@ -36,6 +36,19 @@ class LinearMapping {
 
   int operator()(double value) const noexcept { return SaturatePixel((value - origin_) / scale_); }
 
+  /// Rounding keeps the order of differences and quotients, so pixels are in the order of the
+  /// values, or in the opposite one. False where the axis gives no such order.
+  bool KeepsOrder() const noexcept {
+    return std::isfinite(origin_) && std::isfinite(scale_) && scale_ != 0.0;
+  }
+  /// The smallest and the largest pixel of all values from low to high, where order is kept.
+  bool PixelsOf(double low, double high, int& least, int& most) const noexcept {
+    const int a = (*this)(low), b = (*this)(high);
+    least = a < b ? a : b;
+    most = a < b ? b : a;
+    return true;
+  }
+
   friend bool operator==(const LinearMapping&, const LinearMapping&) = default;
 
  private:
@@ -67,6 +80,27 @@ class LogMapping {
     if (value == 0.0)
       return SaturatePixel(std::fabs(std::log10(min_)) / zeroScale_);
     return value < 0.0 ? beyondMin_ : 0;
+  }
+
+  /// The smallest and the largest pixel of all values from low to high. False where that isn't
+  /// certain: nobody promises that a computed logarithm never falls while the value rises, so an
+  /// end that lies within its error of the next pixel says nothing about the values beside it.
+  bool PixelsOf(double low, double high, int& least, int& most) const noexcept {
+    if (!(low > 0.0))
+      return false;
+    const double a = (std::log10(low) - origin_) / scale_;
+    const double b = (std::log10(high) - origin_) / scale_;
+    // Far above any error: logarithms lie within 309, the last digit of those is below 1e-13.
+    const double error = 1e-11 / std::fabs(scale_);
+    const auto clear = [&](double pixel) {
+      return std::fabs(pixel - std::nearbyint(pixel)) > error || std::fabs(pixel) > kFarPixel + 1.0;
+    };
+    if (!(low == high || (clear(a) && clear(b))))
+      return false;
+    const int first = SaturatePixel(a), last = SaturatePixel(b);
+    least = first < last ? first : last;
+    most = first < last ? last : first;
+    return true;
   }
 
   friend bool operator==(const LogMapping&, const LogMapping&) = default;

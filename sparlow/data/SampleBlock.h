@@ -10,8 +10,24 @@
 
 namespace sparlow {
 
+/// The lowest and the highest of some values of y; without any, low is above high.
+/// Threads: a value; any thread, each with its own.
+struct YRange {
+  double low = std::numeric_limits<double>::max();
+  double high = std::numeric_limits<double>::lowest();
+
+  void Include(double y) {
+    low = std::min(low, y);
+    high = std::max(high, y);
+  }
+  void Include(const YRange& other) {
+    low = std::min(low, other.low);
+    high = std::max(high, other.high);
+  }
+};
+
 /// One block of a series: 8192 samples that never move, the y range of what was added, and the
-/// exact y range of each run of 64 samples.
+/// exact y ranges of each run of 64 samples and of each group of 16 runs.
 ///
 /// Samples are read and overwritten by the operations below, each of which is whole; a reader stays
 /// below the published size of the store. yMin and yMax keep what Add saw, and an overwritten
@@ -24,6 +40,9 @@ struct SampleBlock {
   static constexpr unsigned kRunShift = 6;
   static constexpr unsigned kRunSamples = 1u << kRunShift;
   static constexpr unsigned kRuns = kSamples / kRunSamples;
+  static constexpr unsigned kGroupShift = 10;  // of 16 runs
+  static constexpr unsigned kGroupSamples = 1u << kGroupShift;
+  static constexpr unsigned kGroups = kSamples / kGroupSamples;
   /// Where a smallest and a largest value start before there is any.
   static constexpr double kNoMin = std::numeric_limits<double>::max();
   static constexpr double kNoMax = std::numeric_limits<double>::lowest();
@@ -37,8 +56,14 @@ struct SampleBlock {
     return slope && whole(slope[place]).load(std::memory_order_relaxed) != 0;
   }
 
+  /// The exact y range of a full block.
+  YRange RangeOfGroups() const;
   /// Appends at place count. The caller sees to it that there is room.
-  void Add(double newX, double newY, bool newSlope);
+  /// True when y has widened yMin to yMax.
+  bool Add(double newX, double newY, bool newSlope);
+  /// The next run for samples that come in bulk: they are written to x and y behind count, where
+  /// nobody reads yet, and counted by this. range: of their y.
+  void Count(unsigned more, const YRange& range);
   /// Overwrites a sample below count.
   void Set(unsigned place, double newX, double newY, bool newSlope);
   /// Selection sort of the samples below count; slopes go with their samples.
@@ -52,6 +77,9 @@ struct SampleBlock {
   CopyableAtomic<unsigned> count = 0u;
   CopyableAtomic<double> runMin[kRuns];
   CopyableAtomic<double> runMax[kRuns];
+  /// Of the finished runs of a group; all of it when the group is full.
+  CopyableAtomic<double> groupMin[kGroups];
+  CopyableAtomic<double> groupMax[kGroups];
 
  private:
   template <class T>
@@ -66,22 +94,29 @@ struct SampleBlock {
       whole(slope[place]).store(newSlope ? 1 : 0, std::memory_order_relaxed);
   }
   void summarizeRun(unsigned run);
+  void summarizeGroup(unsigned group);
 };
 
-/// Lowers or raises a bound that one thread writes, on a strict comparison.
-inline void Widen(CopyableAtomic<double>& low, CopyableAtomic<double>& high, double value) {
-  if (value < low.relaxed())
+/// Lowers or raises a bound that one thread writes, on a strict comparison. True when it did.
+inline bool Widen(CopyableAtomic<double>& low, CopyableAtomic<double>& high, double value) {
+  const bool lower = value<low.relaxed(), higher = value> high.relaxed();
+  if (lower)
     low.setRelaxed(value);
-  if (value > high.relaxed())
+  if (higher)
     high.setRelaxed(value);
+  return lower || higher;
 }
 
-inline void SampleBlock::Add(double newX, double newY, bool newSlope) {
+inline bool SampleBlock::Add(double newX, double newY, bool newSlope) {
   const unsigned place = count.relaxed();
   put(place, newX, newY, newSlope);
-  Widen(yMin, yMax, newY);
-  Widen(runMin[place >> kRunShift], runMax[place >> kRunShift], newY);
+  const bool widened = Widen(yMin, yMax, newY);
+  const unsigned run = place >> kRunShift;
+  Widen(runMin[run], runMax[run], newY);
+  if ((place & (kGroupSamples - 1)) == kGroupSamples - 1)
+    summarizeGroup(place >> kGroupShift);
   count.setRelaxed(place + 1);
+  return widened;
 }
 
 }  // namespace sparlow

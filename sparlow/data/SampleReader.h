@@ -18,7 +18,7 @@ class SampleReader {
   SampleReader(std::shared_ptr<const SampleStore> store, unsigned limit)
       : store_(std::move(store)), size_(store_ ? std::min(limit, store_->Size()) : 0) {
     // After the size: the table then holds every block that the size counts.
-    blocks_ = store_ ? store_->Blocks() : nullptr;
+    entries_ = store_ ? store_->Entries() : nullptr;
   }
 
   unsigned size() const { return size_; }
@@ -29,23 +29,29 @@ class SampleReader {
   bool slope(unsigned sample) const { return of(sample).slopeAt(sample & SampleBlock::kMask); }
 
   /// Not checked: b is below blockCount().
-  const SampleBlock& block(unsigned b) const { return *blocks_[b]; }
+  const SampleBlock& block(unsigned b) const { return *entries_[b].block; }
   unsigned blockCount() const { return (size_ + SampleBlock::kMask) >> SampleBlock::kShift; }
   /// Samples of block b that size() counts.
   unsigned countIn(unsigned b) const {
     return std::min(SampleBlock::kSamples, size_ - (b << SampleBlock::kShift));
   }
 
+  /// The exact range of y over the samples from a first one up to, and not including, an end: at the
+  /// cost of some hundred samples, however many they are. Not checked: end is at most size().
+  YRange RangeOfY(unsigned from, unsigned end) const;
+
   bool ascending() const { return !store_ || store_->Ascending(); }
   /// SampleStore::Serial; 0 without a store.
   std::uint64_t serial() const { return store_ ? store_->Serial() : 0; }
 
  private:
-  const SampleBlock& of(unsigned sample) const { return *blocks_[sample >> SampleBlock::kShift]; }
+  const SampleBlock& of(unsigned sample) const {
+    return *entries_[sample >> SampleBlock::kShift].block;
+  }
 
   std::shared_ptr<const SampleStore> store_;
   unsigned size_ = 0;
-  const SampleBlock* const* blocks_ = nullptr;
+  const BlockEntry* entries_ = nullptr;
 };
 
 }  // namespace sparlow

@@ -1,5 +1,7 @@
 #include "sparlow/data/SampleStore.h"
 
+#include <algorithm>
+#include <cmath>
 #include <new>
 #include <utility>
 
@@ -16,8 +18,9 @@ std::uint64_t nextSerial() {
 
 }  // namespace
 
+// The samples themselves stay as memory gives them: nobody reads what isn't counted.
 SampleBlock::SampleBlock(bool withSlopes)
-    : x{}, y{}, slope(withSlopes ? std::make_unique<std::uint8_t[]>(kSamples) : nullptr) {
+    : slope(withSlopes ? std::make_unique<std::uint8_t[]>(kSamples) : nullptr) {
   for (unsigned run = 0; run < kRuns; ++run) {
     runMin[run].setRelaxed(kNoMin);
     runMax[run].setRelaxed(kNoMax);
@@ -27,6 +30,7 @@ SampleBlock::SampleBlock(bool withSlopes)
 void SampleBlock::Set(unsigned place, double newX, double newY, bool newSlope) {
   put(place, newX, newY, newSlope);
   summarizeRun(place >> kRunShift);
+  summarizeGroup(place >> kGroupShift);
 }
 
 void SampleBlock::SortByX() {
@@ -45,6 +49,8 @@ void SampleBlock::SortByX() {
   }
   for (unsigned run = 0; run << kRunShift < samples; ++run)
     summarizeRun(run);
+  for (unsigned group = 0; group < kGroups; ++group)
+    summarizeGroup(group);
 }
 
 void SampleBlock::summarizeRun(unsigned run) {
@@ -58,18 +64,34 @@ void SampleBlock::summarizeRun(unsigned run) {
   runMax[run].setRelaxed(high);
 }
 
+void SampleBlock::summarizeGroup(unsigned group) {
+  constexpr unsigned runs = kGroupSamples / kRunSamples;
+  YRange range;
+  for (unsigned run = group * runs; run < (group + 1) * runs; ++run)
+    range.Include({runMin[run].relaxed(), runMax[run].relaxed()});
+  groupMin[group].setRelaxed(range.low);
+  groupMax[group].setRelaxed(range.high);
+}
+
+YRange SampleBlock::RangeOfGroups() const {
+  YRange range;
+  for (unsigned group = 0; group < kGroups; ++group)
+    range.Include({groupMin[group].relaxed(), groupMax[group].relaxed()});
+  return range;
+}
+
 SampleStore::SampleStore(bool waveform, unsigned limit)
     : serial_(nextSerial()),
       waveform_(waveform),
       limit_(waveform ? std::min(limit, SampleBlock::kSamples) : limit),
       newest_(makeTable(kFirstTableSize)) {
   enter(std::make_unique<SampleBlock>(waveform));
-  blocks_.store(newest_->blocks.get());
+  entries_.store(newest_->entries.get());
 }
 
 SampleStore::~SampleStore() {
   for (unsigned b = 0; b < nBlocks_; ++b)
-    delete newest_->blocks[b];
+    delete newest_->entries[b].block;
 }
 
 std::unique_ptr<SampleStore::Table> SampleStore::makeTable(unsigned size) {
@@ -82,7 +104,7 @@ std::unique_ptr<SampleStore::Table> SampleStore::makeTable(unsigned size) {
 
 void SampleStore::enter(std::unique_ptr<SampleBlock> block) {
   lastBlock_ = block.release();
-  newest_->blocks[nBlocks_++] = lastBlock_;
+  newest_->entries[nBlocks_++].block = lastBlock_;
   appendEnd_ = std::min(nCapacity(), limit_);
 }
 
@@ -90,21 +112,140 @@ void SampleStore::Grow() {
   auto block = std::make_unique<SampleBlock>(false);
   if (TableFull()) {
     auto table = makeTable(2 * newest_->size);
-    std::copy_n(newest_->blocks.get(), nBlocks_, table->blocks.get());
+    std::copy_n(newest_->entries.get(), nBlocks_, table->entries.get());
     table->older = std::move(newest_);
     newest_ = std::move(table);
-    blocks_.store(newest_->blocks.get());
+    entries_.store(newest_->entries.get());
   }
   enter(std::move(block));
 }
 
+std::size_t SampleStore::MemoryUse() const {
+  std::size_t bytes = sizeof(*this) + nBlocks_ * sizeof(SampleBlock);
+  if (waveform_)
+    bytes += SampleBlock::kSamples;
+  for (const Table* table = newest_.get(); table; table = table->older.get())
+    bytes += sizeof(*table) + table->size * sizeof(BlockEntry);
+  return bytes;
+}
+
+void SampleBlock::Count(unsigned more, const YRange& range) {
+  const unsigned place = count.relaxed();
+  Widen(yMin, yMax, range.low);
+  Widen(yMin, yMax, range.high);
+  Widen(runMin[place >> kRunShift], runMax[place >> kRunShift], range.low);
+  Widen(runMin[place >> kRunShift], runMax[place >> kRunShift], range.high);
+  count.setRelaxed(place + more);
+  if (((place + more) & (kGroupSamples - 1)) == 0)
+    summarizeGroup(place >> kGroupShift);
+}
+
+namespace {
+
+/// What a run of samples is like.
+struct Run {
+  bool finite = true;
+  bool ascends = true;
+  YRange y;
+};
+
+/// Several samples at a time, in lanes that don't wait for one another.
+Run examine(const double* xs, const double* ys, unsigned count, double lastX) {
+  constexpr unsigned lanes = 4;
+  double none[lanes] = {};  // stays 0 while all is finite
+  double step[lanes] = {};  // the largest one backwards, as a number below 0
+  YRange ranges[lanes];
+  const auto look = [&](unsigned lane, unsigned i, double before) {
+    none[lane] += (xs[i] - xs[i]) + (ys[i] - ys[i]);
+    step[lane] = std::min(step[lane], xs[i] - before);
+    ranges[lane].Include(ys[i]);
+  };
+  look(0, 0, std::min(lastX, xs[0]));
+  unsigned i = 1;
+  for (; i + lanes <= count; i += lanes)
+    for (unsigned lane = 0; lane < lanes; ++lane)
+      look(lane, i + lane, xs[i + lane - 1]);
+  for (; i < count; ++i)
+    look(0, i, xs[i - 1]);
+  Run run;
+  run.finite = none[0] + none[1] + none[2] + none[3] == 0.0;
+  run.ascends = !(xs[0] < lastX) && step[0] + step[1] + step[2] + step[3] == 0.0;
+  for (const YRange& range : ranges)
+    run.y.Include(range);
+  return run;
+}
+
+/// Writes samples of a span behind one another, those that aren't finite left out. How many.
+unsigned copyFinite(const SampleSpan& samples, std::size_t begin, unsigned count, double* xs,
+                    double* ys) {
+  unsigned kept = 0;
+  for (std::size_t i = begin; i < begin + count; ++i) {
+    const double x = samples.x(i), y = samples.y(i);
+    if (!std::isfinite(x) || !std::isfinite(y))
+      continue;
+    xs[kept] = x;
+    ys[kept++] = y;
+  }
+  return kept;
+}
+
+}  // namespace
+
+Appended SampleStore::Append(const SampleSpan& samples, std::size_t begin) {
+  SampleBlock& block = *lastBlock_;
+  const unsigned size = size_.relaxed();
+  const unsigned start = size & SampleBlock::kMask;
+  const unsigned end = start + (appendEnd_ - size);
+  unsigned place = start;
+  Appended all{begin, {}, {}};
+  // Run by run; a run is looked at in memory that the copy has just brought near.
+  while (place < end && all.end < samples.ys.size()) {
+    const unsigned room = std::min(end, (place | (SampleBlock::kRunSamples - 1)) + 1) - place;
+    auto count = static_cast<unsigned>(std::min<std::size_t>(room, samples.ys.size() - all.end));
+    double* const xs = block.x + place;
+    double* const ys = block.y + place;
+    for (unsigned i = 0; i < count; ++i) {
+      xs[i] = samples.x(all.end + i);
+      ys[i] = samples.y(all.end + i);
+    }
+    Run run = examine(xs, ys, count, lastX_);
+    all.end += count;
+    if (!run.finite) {
+      count = copyFinite(samples, all.end - count, count, xs, ys);
+      if (count == 0)
+        continue;
+      run = examine(xs, ys, count, lastX_);
+    }
+    if (!run.ascends)
+      ascending_.setRelaxed(false);
+    for (unsigned i = 0; i < count; i += run.ascends ? std::max(count - 1, 1u) : 1)
+      all.x.Include(xs[i]);
+    lastX_ = xs[count - 1];
+    block.Count(count, run.y);
+    all.y.Include(run.y);
+    place += count;
+  }
+  if (place == SampleBlock::kSamples)
+    summarize(newest_->entries[size >> SampleBlock::kShift]);
+  size_.store(size + (place - start));
+  return all;
+}
+
 void SampleStore::Set(unsigned sample, double x, double y, bool slope) {
-  SampleBlock& block = *newest_->blocks[sample >> SampleBlock::kShift];
-  block.Set(sample & SampleBlock::kMask, x, y, slope);
+  BlockEntry& entry = newest_->entries[sample >> SampleBlock::kShift];
+  entry.block->Set(sample & SampleBlock::kMask, x, y, slope);
+  if (entry.block->count.relaxed() == SampleBlock::kSamples)
+    summarize(entry);
   if (!ordered(sample))
     ascending_.setRelaxed(false);
   if (sample + 1 == size_.relaxed())
     lastX_ = x;
+}
+
+void SampleStore::summarize(BlockEntry& entry) {
+  const YRange range = entry.block->RangeOfGroups();
+  entry.low.setRelaxed(range.low);
+  entry.high.setRelaxed(range.high);
 }
 
 bool SampleStore::ordered(unsigned sample) const {
@@ -114,7 +255,7 @@ bool SampleStore::ordered(unsigned sample) const {
 
 void SampleStore::SortFirstBlock() {
   const unsigned size = size_.relaxed();
-  newest_->blocks[0]->SortByX();
+  newest_->entries[0].block->SortByX();
   if (size == 0 || nBlocks_ > 1)
     return;
   lastX_ = x(size - 1);

@@ -2,11 +2,42 @@
 
 #include <cstdint>
 #include <memory>
+#include <span>
 
 #include "sparlow/data/SampleBlock.h"
 #include "sparlow/platform/CopyableAtomic.h"
 
 namespace sparlow {
+
+/// The samples of one appending call; x given, or evenly spaced where xs is null.
+/// Threads: a value; any thread, each with its own.
+struct SampleSpan {
+  const double* xs;
+  double firstX;
+  double stepX;
+  std::span<const double> ys;
+
+  double x(std::size_t i) const { return xs ? xs[i] : firstX + static_cast<double>(i) * stepX; }
+  double y(std::size_t i) const { return ys[i]; }
+};
+
+/// What was appended in one go: how many samples of the span were looked at, and the bounds of those
+/// that were taken, low above high if there are none.
+/// Threads: a value.
+struct Appended {
+  std::size_t end;
+  YRange x;
+  YRange y;
+};
+
+/// A block in the table of its store, with the exact y range of all its samples once it is full:
+/// the ranges of many blocks lie side by side, while each block lies far from the next.
+/// Threads: as SampleBlock.
+struct BlockEntry {
+  SampleBlock* block = nullptr;
+  CopyableAtomic<double> low = SampleBlock::kNoMin;
+  CopyableAtomic<double> high = SampleBlock::kNoMax;
+};
 
 /// The samples of one data set, in blocks that live as long as anybody holds the store. A series
 /// that starts a new data set takes a new store and leaves the old one to its readers.
@@ -29,9 +60,9 @@ class SampleStore {
   /// @name Reading
   /// Of samples that Size() once counted; not checked.
   unsigned Size() const { return size_.load(); }
-  const SampleBlock* const* Blocks() const { return blocks_.load(); }
+  const BlockEntry* Entries() const { return entries_.load(); }
   const SampleBlock& Block(unsigned sample) const {
-    return *Blocks()[sample >> SampleBlock::kShift];
+    return *Entries()[sample >> SampleBlock::kShift].block;
   }
   double x(unsigned sample) const { return Block(sample).xAt(sample & SampleBlock::kMask); }
   double y(unsigned sample) const { return Block(sample).yAt(sample & SampleBlock::kMask); }
@@ -47,6 +78,8 @@ class SampleStore {
   unsigned nCapacity() const { return (iLastBlock() + 1) << SampleBlock::kShift; }
   unsigned nBlocksMax() const { return newest_->size; }
   unsigned iLastBlock() const { return nBlocks_ - 1; }
+  /// Bytes that the store takes: samples, their ranges, tables. The feeding thread's to ask.
+  std::size_t MemoryUse() const;
   /// The next sample needs Grow first, or is beyond the limit.
   bool Full() const { return size_.relaxed() >= appendEnd_; }
   /// No sample is taken any more.
@@ -57,8 +90,11 @@ class SampleStore {
   /// @name Writing
   /// Makes room for one more block. Throws as the constructor does and leaves the store as it was.
   void Grow();
-  /// Appends a finite sample, unless Full().
-  void Append(double x, double y, bool slope);
+  /// Appends a finite sample, unless Full(). True when its y has widened the bounds of its block.
+  bool Append(double x, double y, bool slope);
+  /// Appends the finite samples of a span from its sample begin on, as far as the block in work has
+  /// room. Not when Full().
+  Appended Append(const SampleSpan& samples, std::size_t begin);
   /// Overwrites a sample below Size().
   void Set(unsigned sample, double x, double y, bool slope);
   /// Sorts the first block by x. Meant for a waveform, which has no other.
@@ -67,13 +103,14 @@ class SampleStore {
  private:
   // A table that has grown out of use may still be read, so the newer one keeps it.
   struct Table {
-    explicit Table(unsigned entries) : size(entries), blocks(new SampleBlock*[entries]()) {}
+    explicit Table(unsigned most) : size(most), entries(new BlockEntry[most]) {}
     unsigned size;
-    std::unique_ptr<SampleBlock*[]> blocks;
+    std::unique_ptr<BlockEntry[]> entries;
     std::unique_ptr<Table> older;
   };
   static std::unique_ptr<Table> makeTable(unsigned size);
   void enter(std::unique_ptr<SampleBlock> block);
+  void summarize(BlockEntry& entry);
   bool ordered(unsigned sample) const;
 
   // Read by anyone.
@@ -81,7 +118,7 @@ class SampleStore {
   const bool waveform_;
   CopyableAtomic<bool> ascending_ = true;
   CopyableAtomic<unsigned> size_ = 0u;
-  CopyableAtomic<SampleBlock**> blocks_ = nullptr;
+  CopyableAtomic<BlockEntry*> entries_ = nullptr;
 
   // The writer's own.
   const unsigned limit_;
@@ -92,13 +129,17 @@ class SampleStore {
   std::unique_ptr<Table> newest_;
 };
 
-inline void SampleStore::Append(double x, double y, bool slope) {
+inline bool SampleStore::Append(double x, double y, bool slope) {
   const unsigned size = size_.relaxed();
-  lastBlock_->Add(x, y, slope);
+  const bool widened = lastBlock_->Add(x, y, slope);
   if (x < lastX_)
     ascending_.setRelaxed(false);
   lastX_ = x;
+  // Before the size that lets readers take the block as a whole.
+  if ((size & SampleBlock::kMask) == SampleBlock::kMask)
+    summarize(newest_->entries[size >> SampleBlock::kShift]);
   size_.store(size + 1);
+  return widened;
 }
 
 }  // namespace sparlow

@@ -1,5 +1,6 @@
 #include "sparlow/data/SourceData.h"
 
+#include <algorithm>
 #include <cstring>
 #include <mutex>
 #include <utility>
@@ -102,6 +103,39 @@ SampleStore* SourceData::grow() {
     store->Grow();
   }
   return store;
+}
+
+void SourceData::Add(std::span<const double> xs, std::span<const double> ys) {
+  append({xs.data(), 0.0, 0.0, ys.first(std::min(xs.size(), ys.size()))});
+}
+
+void SourceData::AddUniform(double firstX, double stepX, std::span<const double> ys) {
+  append({nullptr, firstX, stepX, ys});
+}
+
+void SourceData::append(const SampleSpan& samples) {
+  for (std::size_t next = 0; next < samples.ys.size();) {
+    SampleStore* store = store_.Raw();
+    if (!store || store->Full()) {
+      // One that would be dropped makes no room for itself.
+      if (!std::isfinite(samples.x(next)) || !std::isfinite(samples.y(next))) {
+        ++next;
+        continue;
+      }
+      store = grow();
+      if (!store)
+        return;
+    }
+    const Appended added = store->Append(samples, next);
+    next = added.end;
+    if (added.y.low > added.y.high)
+      continue;
+    Widen(yGlobalMin, yGlobalMax, added.y.low);
+    Widen(yGlobalMin, yGlobalMax, added.y.high);
+    Widen(xGlobalMin, xGlobalMax, added.x.low);
+    Widen(xGlobalMin, xGlobalMax, added.x.high);
+    nSamples.store(store->Size());
+  }
 }
 
 void SourceData::Set(unsigned sample, double x, double y, bool slope) {

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <cstdint>
 #include <mutex>
+#include <span>
 #include <thread>
 
 #include "sparlow/data/OwnState.h"
@@ -82,6 +83,11 @@ class SourceData {
   /// there is none for a block. Nothing has changed then, and the same sample may be added again.
   /// Through a copy, samples go to the end of the shared store, which may lie beyond the copy's.
   void Add(double x, double y, bool slope = false);
+  /// Appends many samples at once, with the result of as many calls of Add, and much faster. The
+  /// shorter of the two decides how many. Throws as Add does; the samples before are there then.
+  void Add(std::span<const double> xs, std::span<const double> ys);
+  /// The same with x = firstX + i * stepX for the i-th of ys, from 0 on.
+  void AddUniform(double firstX, double stepX, std::span<const double> ys);
   /// Overwrites a sample, and the flag of a waveform's; one at GetSize() or beyond, or one that Add
   /// would drop, is ignored. The bounds of all samples widen.
   void Set(unsigned sample, double x, double y, bool slope = false);
@@ -309,6 +315,7 @@ class SourceData {
 
  private:
   SampleStore* grow();
+  void append(const SampleSpan& samples);
   void PublishStatParams(const StatisticParameters& values, const SampleStore* store);
   void resetFields();
   void resetBounds();
@@ -335,8 +342,9 @@ inline void SourceData::Add(double x, double y, bool slope) {
     if (!store)
       return;
   }
-  store->Append(x, y, slope);
-  Widen(yGlobalMin, yGlobalMax, y);
+  // What lies within the bounds of its block lies within those of the series.
+  if (store->Append(x, y, slope))
+    Widen(yGlobalMin, yGlobalMax, y);
   Widen(xGlobalMin, xGlobalMax, x);
   nSamples.store(store->Size());
 }

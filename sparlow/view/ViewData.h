@@ -139,6 +139,15 @@ class ViewData : public SourceData, public ViewColumns {
   void renderWaveform(const SampleReader& samples, const GraphAxis& axis);
   bool renderPlain(Fold& fold, const GraphAxis& axis, const RenderKey& key);
   void foldByAxes(Fold& fold, const GraphAxis& axis);
+  static bool isDense(const Fold& fold, const GraphAxis& axis);
+  /// False when the samples are to be folded one by one.
+  bool renderDense(Fold& fold, const GraphAxis& axis);
+  template <class Ver>
+  void foldDense(Fold& fold, const LinearMapping& hor, const Ver& ver);
+  template <class Ver>
+  static void addRange(Column& column, const SampleReader& samples, const Ver& ver, unsigned from,
+                       unsigned end);
+  bool toldToStop() const;
   template <class Pixels>
   void foldWith(Fold& fold, const Pixels& pixels);
   Column columnAt(unsigned i) const;

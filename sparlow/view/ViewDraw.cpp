@@ -27,10 +27,13 @@ void ViewData::Draw(CDC* dc, int /*height*/, bool bold) const {
       dc->FillSolidRect({x - width, y - width, x + width + 1, y + width + 1}, curve);
       continue;
     }
-    // Ends at the latest sample, where the line to the next column goes on.
-    dc->MoveTo(x, yMinPos[i]);
-    dc->LineTo(x, yMaxPos[i]);
-    dc->LineTo(x, yLastPos[i]);
+    // A column of one pixel is where its line has ended.
+    if (!joined || yMinPos[i] != yMaxPos[i]) {
+      dc->MoveTo(x, yMinPos[i]);
+      dc->LineTo(x, yMaxPos[i]);
+    }
+    // The line to the next column goes on at the latest sample, which lies on the stroke.
+    dc->MoveTo(x, yLastPos[i]);
   }
   dc->SelectObject(before);
 }

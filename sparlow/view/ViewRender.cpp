@@ -1,6 +1,6 @@
 #include <algorithm>
 
-#include "sparlow/view/ViewData.h"
+#include "sparlow/view/RenderFold.h"
 
 namespace sparlow {
 
@@ -28,28 +28,6 @@ class ViewData::SamplesInHand {
 };
 
 thread_local ViewData::SamplesInHand* ViewData::SamplesInHand::innermost = nullptr;
-
-// One entry of the columns.
-struct ViewData::Column {
-  int x, first, last, min, max;
-
-  void add(int y) {
-    last = y;
-    min = std::min(min, y);
-    max = std::max(max, y);
-  }
-};
-
-// One pass over samples: where it goes on, and what came of it.
-struct ViewData::Fold {
-  const SampleReader& samples;
-  unsigned sample;  // next to fold
-  unsigned end;
-  unsigned column;    // next to fill
-  bool full;          // from the first sample of the interval, and may be stopped
-  bool alone = true;  // no sample has shared the column of another
-  bool stopped = false;
-};
 
 namespace {
 
@@ -181,10 +159,10 @@ bool ViewData::renderPlain(Fold& fold, const GraphAxis& axis, const RenderKey& k
     rising_.reset();
     nextSample = 0;
   }
-  if (typeid(*this) == *standardMapping_)
-    foldByAxes(fold, axis);
-  else
+  if (typeid(*this) != *standardMapping_)
     foldWith(fold, VirtualPixels{this, &axis});
+  else if (!renderDense(fold, axis))
+    foldByAxes(fold, axis);
   if (fold.full)
     sparse = fold.alone;
   nextColumn = fold.column;

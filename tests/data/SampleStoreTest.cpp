@@ -10,7 +10,7 @@ namespace sparlow::test {
 namespace {
 
 constexpr std::size_t kBlockBytes = sizeof(SampleBlock);
-constexpr std::size_t kTableBytes = SampleStore::kFirstTableSize * sizeof(SampleBlock*);
+constexpr std::size_t kTableBytes = SampleStore::kFirstTableSize * sizeof(BlockEntry);
 
 void expectExactRuns(const SourceData& series) {
   const SampleReader samples = series.Read();

@@ -1,0 +1,178 @@
+#include <gtest/gtest.h>
+
+#include <random>
+#include <vector>
+
+#include "tests/data/Series.h"
+#include "tests/support/AllocationFailure.h"
+
+namespace sparlow::test {
+namespace {
+
+/// x ascends but for a few samples; one sample in `badEvery` is no number, or infinite.
+struct Input {
+  std::vector<double> xs, ys;
+
+  Input(std::mt19937& random, std::size_t count, unsigned badEvery) {
+    std::uniform_real_distribution<double> value(-1, 1);
+    double x = 100 * value(random);
+    for (std::size_t i = 0; i < count; ++i) {
+      x += random() % 3000 == 0 ? value(random) : 0.25 * static_cast<double>(random() % 4);
+      xs.push_back(x);
+      ys.push_back(random() % 500 == 0 ? 1e9 * value(random) : value(random));
+      if (badEvery == 0 || random() % badEvery != 0)
+        continue;
+      const double bad[] = {kNan, kInf, -kInf};
+      (random() % 2 ? xs : ys).back() = bad[random() % 3];
+    }
+  }
+  void addTo(Series& s, std::size_t from, std::size_t count) const {
+    s.Add(std::span(xs).subspan(from, count), std::span(ys).subspan(from, count));
+  }
+};
+
+void expectSameBlock(const SampleBlock& a, const SampleBlock& b, unsigned count) {
+  ASSERT_EQ(a.count, count);
+  ASSERT_EQ(a.yMin, b.yMin);
+  ASSERT_EQ(a.yMax, b.yMax);
+  for (unsigned i = 0; i < count; ++i) {
+    ASSERT_EQ(a.xAt(i), b.xAt(i)) << i;
+    ASSERT_EQ(a.yAt(i), b.yAt(i)) << i;
+    ASSERT_EQ(a.slopeAt(i), b.slopeAt(i)) << i;
+  }
+  for (unsigned run = 0; run << SampleBlock::kRunShift < count; ++run) {
+    ASSERT_EQ(a.runMin[run], b.runMin[run]) << run;
+    ASSERT_EQ(a.runMax[run], b.runMax[run]) << run;
+  }
+  for (unsigned group = 0; group < count >> SampleBlock::kGroupShift; ++group) {
+    ASSERT_EQ(a.groupMin[group], b.groupMin[group]) << group;
+    ASSERT_EQ(a.groupMax[group], b.groupMax[group]) << group;
+  }
+}
+
+void expectSame(const SourceData& bulk, const SourceData& single) {
+  ASSERT_EQ(bulk.GetSize(), single.GetSize());
+  EXPECT_EQ(bulk.xGlobalMin, single.xGlobalMin);
+  EXPECT_EQ(bulk.xGlobalMax, single.xGlobalMax);
+  EXPECT_EQ(bulk.yGlobalMin, single.yGlobalMin);
+  EXPECT_EQ(bulk.yGlobalMax, single.yGlobalMax);
+  ASSERT_EQ(!bulk.Store(), !single.Store());
+  if (!bulk.Store())
+    return;
+  EXPECT_EQ(bulk.Store()->Ascending(), single.Store()->Ascending());
+  EXPECT_EQ(bulk.Store()->iLastBlock(), single.Store()->iLastBlock());
+  const SampleReader a = bulk.Read(), b = single.Read();
+  for (unsigned i = 0; i < a.blockCount(); ++i)
+    ASSERT_NO_FATAL_FAILURE(expectSameBlock(a.block(i), b.block(i), a.countIn(i))) << i;
+  const YRange all = a.RangeOfY(0, a.size()), same = b.RangeOfY(0, b.size());
+  EXPECT_EQ(all.low, same.low);
+  EXPECT_EQ(all.high, same.high);
+}
+
+class BulkAdd : public testing::Test {
+ protected:
+  std::mt19937 random{11};
+  Series bulk, single;
+};
+
+TEST_F(BulkAdd, IsAsManyCallsOfAdd) {
+  for (int round = 0; round < 60; ++round) {
+    const unsigned badEvery[] = {0, 1, 2, 70, 3000};
+    const Input in(random, random() % 40000, badEvery[round % 5]);
+    bulk.Reset();
+    single.Reset();
+    for (std::size_t i = 0; i < in.xs.size();) {
+      const std::size_t most[] = {3, 100, 9000, 30000};
+      const std::size_t count = std::min(random() % most[random() % 4], in.xs.size() - i);
+      if (random() % 3 == 0) {
+        for (std::size_t k = i; k < i + count; ++k)
+          bulk.Add(in.xs[k], in.ys[k]);
+      } else {
+        in.addTo(bulk, i, count);
+      }
+      i += count;
+    }
+    for (std::size_t i = 0; i < in.xs.size(); ++i)
+      single.Add(in.xs[i], in.ys[i]);
+    ASSERT_NO_FATAL_FAILURE(expectSame(bulk, single)) << "round " << round;
+  }
+}
+
+TEST_F(BulkAdd, TakesEvenlySpacedSamplesToo) {
+  for (const double step : {1e-3, 0.0, -0.5, 1e305, kNan}) {
+    const Input in(random, 20000, 1000);
+    bulk.Reset();
+    single.Reset();
+    bulk.AddUniform(1e6, step, std::span(in.ys).first(9000));
+    bulk.AddUniform(2e6, step, std::span(in.ys).subspan(9000));
+    for (std::size_t i = 0; i < in.ys.size(); ++i)
+      single.Add(i < 9000 ? 1e6 + static_cast<double>(i) * step
+                          : 2e6 + static_cast<double>(i - 9000) * step,
+                 in.ys[i]);
+    ASSERT_NO_FATAL_FAILURE(expectSame(bulk, single)) << step;
+  }
+}
+
+TEST_F(BulkAdd, TheShorterSpanDecides) {
+  const std::vector<double> values{1, 2, 3};
+  bulk.Add(values, std::span(values).first(2));
+  bulk.Add(std::span(values).first(1), values);
+  bulk.Add({}, values);
+  EXPECT_EQ(bulk.GetSize(), 3u);
+  EXPECT_EQ(bulk.xGet(2), 1);
+}
+
+TEST_F(BulkAdd, EndsWhereAWaveformIsFull) {
+  const Input in(random, 9000, 90);
+  for (Series* const s : {&bulk, &single}) {
+    s->InitDataTransfer(true);
+    s->InitBlockTransfer();
+    s->Add(-1000, 0, true);
+  }
+  in.addTo(bulk, 0, 9000);
+  for (std::size_t i = 0; i < 9000; ++i)
+    single.Add(in.xs[i], in.ys[i]);
+  EXPECT_EQ(bulk.GetSize(), 8192u);
+  ASSERT_NO_FATAL_FAILURE(expectSame(bulk, single));
+  for (Series* const s : {&bulk, &single}) {
+    s->TermBlockTransfer();
+    s->TermDataTransfer();
+  }
+  expectSame(bulk, single);
+}
+
+TEST_F(BulkAdd, EndsAtTheLimitOfAStore) {
+  const Input in(random, 12000, 0);
+  SampleStore store(false, 10000);
+  std::size_t next = 0;
+  while (!store.AtLimit()) {
+    if (store.Full())
+      store.Grow();
+    next = store.Append({in.xs.data(), 0, 0, in.ys}, next).end;
+  }
+  EXPECT_EQ(next, 10000u);
+  EXPECT_EQ(store.Size(), 10000u);
+  EXPECT_EQ(store.y(9999), in.ys[9999]);
+}
+
+TEST_F(BulkAdd, KeepsWhatCameBeforeAFailedAllocation) {
+  const Input in(random, 20000, 0);
+  {
+    const AllocationFailure noBlock(sizeof(SampleBlock), sizeof(SampleBlock));
+    EXPECT_THROW(in.addTo(bulk, 0, 20000), std::bad_alloc);
+  }
+  EXPECT_FALSE(bulk.Valid());
+  in.addTo(bulk, 0, 8000);
+  {
+    const AllocationFailure noBlock(sizeof(SampleBlock), sizeof(SampleBlock));
+    EXPECT_THROW(in.addTo(bulk, 8000, 12000), std::bad_alloc);
+  }
+  ASSERT_EQ(bulk.GetSize(), 8192u);
+  in.addTo(bulk, 8192, 20000 - 8192);
+  for (std::size_t i = 0; i < 20000; ++i)
+    single.Add(in.xs[i], in.ys[i]);
+  expectSame(bulk, single);
+}
+
+}  // namespace
+}  // namespace sparlow::test

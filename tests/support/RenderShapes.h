@@ -1,0 +1,146 @@
+#pragma once
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "tests/support/FoldModel.h"
+
+namespace sparlow::test {
+
+/// A series, an interval of it and the axes that it is rendered on.
+struct RenderShape {
+  std::vector<Sample> samples;
+  std::vector<unsigned> overwritten;  ///< are Set to what they have now, after other values
+  GraphAxis axis;
+  unsigned from = 0;
+  unsigned end = 0;
+};
+
+/// Makes shapes of up to `most` samples from a stream of 32-bit numbers: even and uneven steps of x,
+/// equal x, gaps, bursts, x out of order; noise, steps, constants, powers of ten, 0 and less on
+/// logarithmic axes; plots of few and of many pixels, far off and turned round.
+template <class Numbers>
+class RenderShapes {
+ public:
+  explicit RenderShapes(Numbers& numbers) : next_(numbers) {}
+
+  RenderShape operator()(std::size_t most) {
+    RenderShape shape;
+    const std::size_t count = 1 + next_() % most;
+    const unsigned steps = next_() % 6, values = next_() % 7;
+    const double size = std::pow(10.0, static_cast<int>(next_() % 13) - 6);
+    double x = next_() % 2 ? 0.0 : unit() * 1e3 * size, y = 0.0;
+    for (std::size_t i = 0; i < count; ++i) {
+      x += size * step(steps);
+      y = value(values, y);
+      shape.samples.push_back({x, y});
+    }
+    for (unsigned i = next_() % 4; i > 0; --i)
+      shape.overwritten.push_back(static_cast<unsigned>(next_() % count));
+    shape.from = next_() % 2 ? 0 : static_cast<unsigned>(next_() % count);
+    shape.end = next_() % 2
+                    ? static_cast<unsigned>(count)
+                    : shape.from + static_cast<unsigned>(next_() % (count - shape.from)) + 1;
+    setAxis(shape, values);
+    return shape;
+  }
+
+ private:
+  double unit() { return next_() / 4294967296.0; }
+
+  double step(unsigned kind) {
+    switch (kind) {
+      case 0:
+        return 1.0;
+      case 1:
+        return unit();
+      case 2:  // equal x in long rows
+        return next_() % 50 == 0 ? 10.0 * unit() : 0.0;
+      case 3:  // bursts and gaps
+        return next_() % 200 == 0 ? 1000.0 * unit() : 1e-3 * unit();
+      case 4:  // out of order, seldom
+        return next_() % 500 == 0 ? -5.0 * unit() : 1.0;
+      default:  // the last digit of a large x
+        return next_() % 2 ? 1e-15 : 1.0;
+    }
+  }
+
+  double value(unsigned kind, double before) {
+    switch (kind) {
+      case 0:
+        return before + unit() - 0.5;
+      case 1:
+        return next_() % 1000 == 0 ? 1e6 * unit() : unit();
+      case 2:
+        return 1.0;
+      case 3:  // right on the lines of a logarithmic grid
+        return std::pow(10.0, static_cast<int>(next_() % 5) - 2);
+      case 4:  // a last digit apart
+        return std::nextafter(100.0, next_() % 2 ? 0.0 : 1e9);
+      case 5: {
+        const double odd[] = {0.0, -1.0, 1e300, -1e300, 5e-324, 1e9 * unit()};
+        return next_() % 100 == 0 ? odd[next_() % 6] : 1.0 + unit();
+      }
+      default:
+        return std::exp(10.0 * unit());
+    }
+  }
+
+  void setAxis(RenderShape& shape, unsigned values) {
+    GraphAxis& axis = shape.axis;
+    const auto [low, high] =
+        std::minmax_element(shape.samples.begin(), shape.samples.end(),
+                            [](const Sample& a, const Sample& b) { return a.y < b.y; });
+    const Sample &a = shape.samples[shape.from], &b = shape.samples[shape.end - 1];
+    axis.ver.log = values >= 3 ? next_() % 3 != 0 : next_() % 8 == 0;
+    axis.hor.log = next_() % 16 == 0;
+    const unsigned place = next_() % 8;
+    if (place == 0)  // zoomed, or turned round
+      axis.SetRange(unit(), unit(), a.x + unit() * (b.x - a.x), a.x + unit() * (b.x - a.x));
+    else if (place == 1)  // far off
+      axis.SetRange(1e12, 1e12 + 1.0, -1e15, -1e15 + 1.0);
+    else
+      axis.SetRange(axis.ver.log ? std::max(low->y, 1e-3) : low->y, high->y, a.x, b.x);
+    axis.hor.SetScale(next_() % 4 ? 1 + next_() % 50 : 1 + next_() % 30000);
+    axis.ver.SetScale(1 + next_() % 600);
+    if (next_() % 64 == 0)
+      axis.hor.scale = next_() % 2 ? 0.0 : -axis.hor.scale;
+  }
+
+  Numbers& next_;
+};
+
+/// Renders a shape in full and compares what comes out with the plain fold. Empty when it is the
+/// same, else what isn't.
+inline std::string DifferenceOfRender(ViewData& view, RenderShape shape) {
+  view.Reset();
+  for (const Sample& s : shape.samples)
+    view.Add(s.x, s.y);
+  for (const unsigned i : shape.overwritten) {
+    const Sample& s = shape.samples[i];
+    view.Set(i, s.x, 1e9);
+    view.Set(i, s.x, -1e9);
+    view.Set(i, s.x, s.y);
+  }
+  view.SetFrom(shape.from);
+  view.SetTo(shape.end);
+  view.ResetViewData();
+  if (!view.Render(&shape.axis, true))
+    return "stopped";
+  FoldModel model;
+  model.render(shape.samples, shape.from, shape.end, shape.axis, true);
+  const auto columns = columnsOf(view);
+  const auto [wrong, right] =
+      std::mismatch(columns.begin(), columns.end(), model.columns.begin(), model.columns.end());
+  if (wrong != columns.end() || right != model.columns.end())
+    return "column " + std::to_string(wrong - columns.begin()) + " of " +
+           std::to_string(columns.size()) + ", should be " + std::to_string(model.columns.size());
+  if (view.nextSample != model.nextSample || view.nextColumn != columns.size())
+    return "goes on at another sample";
+  return view.sparse == model.sparse ? "" : "sparse";
+}
+
+}  // namespace sparlow::test

@@ -1,0 +1,63 @@
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <random>
+#include <string>
+
+#include "tests/support/RenderShapes.h"
+#include "tests/view/View.h"
+
+namespace sparlow::test {
+namespace {
+
+struct Random {
+  explicit Random(unsigned seed) : engine(seed) {}
+  std::uint32_t operator()() { return static_cast<std::uint32_t>(engine()); }
+  std::mt19937 engine;
+};
+
+/// Rounds of a test: SPARLOW_SHAPES asks for a thorough run.
+unsigned rounds(unsigned usual) {
+  const char* const asked = std::getenv("SPARLOW_SHAPES");
+  return asked ? static_cast<unsigned>(std::strtoul(asked, nullptr, 10)) : usual;
+}
+
+TEST(DenseRender, GivesTheColumnsOfThePlainFoldOverManyShapes) {
+  Live<ViewData> view;
+  for (unsigned seed = 1; seed <= rounds(4000); ++seed) {
+    Random random(seed);
+    // One in forty reaches over several blocks.
+    const std::string difference =
+        DifferenceOfRender(view, RenderShapes<Random>(random)(seed % 40 == 0 ? 60000 : 1500));
+    ASSERT_EQ(difference, "") << "seed " << seed;
+  }
+}
+
+TEST(DenseRender, SeesThePeakInEveryPlaceOfALongRecord) {
+  Live<ViewData> view;
+  view.Reset();
+  constexpr unsigned n = 5 * SampleBlock::kSamples + 700;
+  for (unsigned i = 0; i < n; ++i)
+    view.Add(i, 0.5);
+  GraphAxis axis;
+  axis.SetRange(-10, 10, 0, n);
+  axis.hor.SetScale(3);
+  axis.ver.SetScale(200);
+  view.AdjustSizeTo();
+  Random random(7);
+  const auto peakAt = [&](unsigned place) {
+    view.Set(place, place, 9.85);
+    view.Render(&axis, true);
+    const int shown = std::min({view.yMinPos[0], view.yMinPos[1], view.yMinPos[2]});
+    view.Set(place, place, 0.5);
+    return shown;
+  };
+  for (unsigned place = 0; place < n; place += 1 + random() % 97)
+    ASSERT_EQ(peakAt(place), 1) << place;
+  EXPECT_EQ(peakAt(n - 1), 1);
+  view.SetTo(n - 1);
+  EXPECT_EQ(peakAt(n - 1), 95) << "it is not on show";
+}
+
+}  // namespace
+}  // namespace sparlow::test
