@@ -30,8 +30,9 @@ bool EdgeSource::Next(std::vector<Sample>& block, const std::stop_token& stop) {
 std::string EdgeSource::WhyEmpty() const {
   if (!last_)
     return samples_->WhyEmpty();
-  const char* const crosses = lastEdge_ ? "y crosses only once " : "y never crosses ";
-  return samples_->Name() + ": no edges: " + crosses + FormatNumber(*level_, 6);
+  const std::string level = FormatNumber(*level_, 6);
+  return samples_->Name() + ": no edges: " +
+         (lastEdge_ ? "y crosses " + level + " only once" : "y never crosses " + level);
 }
 
 void EdgeSource::findLevel() {

@@ -43,6 +43,9 @@ HostWindow::HostWindow()
       progress_(new QProgressBar) {
   tabs_->setDocumentMode(true);
   tabs_->tabBar()->setAutoHide(true);
+  // The tabs take the focus by themselves: handed on to tabs that are hidden it would go nowhere.
+  tabs_->setFocusProxy(nullptr);
+  tabs_->setFocusPolicy(Qt::NoFocus);
   tabs_->setAccessibleName(QStringLiteral("Graphs"));
   auto* const middle = new QWidget;
   auto* const column = new QVBoxLayout(middle);
@@ -170,6 +173,11 @@ bool HostWindow::turn(int angle) {
 }
 
 bool HostWindow::press(const QKeyEvent& event) {
+  // The menu key is known to Qt by itself.
+  if (event.key() == Qt::Key_F10 && event.modifiers() == Qt::ShiftModifier && menuWanted) {
+    menuWanted();
+    return true;
+  }
   const auto* const found =
       std::find_if(std::begin(kScrollKeys), std::end(kScrollKeys),
                    [&](const ScrollKey& scroll) { return scroll.key == event.key(); });

@@ -28,21 +28,21 @@ struct Place {
 constexpr Place kPlaces[] = {
     {Readout::leftX, "leftX", "Left x", 0, 0},
     {Readout::leftY, "leftY", "Left y", 1, 0},
-    {Readout::samples, "samples", "Count", 2, 0},
-    {Readout::rightX, "rightX", "Right x", 0, 1},
-    {Readout::rightY, "rightY", "Right y", 1, 1},
+    {Readout::rightX, "rightX", "Right x", 2, 0},
+    {Readout::rightY, "rightY", "Right y", 3, 0},
+    {Readout::distanceX, "distanceX", "dx", 0, 1},
+    {Readout::distanceY, "distanceY", "dy", 1, 1},
     {Readout::slope, "slope", "Slope", 2, 1},
-    {Readout::distanceX, "distanceX", "dx", 0, 2},
-    {Readout::distanceY, "distanceY", "dy", 1, 2},
-    {Readout::inverseSlope, "inverseSlope", "1 / slope", 2, 2},
-    {Readout::minimum, "minimum", "Minimum", 0, 3},
-    {Readout::maximum, "maximum", "Maximum", 1, 3},
-    {Readout::span, "span", "Span", 2, 3},
-    {Readout::mean, "mean", "Mean", 0, 4},
-    {Readout::standardDeviation, "standardDeviation", "Std dev.", 1, 4},
-    {Readout::allanDeviation, "allanDeviation", "Allan dev.", 2, 4},
-    {Readout::drift, "drift", "Drift", 0, 5},
-    {Readout::driftOfDrift, "driftOfDrift", "Drift of drift", 1, 5},
+    {Readout::inverseSlope, "inverseSlope", "1 / slope", 3, 1},
+    {Readout::samples, "samples", "Count", 0, 2},
+    {Readout::minimum, "minimum", "Minimum", 1, 2},
+    {Readout::maximum, "maximum", "Maximum", 2, 2},
+    {Readout::span, "span", "Span", 3, 2},
+    {Readout::mean, "mean", "Mean", 0, 3},
+    {Readout::standardDeviation, "standardDeviation", "Std dev.", 1, 3},
+    {Readout::allanDeviation, "allanDeviation", "Allan dev.", 2, 3},
+    {Readout::drift, "drift", "Drift", 0, 4},
+    {Readout::driftOfDrift, "driftOfDrift", "Drift of drift", 1, 4},
 };
 
 /// A line of text that shows when there is no room for all of it: half a unit is another unit.
@@ -106,9 +106,7 @@ InfoBar::InfoBar() : widget_(new Rows) {
         value->fontMetrics().horizontalAdvance(QStringLiteral("-123.456 e-18Hz/s")));
     grid->addWidget(caption, place.row, 2 * place.column);
     grid->addWidget(value, place.row, 2 * place.column + 1);
-    // Counts have a word behind them, slopes and drifts the longest units.
-    const bool isLong = place.column <= 1 || place.column == 5;
-    grid->setColumnStretch(2 * place.column + 1, isLong ? 4 : 3);
+    grid->setColumnStretch(2 * place.column + 1, 1);
     fields_[place.what] = {place.caption, value};
   }
   clearFrom(Readout::leftX, Readout::inverseSlope);

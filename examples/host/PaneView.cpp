@@ -2,6 +2,7 @@
 
 #include <stdexcept>
 #include <type_traits>
+#include <utility>
 
 #include "sparlow/platform/Windows.h"
 
@@ -22,6 +23,19 @@ class WatchedView final : public Base, public PaneView {
   ViewData* Active() const override {
     return this->graph ? this->graph->GetActiveViewData() : nullptr;
   }
+  LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
+    // An update ends the box that a user draws, and while samples come there is always one.
+    if (message == WM_UPDATE_GRAPH && this->zoomDrag) {
+      updateDue_ = true;
+      return 0;
+    }
+    const HWND window = this->GetSafeHwnd();
+    const LRESULT result = Base::WindowProc(message, wParam, lParam);
+    CRect area;
+    if (GetClientRect(window, &area) && !this->zoomDrag && std::exchange(updateDue_, false))
+      PostMessage(window, WM_UPDATE_GRAPH, 0, 0);
+    return result;
+  }
   bool TakeOut(ViewData* series) override {
     return this->graph && this->graph->RemoveViewData(series);
   }
@@ -34,6 +48,9 @@ class WatchedView final : public Base, public PaneView {
     if (GetClientRect(window, &area) && Active() != before && removed)
       removed(before);
   }
+
+ private:
+  bool updateDue_ = false;  // and waits for the end of a box
 };
 
 PaneView* make(ViewKind kind) {

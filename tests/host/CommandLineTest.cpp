@@ -91,6 +91,8 @@ TEST_F(CommandLine, EdgesAreFoundInAFileOfOneColumn) {
   Write("steps", record);
   Expect({"steps", "--rate", "1000", "--edges"}, 0, "");
   ExpectOutput("^steps, edges: 94 samples, x 0.0205 to 0.9935, y 0.007 to 0.014\n");
+  Expect({"steps", "--rate", "1000", "--edges", "--level=2"}, 2,
+         "sparlow-host: steps: no edges: y never crosses 2\n");
 }
 
 TEST_F(CommandLine, MasksAnalysesAndAPageAreLeftByTheEnd) {
@@ -126,6 +128,7 @@ TEST_F(CommandLine, WithNothingToShowItFailsWithoutPictures) {
          "sparlow-host: nan:1: not a finite number, skipped\n"
          "sparlow-host: nan: 1 sample skipped: not a finite number\n"
          "sparlow-host: nan: no samples\n");
+  Expect({"--seconds", "1e-6"}, 2, "sparlow-host: Timer wake-up delay: no samples\n");
   Expect({"--bogus"}, 2, "sparlow-host: unknown option '--bogus'; --help lists all\n");
   Expect({"--seconds", "soon"}, 2,
          "sparlow-host: --seconds: 'soon' is not a number of seconds above 0\n");

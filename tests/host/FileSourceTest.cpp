@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <fstream>
 #include <sstream>
+#include <thread>
 
 #include "tests/host/Sources.h"
 
@@ -49,8 +50,8 @@ Reading read(std::string_view content, std::optional<double> rate = std::nullopt
 TEST(FileSource, ReadsColumnsHoweverTheyAreSeparated) {
   for (const char* const content :
        {"1 -2.5\n2 3e-3\n", "1\t-2.5\r\n2\t3e-3\r\n", "1,-2.5\n2,3e-3", "  1 ; -2.5  \n\n+2;3e-3;",
-        "\xEF\xBB\xBF# x y\n% more\n;and more\n1 -2.5 # first\n2 3e-3\n",
-        "1 -2.5 9 word\n2 3e-3"}) {
+        "\xEF\xBB\xBF# x y\n% more\n;and more\n1 -2.5 # first\n2 3e-3\n", "1 -2.5 9 word\n2 3e-3",
+        "t [s], level 1 [V]\n1,\t-2.5\n2,3e-3", "t;y\n1;-2.5\n2;3e-3"}) {
     const Reading reading = read(content);
     EXPECT_EQ(reading.samples, (Samples{{1, -2.5}, {2, 3e-3}})) << content;
     EXPECT_EQ(reading.told, Lines{}) << content;
@@ -75,6 +76,9 @@ TEST(FileSource, EndsAtALineThatIsNoSample) {
       {"1 2\n3,,4\n", ":2: a column is empty"},
       {"1 2\n3,\n", ":2: the file ends after x, without y"},
       {"1 2\n3\n5 6\n", ":2: x without y"},
+      {"1 2\n3,5;4,5\n", ":2: a comma and another separator in one line; decimals need a point"},
+      {"1 2\n3\t4,5\n", ":2: a comma and another separator in one line; decimals need a point"},
+      {"t y\n1 2\nt y\n", ":3: 't' is not a number"},
   };
   for (const auto& [content, told] : cases) {
     const Reading reading = read(content);
@@ -89,6 +93,9 @@ TEST(FileSource, TellsWhyAFileGivesNothing) {
             Lines{":1: a second column, and --rate is for files that have one"});
   EXPECT_EQ(read(std::string(2 * LineReader::maxLine, '1')).told,
             Lines{":1: a line of more than 65536 characters: this is no text"});
+  EXPECT_EQ(read("\xFF\xFE 1 2\n").told, Lines{":1: looks like UTF-16 text"});
+  EXPECT_EQ(read("# no number\nat all\n").told, Lines{":2: 'at' is not a number"});
+  EXPECT_EQ(read("two\nheads\n1 2\n").told, Lines{":1: 'two' is not a number"});
   EXPECT_EQ(readFile("/", {}).told, Lines{": Is a directory"});
 }
 
@@ -122,6 +129,27 @@ TEST(FileSource, WaitsForAPipeOnlyUntilItIsStopped) {
   EXPECT_FALSE(source.Next(block, std::stop_token()));
   EXPECT_EQ(block, (Samples{{30, 4}}));
   close(ends[0]);
+}
+
+TEST(FileSource, HandsOverWhatComesFromAPipeThatNeverPauses) {
+  int ends[2];
+  ASSERT_EQ(pipe(ends), 0);
+  std::ostringstream told;
+  ErrorLog log(told);
+  FileSource source("/dev/fd/" + std::to_string(ends[0]), {}, "V", log);
+  ASSERT_TRUE(source.Open());
+  std::jthread writer([end = ends[1]](const std::stop_token& stop) {
+    while (!stop.stop_requested() && write(end, "1 2\n", 4) == 4)
+      std::this_thread::sleep_for(std::chrono::milliseconds(1));
+  });
+  Samples block;
+  while (block.empty())
+    EXPECT_TRUE(source.Next(block, std::stop_token()));
+  EXPECT_LT(block.size(), 10'000u) << "all that a block holds is waited for";
+  writer.request_stop();
+  writer.join();
+  close(ends[0]);
+  close(ends[1]);
 }
 
 }  // namespace

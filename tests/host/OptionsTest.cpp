@@ -56,6 +56,8 @@ TEST(HostOptions, RefuseWhatTheyCannotTake) {
                                         {"--synthetic", "0"},
                                         {"--synthetic", "5G"},
                                         {"--synthetic=5", "f"},
+                                        {"--level=1"},  // without edges
+                                        {"--edges", "--level=nan"},
                                         {"--pictures="},
                                         {"--view", "double"},
                                         {"--mask", "mean"},  // without a view for it

@@ -14,6 +14,7 @@
 #include <numeric>
 
 #include "examples/host/Session.h"
+#include "examples/host/TimerSource.h"
 #include "tests/host/Sources.h"
 
 namespace sparlow::host {
@@ -140,6 +141,35 @@ TEST_F(SessionTest, ShowsEveryReadoutAndFollowsZoomsAndCursors) {
     Expect("samples", "500 Sample");
     Turn(240);
     Expect("leftX", "438 ms");
+  });
+}
+
+TEST_F(SessionTest, KeysScrollAndReachTheReadouts) {
+  options.width = 400;
+  AddRamp(0);
+  Run([this] {
+    Expect("mean", "499.5 V");
+    Key(Qt::Key_Plus);
+    Expect("leftX", "250 ms");
+    Key(Qt::Key_PageDown);
+    Expect("leftX", "500 ms");
+    Key(Qt::Key_PageUp);
+    Expect("leftX", "0 s");
+    Key(Qt::Key_Tab);
+    EXPECT_EQ(View()->objectName(), "readouts");
+  });
+}
+
+TEST_F(SessionTest, StopsAMeasurementAndStays) {
+  options.job = HostOptions::Job::measure;
+  session->Add(std::make_unique<TimerSource>(std::chrono::milliseconds(1), std::nullopt));
+  Run([this] {
+    Channel& channel = session->At(0);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return channel.Samples().size() > 100; }));
+    Choose("data.stop");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return channel.Settled(); }));
+    EXPECT_EQ(channel.Progress(), 1.0);
+    EXPECT_FALSE(session->ClosedByUser());
   });
 }
 
