@@ -26,6 +26,20 @@ struct YRange {
   }
 };
 
+/// Lowers or raises a bound that one thread writes, on a strict comparison. True when it did.
+inline bool Widen(CopyableAtomic<double>& low, CopyableAtomic<double>& high, double value) {
+  bool widened = false;
+  if (value < low.relaxed()) {
+    low.setRelaxed(value);
+    widened = true;
+  }
+  if (value > high.relaxed()) {
+    high.setRelaxed(value);
+    widened = true;
+  }
+  return widened;
+}
+
 /// One block of a series: 8192 samples that never move, the y range of what was added, and the
 /// exact y ranges of each run of 64 samples and of each group of 16 runs.
 ///
@@ -58,26 +72,31 @@ struct SampleBlock {
 
   /// The exact y range of a full block.
   YRange RangeOfGroups() const;
-  /// Appends at place count. The caller sees to it that there is room.
-  /// True when y has widened yMin to yMax.
-  bool Add(double newX, double newY, bool newSlope);
-  /// The next run for samples that come in bulk: they are written to x and y behind count, where
-  /// nobody reads yet, and counted by this. range: of their y.
-  void Count(unsigned more, const YRange& range);
-  /// Overwrites a sample below count.
-  void Set(unsigned place, double newX, double newY, bool newSlope);
-  /// Selection sort of the samples below count; slopes go with their samples.
-  void SortByX();
+  /// Writes a sample that nobody reads yet.
+  void Write(unsigned place, double newX, double newY, bool newSlope) {
+    x[place] = newX;
+    y[place] = newY;
+    if (slope)
+      slope[place] = newSlope ? 1 : 0;
+  }
+  /// Works out the ranges that end before a place, a multiple of kRunSamples: all samples before it
+  /// are written. A reader uses them only when it knows of those samples.
+  void FinishRun(unsigned end);
+  /// The same when the range of the run is known.
+  void FinishRun(unsigned end, const YRange& range);
+  /// Overwrites one of `count` samples.
+  void Set(unsigned place, double newX, double newY, bool newSlope, unsigned count);
+  /// Selection sort of the first `count` samples; slopes go with their samples.
+  void SortByX(unsigned count);
 
   double x[kSamples];
   double y[kSamples];
   std::unique_ptr<std::uint8_t[]> slope;
   CopyableAtomic<double> yMin = kNoMin;
   CopyableAtomic<double> yMax = kNoMax;
-  CopyableAtomic<unsigned> count = 0u;
+  /// Of finished runs, and of finished groups; what stands for others means nothing.
   CopyableAtomic<double> runMin[kRuns];
   CopyableAtomic<double> runMax[kRuns];
-  /// Of the finished runs of a group; all of it when the group is full.
   CopyableAtomic<double> groupMin[kGroups];
   CopyableAtomic<double> groupMax[kGroups];
 
@@ -96,27 +115,5 @@ struct SampleBlock {
   void summarizeRun(unsigned run);
   void summarizeGroup(unsigned group);
 };
-
-/// Lowers or raises a bound that one thread writes, on a strict comparison. True when it did.
-inline bool Widen(CopyableAtomic<double>& low, CopyableAtomic<double>& high, double value) {
-  const bool lower = value<low.relaxed(), higher = value> high.relaxed();
-  if (lower)
-    low.setRelaxed(value);
-  if (higher)
-    high.setRelaxed(value);
-  return lower || higher;
-}
-
-inline bool SampleBlock::Add(double newX, double newY, bool newSlope) {
-  const unsigned place = count.relaxed();
-  put(place, newX, newY, newSlope);
-  const bool widened = Widen(yMin, yMax, newY);
-  const unsigned run = place >> kRunShift;
-  Widen(runMin[run], runMax[run], newY);
-  if ((place & (kGroupSamples - 1)) == kGroupSamples - 1)
-    summarizeGroup(place >> kGroupShift);
-  count.setRelaxed(place + 1);
-  return widened;
-}
 
 }  // namespace sparlow

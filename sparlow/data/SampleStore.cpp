@@ -18,26 +18,23 @@ std::uint64_t nextSerial() {
 
 }  // namespace
 
-// The samples themselves stay as memory gives them: nobody reads what isn't counted.
+// The samples stay as memory gives them: nobody reads what isn't counted.
 SampleBlock::SampleBlock(bool withSlopes)
-    : slope(withSlopes ? std::make_unique<std::uint8_t[]>(kSamples) : nullptr) {
-  for (unsigned run = 0; run < kRuns; ++run) {
-    runMin[run].setRelaxed(kNoMin);
-    runMax[run].setRelaxed(kNoMax);
-  }
-}
+    : slope(withSlopes ? std::make_unique<std::uint8_t[]>(kSamples) : nullptr) {}
 
-void SampleBlock::Set(unsigned place, double newX, double newY, bool newSlope) {
+void SampleBlock::Set(unsigned place, double newX, double newY, bool newSlope, unsigned count) {
   put(place, newX, newY, newSlope);
-  summarizeRun(place >> kRunShift);
-  summarizeGroup(place >> kGroupShift);
+  const unsigned run = place >> kRunShift, group = place >> kGroupShift;
+  if ((run + 1) << kRunShift <= count)
+    summarizeRun(run);
+  if ((group + 1) << kGroupShift <= count)
+    summarizeGroup(group);
 }
 
-void SampleBlock::SortByX() {
-  const unsigned samples = count.relaxed();
-  for (unsigned i = 0; i < samples; ++i) {
+void SampleBlock::SortByX(unsigned count) {
+  for (unsigned i = 0; i < count; ++i) {
     unsigned smallest = i;
-    for (unsigned k = i + 1; k < samples; ++k)
+    for (unsigned k = i + 1; k < count; ++k)
       if (xAt(k) < xAt(smallest))
         smallest = k;
     if (smallest == i)
@@ -47,21 +44,37 @@ void SampleBlock::SortByX() {
     put(i, xAt(smallest), yAt(smallest), slopeAt(smallest));
     put(smallest, oldX, oldY, oldSlope);
   }
-  for (unsigned run = 0; run << kRunShift < samples; ++run)
-    summarizeRun(run);
-  for (unsigned group = 0; group < kGroups; ++group)
-    summarizeGroup(group);
+  for (unsigned end = kRunSamples; end <= count; end += kRunSamples)
+    FinishRun(end);
 }
 
+void SampleBlock::FinishRun(unsigned end) {
+  summarizeRun((end - 1) >> kRunShift);
+  if (end % kGroupSamples == 0)
+    summarizeGroup((end - 1) >> kGroupShift);
+}
+
+void SampleBlock::FinishRun(unsigned end, const YRange& range) {
+  const unsigned run = (end - 1) >> kRunShift;
+  runMin[run].setRelaxed(range.low);
+  runMax[run].setRelaxed(range.high);
+  if (end % kGroupSamples == 0)
+    summarizeGroup((end - 1) >> kGroupShift);
+}
+
+// By the thread that writes, so that its samples need no atomic reads. In lanes that don't wait for
+// one another.
 void SampleBlock::summarizeRun(unsigned run) {
-  double low = kNoMin, high = kNoMax;
-  const unsigned end = std::min((run + 1) << kRunShift, count.relaxed());
-  for (unsigned place = run << kRunShift; place < end; ++place) {
-    low = std::min(low, yAt(place));
-    high = std::max(high, yAt(place));
-  }
-  runMin[run].setRelaxed(low);
-  runMax[run].setRelaxed(high);
+  constexpr unsigned lanes = 4;
+  const double* const ys = y + (run << kRunShift);
+  YRange ranges[lanes];
+  for (unsigned i = 0; i < kRunSamples; i += lanes)
+    for (unsigned lane = 0; lane < lanes; ++lane)
+      ranges[lane].Include(ys[i + lane]);
+  for (unsigned lane = 1; lane < lanes; ++lane)
+    ranges[0].Include(ranges[lane]);
+  runMin[run].setRelaxed(ranges[0].low);
+  runMax[run].setRelaxed(ranges[0].high);
 }
 
 void SampleBlock::summarizeGroup(unsigned group) {
@@ -104,6 +117,7 @@ std::unique_ptr<SampleStore::Table> SampleStore::makeTable(unsigned size) {
 
 void SampleStore::enter(std::unique_ptr<SampleBlock> block) {
   lastBlock_ = block.release();
+  lastRange_ = {};
   newest_->entries[nBlocks_++].block = lastBlock_;
   appendEnd_ = std::min(nCapacity(), limit_);
 }
@@ -127,17 +141,6 @@ std::size_t SampleStore::MemoryUse() const {
   for (const Table* table = newest_.get(); table; table = table->older.get())
     bytes += sizeof(*table) + table->size * sizeof(BlockEntry);
   return bytes;
-}
-
-void SampleBlock::Count(unsigned more, const YRange& range) {
-  const unsigned place = count.relaxed();
-  Widen(yMin, yMax, range.low);
-  Widen(yMin, yMax, range.high);
-  Widen(runMin[place >> kRunShift], runMax[place >> kRunShift], range.low);
-  Widen(runMin[place >> kRunShift], runMax[place >> kRunShift], range.high);
-  count.setRelaxed(place + more);
-  if (((place + more) & (kGroupSamples - 1)) == 0)
-    summarizeGroup(place >> kGroupShift);
 }
 
 namespace {
@@ -204,10 +207,7 @@ Appended SampleStore::Append(const SampleSpan& samples, std::size_t begin) {
     auto count = static_cast<unsigned>(std::min<std::size_t>(room, samples.ys.size() - all.end));
     double* const xs = block.x + place;
     double* const ys = block.y + place;
-    for (unsigned i = 0; i < count; ++i) {
-      xs[i] = samples.x(all.end + i);
-      ys[i] = samples.y(all.end + i);
-    }
+    samples.CopyTo(xs, ys, all.end, count);
     Run run = examine(xs, ys, count, lastX_);
     all.end += count;
     if (!run.finite) {
@@ -221,28 +221,52 @@ Appended SampleStore::Append(const SampleSpan& samples, std::size_t begin) {
     for (unsigned i = 0; i < count; i += run.ascends ? std::max(count - 1, 1u) : 1)
       all.x.Include(xs[i]);
     lastX_ = xs[count - 1];
-    block.Count(count, run.y);
+    takeRun(place, count, run.y);
     all.y.Include(run.y);
     place += count;
   }
   if (place == SampleBlock::kSamples)
-    summarize(newest_->entries[size >> SampleBlock::kShift]);
+    finishBlock(newest_->entries[size >> SampleBlock::kShift]);
   size_.store(size + (place - start));
   return all;
 }
 
+void SampleStore::widenBlock(const YRange& range) {
+  lastRange_.Include(range);
+  lastBlock_->yMin.setRelaxed(lastRange_.low);
+  lastBlock_->yMax.setRelaxed(lastRange_.high);
+}
+
+void SampleStore::takeRun(unsigned place, unsigned count, const YRange& range) {
+  widenBlock(range);
+  if (count == SampleBlock::kRunSamples)
+    lastBlock_->FinishRun(place + count, range);
+  else if ((place + count) % SampleBlock::kRunSamples == 0)
+    lastBlock_->FinishRun(place + count);
+}
+
+void SampleStore::finishRun(unsigned end) {
+  BlockEntry& entry = newest_->entries[(end - 1) >> SampleBlock::kShift];
+  const unsigned place = ((end - 1) & SampleBlock::kMask) + 1;
+  entry.block->FinishRun(place);
+  if (place == SampleBlock::kSamples)
+    finishBlock(entry);
+}
+
 void SampleStore::Set(unsigned sample, double x, double y, bool slope) {
   BlockEntry& entry = newest_->entries[sample >> SampleBlock::kShift];
-  entry.block->Set(sample & SampleBlock::kMask, x, y, slope);
-  if (entry.block->count.relaxed() == SampleBlock::kSamples)
-    summarize(entry);
+  const unsigned first = sample & ~SampleBlock::kMask;
+  const unsigned count = std::min(size_.relaxed() - first, SampleBlock::kSamples);
+  entry.block->Set(sample - first, x, y, slope, count);
+  if (count == SampleBlock::kSamples)
+    finishBlock(entry);
   if (!ordered(sample))
     ascending_.setRelaxed(false);
   if (sample + 1 == size_.relaxed())
     lastX_ = x;
 }
 
-void SampleStore::summarize(BlockEntry& entry) {
+void SampleStore::finishBlock(BlockEntry& entry) {
   const YRange range = entry.block->RangeOfGroups();
   entry.low.setRelaxed(range.low);
   entry.high.setRelaxed(range.high);
@@ -255,7 +279,7 @@ bool SampleStore::ordered(unsigned sample) const {
 
 void SampleStore::SortFirstBlock() {
   const unsigned size = size_.relaxed();
-  newest_->entries[0].block->SortByX();
+  newest_->entries[0].block->SortByX(std::min(size, SampleBlock::kSamples));
   if (size == 0 || nBlocks_ > 1)
     return;
   lastX_ = x(size - 1);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <span>
@@ -17,8 +19,19 @@ struct SampleSpan {
   double stepX;
   std::span<const double> ys;
 
-  double x(std::size_t i) const { return xs ? xs[i] : firstX + static_cast<double>(i) * stepX; }
+  double x(std::size_t i) const { return xs ? xs[i] : firstX + Number(i) * stepX; }
   double y(std::size_t i) const { return ys[i]; }
+  /// Copies samples from one on. The numbers of samples are exact in a double, and so are sums.
+  void CopyTo(double* toX, double* toY, std::size_t begin, unsigned count) const {
+    const double first = Number(begin);
+    for (unsigned i = 0; i < count; ++i)
+      toX[i] = xs ? xs[begin + i] : firstX + (first + static_cast<int>(i)) * stepX;
+    std::copy_n(ys.data() + begin, count, toY);
+  }
+  /// Of a signed number: a conversion in one instruction.
+  static double Number(std::size_t i) {
+    return static_cast<double>(static_cast<std::ptrdiff_t>(i));
+  }
 };
 
 /// What was appended in one go: how many samples of the span were looked at, and the bounds of those
@@ -60,6 +73,8 @@ class SampleStore {
   /// @name Reading
   /// Of samples that Size() once counted; not checked.
   unsigned Size() const { return size_.load(); }
+  /// The same for the thread that adds.
+  unsigned OwnSize() const { return size_.relaxed(); }
   const BlockEntry* Entries() const { return entries_.load(); }
   const SampleBlock& Block(unsigned sample) const {
     return *Entries()[sample >> SampleBlock::kShift].block;
@@ -81,7 +96,8 @@ class SampleStore {
   /// Bytes that the store takes: samples, their ranges, tables. The feeding thread's to ask.
   std::size_t MemoryUse() const;
   /// The next sample needs Grow first, or is beyond the limit.
-  bool Full() const { return size_.relaxed() >= appendEnd_; }
+  bool Full() const { return FullAt(size_.relaxed()); }
+  bool FullAt(unsigned size) const { return size >= appendEnd_; }
   /// No sample is taken any more.
   bool AtLimit() const { return size_.relaxed() >= limit_; }
   /// The next Grow moves the block table.
@@ -90,8 +106,9 @@ class SampleStore {
   /// @name Writing
   /// Makes room for one more block. Throws as the constructor does and leaves the store as it was.
   void Grow();
-  /// Appends a finite sample, unless Full(). True when its y has widened the bounds of its block.
-  bool Append(double x, double y, bool slope);
+  /// Appends a finite sample behind the `size` that there are, unless Full(). True when its y has
+  /// widened the bounds of its block.
+  bool Append(unsigned size, double x, double y, bool slope);
   /// Appends the finite samples of a span from its sample begin on, as far as the block in work has
   /// room. Not when Full().
   Appended Append(const SampleSpan& samples, std::size_t begin);
@@ -110,7 +127,10 @@ class SampleStore {
   };
   static std::unique_ptr<Table> makeTable(unsigned size);
   void enter(std::unique_ptr<SampleBlock> block);
-  void summarize(BlockEntry& entry);
+  void finishRun(unsigned end);
+  void finishBlock(BlockEntry& entry);
+  void takeRun(unsigned place, unsigned count, const YRange& range);
+  void widenBlock(const YRange& range);
   bool ordered(unsigned sample) const;
 
   // Read by anyone.
@@ -125,21 +145,24 @@ class SampleStore {
   unsigned nBlocks_ = 0;
   unsigned appendEnd_ = 0;  // size that the blocks, or the limit, allow
   SampleBlock* lastBlock_ = nullptr;
+  YRange lastRange_;  // yMin and yMax of that block, in the writer's own memory
   double lastX_ = SampleBlock::kNoMax;
   std::unique_ptr<Table> newest_;
 };
 
-inline bool SampleStore::Append(double x, double y, bool slope) {
-  const unsigned size = size_.relaxed();
-  const bool widened = lastBlock_->Add(x, y, slope);
+inline bool SampleStore::Append(unsigned size, double x, double y, bool slope) {
+  lastBlock_->Write(size & SampleBlock::kMask, x, y, slope);
+  const bool widens = y < lastRange_.low || y > lastRange_.high;
+  if (widens)
+    widenBlock({y, y});
   if (x < lastX_)
     ascending_.setRelaxed(false);
   lastX_ = x;
-  // Before the size that lets readers take the block as a whole.
-  if ((size & SampleBlock::kMask) == SampleBlock::kMask)
-    summarize(newest_->entries[size >> SampleBlock::kShift]);
+  // Before the size that lets readers take the run as a whole.
+  if ((~size & (SampleBlock::kRunSamples - 1)) == 0)
+    finishRun(size + 1);
   size_.store(size + 1);
-  return widened;
+  return widens;
 }
 
 }  // namespace sparlow

@@ -334,19 +334,22 @@ class SourceData {
 };
 
 inline void SourceData::Add(double x, double y, bool slope) {
-  if (!std::isfinite(x) || !std::isfinite(y))
+  // A number less itself is 0, anything else isn't a number: one comparison.
+  if (!((x - x) + (y - y) >= 0.0))
     return;
   SampleStore* store = store_.Raw();
-  if (!store || store->Full()) {
+  unsigned size = store ? store->OwnSize() : 0;
+  if (!store || store->FullAt(size)) {
     store = grow();
     if (!store)
       return;
+    size = store->OwnSize();
   }
   // What lies within the bounds of its block lies within those of the series.
-  if (store->Append(x, y, slope))
+  if (store->Append(size, x, y, slope))
     Widen(yGlobalMin, yGlobalMax, y);
   Widen(xGlobalMin, xGlobalMax, x);
-  nSamples.store(store->Size());
+  nSamples.store(size + 1);
 }
 
 }  // namespace sparlow

@@ -14,9 +14,10 @@ constexpr std::size_t kTableBytes = SampleStore::kFirstTableSize * sizeof(BlockE
 
 void expectExactRuns(const SourceData& series) {
   const SampleReader samples = series.Read();
-  for (unsigned begin = 0; begin < samples.size(); begin += SampleBlock::kRunSamples) {
+  constexpr unsigned kRun = SampleBlock::kRunSamples;
+  for (unsigned begin = 0; begin + kRun <= samples.size(); begin += kRun) {
     double low = INFINITY, high = -INFINITY;
-    for (unsigned i = begin; i < std::min(begin + SampleBlock::kRunSamples, samples.size()); ++i) {
+    for (unsigned i = begin; i < begin + kRun; ++i) {
       low = std::min(low, samples.y(i));
       high = std::max(high, samples.y(i));
     }
@@ -69,7 +70,8 @@ TEST(SampleStore, TakesNoSampleBeyondItsLimit) {
   while (!store.AtLimit()) {
     if (store.Full())
       store.Grow();
-    store.Append(taken++, 0, false);
+    store.Append(taken, taken, 0, false);
+    ++taken;
   }
   EXPECT_EQ(taken, 10000u);
   EXPECT_TRUE(store.Full());
