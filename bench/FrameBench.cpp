@@ -43,7 +43,7 @@ void expose(benchmark::State& state) {
 #ifdef SPARLOW_BENCH_QCUSTOMPLOT
 
 QCustomPlot& peer(unsigned samples) {
-  static std::map<unsigned, std::unique_ptr<QCustomPlot>> all;
+  static auto& all = *new std::map<unsigned, std::unique_ptr<QCustomPlot>>;  // for ever, as Qt
   auto& plot = all[samples];
   if (plot)
     return *plot;

@@ -30,7 +30,8 @@ qt::Application& TheApplication() {
   static int argc = 1;
   static char name[] = "bench_screen";
   static char* argv[] = {name, nullptr};
-  static qt::Application application(argc, argv);
+  // For ever: at the end of the program Qt's own objects are gone before it.
+  static auto& application = *new qt::Application(argc, argv);
   return application;
 }
 
