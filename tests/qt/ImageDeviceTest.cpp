@@ -65,6 +65,35 @@ TEST_P(ImageDeviceTest, StraightLinesAreCrispAndTheSameInBothDirections) {
   }
 }
 
+TEST_P(ImageDeviceTest, WidePiecesOfACurveCoverBothEndsAndAllRowsBetween) {
+  const CPoint a{20, 25};
+  for (const int w : {2, 3}) {
+    for (const CPoint step : {CPoint{1, 20}, {2, -17}, {3, 3}, {-1, 14}, {15, 2}}) {
+      SCOPED_TRACE(testing::Message() << "width " << w << ", by " << step.x << ", " << step.y);
+      const CPoint b{a.x + step.x, a.y + step.y};
+      const int count = inkedBy(a, b, {PS_SOLID, w, ink});
+      const QImage image = device.Image().copy();
+      const auto begin = [&](int c) { return edge(c - w / 2); };
+      const QRect ends[] = {{begin(a.x), begin(a.y), edge(w), edge(w)},
+                            {begin(b.x), begin(b.y), edge(w), edge(w)}};
+      for (const QRect& end : ends) {
+        for (int y = end.top(); y <= end.bottom() && y < image.height(); ++y)
+          for (int x = end.left(); x <= end.right(); ++x)
+            ASSERT_EQ(FromQt(image.pixel(x, y)), ink) << x << ", " << y;
+      }
+      // Each row has the pen's width at least, and no pixel is beyond the two ends.
+      const QRect around = (ends[0] | ends[1]).intersected(image.rect());
+      EXPECT_EQ(Find(image, ink).area, around);
+      EXPECT_GE(count, around.height() * edge(w));
+      EXPECT_LE(count, around.width() * around.height());
+      EXPECT_EQ(inkedBy(b, a, {PS_SOLID, w, ink}), count);
+      EXPECT_EQ(device.Image(), image);
+    }
+    const int rows = device.Image().height() - edge(a.y - w / 2);
+    EXPECT_EQ(inkedBy(a, {a.x + 2, 100000}, {PS_SOLID, w, ink}), rows * edge(w));
+  }
+}
+
 TEST_P(ImageDeviceTest, PatternsScaleWithTheWidthAndGapsAreTransparent) {
   for (const int w : {1, 2}) {
     SCOPED_TRACE(w);

@@ -40,7 +40,7 @@ class Painting {
   void setPen(const QPen& pen);
   void fill(const QRect& area, QRgb color);
   void band(const QRect& area, Qt::Orientation along, const Stroke& stroke);
-  void thinLine(QPoint from, QPoint to, const Stroke& stroke);
+  void runLine(QPoint from, QPoint to, int thickness, const Stroke& stroke);
   void wideLine(CPoint from, CPoint to, const Stroke& stroke);
   double penCentre(int c, int width) const;
 

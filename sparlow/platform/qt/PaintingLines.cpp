@@ -48,6 +48,13 @@ bool isNear(const QLineF& line) {
   return fits(line.x1()) && fits(line.y1()) && fits(line.x2()) && fits(line.y2());
 }
 
+/// The pieces that connect the columns of a curve: a few rectangles take less time than a stroke.
+bool isShort(CPoint from, CPoint to) {
+  constexpr std::int64_t most = 3;
+  return std::min(std::abs(std::int64_t{to.x} - from.x), std::abs(std::int64_t{to.y} - from.y)) <=
+         most;
+}
+
 QPen makePen(const Stroke& stroke, int width, double offset) {
   const DashPattern dashes(stroke.style);
   QPen pen(QColor(ToQt(stroke.color)), width, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin);
@@ -85,8 +92,13 @@ void Painting::Line(CPoint from, CPoint to, const Stroke& stroke, const Clip& cl
     band(QRect(begin, QSize(end.x() - begin.x() + thickness, end.y() - begin.y() + thickness)),
          from.x == to.x ? Qt::Vertical : Qt::Horizontal, stroke);
   } else if (scale_.Width(stroke.width) == 1) {
-    thinLine({scale_.Middle(from.x), scale_.Middle(from.y)},
-             {scale_.Middle(to.x), scale_.Middle(to.y)}, stroke);
+    runLine({scale_.Middle(from.x), scale_.Middle(from.y)},
+            {scale_.Middle(to.x), scale_.Middle(to.y)}, 1, stroke);
+  } else if (isShort(from, to) && stroke.mix == R2_COPYPEN && DashPattern(stroke.style).IsSolid()) {
+    const int w = stroke.width;
+    runLine({scale_.Edge(PenBegin(from.x, w)), scale_.Edge(PenBegin(from.y, w))},
+            {scale_.Edge(PenBegin(to.x, w)), scale_.Edge(PenBegin(to.y, w))}, scale_.Width(w),
+            stroke);
   } else {
     wideLine(from, to, stroke);
   }
@@ -111,8 +123,10 @@ void Painting::band(const QRect& area, Qt::Orientation along, const Stroke& stro
 
 /// Runs of pixels in the direction in which the line is longer. Run k holds the steps i whose exact
 /// offset i * m / n rounds to k, so it is found without walking: a line of two runs costs two
-/// rectangles, however long it is.
-void Painting::thinLine(QPoint from, QPoint to, const Stroke& stroke) {
+/// rectangles, however long it is. Of a wide pen, which the points are the top left pixels of, each
+/// run is as much longer and thicker; the runs overlap then.
+void Painting::runLine(QPoint from, QPoint to, int thickness, const Stroke& stroke) {
+  const int more = thickness - 1;
   const bool steep = std::abs(to.y() - from.y()) > std::abs(to.x() - from.x());
   const auto along = [steep](QPoint p) { return steep ? p.y() : p.x(); };
   const auto across = [steep](QPoint p) { return steep ? p.x() : p.y(); };
@@ -121,24 +135,26 @@ void Painting::thinLine(QPoint from, QPoint to, const Stroke& stroke) {
   const std::int64_t n = along(to) - along(from);
   const std::int64_t m = std::abs(across(to) - across(from));
   const int sign = across(to) < across(from) ? -1 : 1;
-  const int seenBegin = across(visible_.topLeft());
+  const int seenBegin = across(visible_.topLeft()) - more;
   const int seenEnd = across(visible_.bottomRight());
   const std::int64_t first = sign > 0 ? seenBegin - across(from) : across(from) - seenEnd;
   const std::int64_t last = sign > 0 ? seenEnd - across(from) : across(from) - seenBegin;
   const QRgb color = ToQt(stroke.color);
   const DashPattern dashes(stroke.style);
-  const int visibleBegin = along(visible_.topLeft());
+  const int visibleBegin = along(visible_.topLeft()) - more;
   const int visibleEnd = along(visible_.bottomRight()) + 1;
   for (std::int64_t k = std::max<std::int64_t>(first, 0); k <= std::min(last, m); ++k) {
     const std::int64_t begin = k == 0 ? 0 : divideUp((2 * k - 1) * n, 2 * m);
     const std::int64_t end = k == m ? n + 1 : divideUp((2 * k + 1) * n, 2 * m);
     const int row = across(from) + sign * static_cast<int>(k);
     const int base = along(from);
-    dashes.ForEachDash(1, base, base + static_cast<int>(n) + 1,
-                       std::max(visibleBegin, base + static_cast<int>(begin)),
-                       std::min(visibleEnd, base + static_cast<int>(end)), [&](int a, int b) {
-                         fill(steep ? QRect(row, a, 1, b - a) : QRect(a, row, b - a, 1), color);
-                       });
+    dashes.ForEachDash(
+        1, base, base + static_cast<int>(n) + 1,
+        std::max(visibleBegin, base + static_cast<int>(begin)),
+        std::min(visibleEnd, base + static_cast<int>(end)), [&](int a, int b) {
+          const int length = b - a + more;
+          fill(steep ? QRect(row, a, thickness, length) : QRect(a, row, length, thickness), color);
+        });
   }
 }
 
