@@ -36,6 +36,13 @@ class SampleReader {
     return std::min(SampleBlock::kSamples, size_ - (b << SampleBlock::kShift));
   }
 
+  /// yMin and yMax of block b; those of full blocks lie side by side.
+  YRange AddedIn(unsigned b) const {
+    const BlockEntry& entry = entries_[b];
+    if (countIn(b) == SampleBlock::kSamples)
+      return {entry.addedLow.relaxed(), entry.addedHigh.relaxed()};
+    return {entry.block->yMin.relaxed(), entry.block->yMax.relaxed()};
+  }
   /// The exact range of y over the samples from a first one up to, and not including, an end: at the
   /// cost of some hundred samples, however many they are. Not checked: end is at most size().
   YRange RangeOfY(unsigned from, unsigned end) const;

@@ -38,6 +38,64 @@ int FindSample(const SampleBlock& block, unsigned lo, unsigned hi, double value,
   return value - block.xAt(lo) < kSearchTolerance ? static_cast<int>(lo) : -1;
 }
 
+namespace {
+
+double lastOf(const SampleReader& samples, unsigned b) {
+  return samples.block(b).xAt(samples.countIn(b) - 1);
+}
+
+// The first of the blocks b to last for which reaches(block) holds, or last; it goes on holding.
+template <class Reaches>
+unsigned firstBlock(unsigned b, unsigned last, const Reaches& reaches) {
+  while (b < last) {
+    const unsigned middle = b + (last - b) / 2;
+    if (reaches(middle))
+      last = middle;
+    else
+      b = middle + 1;
+  }
+  return b;
+}
+
+}  // namespace
+
+int FindSampleInBlocks(const SampleReader& samples, unsigned& b, unsigned last, double value,
+                       bool roundUp) {
+  const auto findIn = [&](unsigned block) {
+    b = block;
+    const int place = FindSample(samples.block(b), 0, samples.countIn(b), value, roundUp);
+    return place < 0 ? -1 : static_cast<int>(b << SampleBlock::kShift) + place;
+  };
+  int found = -1;
+  if (b > last)
+    return found;
+  if (!samples.ascending()) {
+    for (unsigned block = b; block <= last && found < 0; ++block)
+      found = findIn(block);
+    return found;
+  }
+  found = findIn(firstBlock(b, last, [&](unsigned block) {
+    const double x = lastOf(samples, block);
+    return value <= x || same(value, x);
+  }));
+  // A value in the gap before that block lies before all others too, of which only the last one may
+  // have a single sample, and then takes it.
+  return found < 0 && b < last ? findIn(last) : found;
+}
+
+unsigned BlockAround(const SampleReader& samples, unsigned last, double value) {
+  const auto begins = [&](unsigned b) { return !(value < samples.block(b).xAt(0)); };
+  const auto reaches = [&](unsigned b) { return !(value > lastOf(samples, b)); };
+  unsigned b = 0;
+  if (samples.ascending()) {
+    b = firstBlock(0, last, reaches);
+    return begins(b) ? b : last;
+  }
+  while (b < last && !(begins(b) && reaches(b)))
+    ++b;
+  return b;
+}
+
 unsigned FirstNotBelow(const SampleReader& samples, unsigned lo, unsigned hi, double value) {
   if (!samples.ascending()) {
     while (lo < hi && samples.x(lo) < value)

@@ -259,7 +259,7 @@ void SampleStore::Set(unsigned sample, double x, double y, bool slope) {
   const unsigned count = std::min(size_.relaxed() - first, SampleBlock::kSamples);
   entry.block->Set(sample - first, x, y, slope, count);
   if (count == SampleBlock::kSamples)
-    finishBlock(entry);
+    summarize(entry);
   if (!ordered(sample))
     ascending_.setRelaxed(false);
   if (sample + 1 == size_.relaxed())
@@ -267,6 +267,12 @@ void SampleStore::Set(unsigned sample, double x, double y, bool slope) {
 }
 
 void SampleStore::finishBlock(BlockEntry& entry) {
+  entry.addedLow.setRelaxed(lastRange_.low);
+  entry.addedHigh.setRelaxed(lastRange_.high);
+  summarize(entry);
+}
+
+void SampleStore::summarize(BlockEntry& entry) {
   const YRange range = entry.block->RangeOfGroups();
   entry.low.setRelaxed(range.low);
   entry.high.setRelaxed(range.high);

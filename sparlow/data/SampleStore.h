@@ -50,6 +50,9 @@ struct BlockEntry {
   SampleBlock* block = nullptr;
   CopyableAtomic<double> low = SampleBlock::kNoMin;
   CopyableAtomic<double> high = SampleBlock::kNoMax;
+  /// yMin and yMax of the block once it is full.
+  CopyableAtomic<double> addedLow = SampleBlock::kNoMin;
+  CopyableAtomic<double> addedHigh = SampleBlock::kNoMax;
 };
 
 /// The samples of one data set, in blocks that live as long as anybody holds the store. A series
@@ -129,6 +132,7 @@ class SampleStore {
   void enter(std::unique_ptr<SampleBlock> block);
   void finishRun(unsigned end);
   void finishBlock(BlockEntry& entry);
+  static void summarize(BlockEntry& entry);
   void takeRun(unsigned place, unsigned count, const YRange& range);
   void widenBlock(const YRange& range);
   bool ordered(unsigned sample) const;

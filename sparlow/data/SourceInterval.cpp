@@ -49,10 +49,7 @@ unsigned SourceData::GetxValueIndex(double x) const {
   const SampleReader samples = Read();
   if (samples.empty() || std::isnan(x) || x < samples.x(0))
     return 0;
-  const unsigned last = samples.blockCount() - 1;
-  unsigned b = 0;
-  while (b < last && (x < samples.block(b).xAt(0) || x > samples.block(b).xAt(SampleBlock::kMask)))
-    ++b;
+  const unsigned b = BlockAround(samples, samples.blockCount() - 1, x);
   const SampleBlock& block = samples.block(b);
   const unsigned count = samples.countIn(b);
   const unsigned first = b << SampleBlock::kShift;
@@ -83,26 +80,15 @@ SampleInterval SourceData::findInterval(const SampleReader& samples, double xFro
   if (now.end == 0)
     return whole;
   const unsigned last = (now.end - 1) >> SampleBlock::kShift;
-  int start = -1, end = -1;
-  for (unsigned b = now.from >> SampleBlock::kShift; b <= last && end < 0; ++b) {
-    const SampleBlock& block = samples.block(b);
-    const unsigned count = samples.countIn(b);
-    const int first = static_cast<int>(b << SampleBlock::kShift);
-    if (start < 0) {
-      const int place = FindSample(block, 0, count, xFrom, false);
-      if (place < 0)
-        continue;
-      start = first + place;
-    }
-    const int place = FindSample(block, 0, count, xTo, true);
-    if (place >= 0)
-      end = first + place + 1;
-  }
+  unsigned b = now.from >> SampleBlock::kShift;
+  const int start = FindSampleInBlocks(samples, b, last, xFrom, false);
+  // The end is looked for from the block of the start on.
+  const int end = start < 0 ? -1 : FindSampleInBlocks(samples, b, last, xTo, true);
   SampleInterval found = whole;
   if (start >= 0)
     found.from = static_cast<unsigned>(start);
   if (end >= 0)
-    found.end = static_cast<unsigned>(end);
+    found.end = static_cast<unsigned>(end) + 1;
   // Ends that are the wrong way round leave the sample at xFrom.
   found.end = std::max(found.end, found.from + 1);
   return found;

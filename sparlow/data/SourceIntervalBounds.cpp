@@ -32,13 +32,13 @@ Range rangeOf(const SampleReader& samples, SampleInterval interval) {
   Range extremes;
   unsigned lowest = first, highest = first;
   for (unsigned b = first; b <= last; ++b) {
-    const SampleBlock& block = samples.block(b);
-    if (const double low = block.yMin.relaxed(); low < extremes.min) {
-      extremes.min = low;
+    const YRange added = samples.AddedIn(b);
+    if (added.low < extremes.min) {
+      extremes.min = added.low;
       lowest = b;
     }
-    if (const double high = block.yMax.relaxed(); high > extremes.max) {
-      extremes.max = high;
+    if (added.high > extremes.max) {
+      extremes.max = added.high;
       highest = b;
     }
   }
