@@ -2,6 +2,9 @@
 
 #include <cmath>
 #include <limits>
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
 
 namespace sparlow {
 
@@ -35,6 +38,21 @@ class LinearMapping {
   static LinearMapping FromMax(double max, double scale) noexcept { return {max, -scale}; }
 
   int operator()(double value) const noexcept { return SaturatePixel((value - origin_) / scale_); }
+  /// The pixels of the values valueAt(0), valueAt(1) ..., several at a time where the machine can:
+  /// divisions are what a render's time goes into.
+  template <class ValueAt>
+  void Map(const ValueAt& valueAt, unsigned count, int* pixels) const noexcept {
+    unsigned i = 0;
+#if defined(__SSE2__)
+    for (; i + 4 <= count; i += 4) {
+      const __m128i low = pair(valueAt(i), valueAt(i + 1));
+      const __m128i high = pair(valueAt(i + 2), valueAt(i + 3));
+      _mm_storeu_si128(reinterpret_cast<__m128i*>(pixels + i), _mm_unpacklo_epi64(low, high));
+    }
+#endif
+    for (; i < count; ++i)
+      pixels[i] = (*this)(valueAt(i));
+  }
 
   /// Rounding keeps the order of differences and quotients, so pixels are in the order of the
   /// values, or in the opposite one. False where the axis gives no such order.
@@ -53,6 +71,17 @@ class LinearMapping {
 
  private:
   LinearMapping(double origin, double scale) noexcept : origin_(origin), scale_(scale) {}
+
+#if defined(__SSE2__)
+  __m128i pair(double first, double second) const noexcept {
+    __m128d pixel = _mm_div_pd(_mm_sub_pd(_mm_set_pd(second, first), _mm_set1_pd(origin_)),
+                               _mm_set1_pd(scale_));
+    // What isn't a number counts as 0; a minimum would make something else of it.
+    pixel = _mm_and_pd(pixel, _mm_cmpord_pd(pixel, pixel));
+    pixel = _mm_max_pd(_mm_min_pd(pixel, _mm_set1_pd(kFarPixel)), _mm_set1_pd(-kFarPixel));
+    return _mm_cvttpd_epi32(pixel);
+  }
+#endif
 
   double origin_;  // value of pixel 0
   double scale_;   // axis units for each pixel, negative when pixels grow toward min
@@ -80,6 +109,12 @@ class LogMapping {
     if (value == 0.0)
       return SaturatePixel(std::fabs(std::log10(min_)) / zeroScale_);
     return value < 0.0 ? beyondMin_ : 0;
+  }
+
+  template <class ValueAt>
+  void Map(const ValueAt& valueAt, unsigned count, int* pixels) const noexcept {
+    for (unsigned i = 0; i < count; ++i)
+      pixels[i] = (*this)(valueAt(i));
   }
 
   /// The smallest and the largest pixel of all values from low to high. False where that isn't

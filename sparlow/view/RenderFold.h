@@ -21,6 +21,14 @@ struct ViewData::Column {
   }
 };
 
+inline void ViewData::putColumn(unsigned i, const Column& column) {
+  xPos[i] = column.x;
+  yPos[i] = column.first;
+  yLastPos[i] = column.last;
+  yMinPos[i] = column.min;
+  yMaxPos[i] = column.max;
+}
+
 /// One pass over samples: where it goes on, and what came of it.
 /// Threads: the one that renders.
 struct ViewData::Fold {

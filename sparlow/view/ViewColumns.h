@@ -57,6 +57,7 @@ struct ViewColumns {
 
   /// Slope flags of a waveform's columns, as they were when these were made.
   std::bitset<kMaxColumns> rising_;
+  bool hasRising_ = false;  // since the flags were cleared last, which takes as long as 20 samples
   RenderKey madeFor_;
   /// Keeps a new data set, which clears the columns at any moment, from a paint. A leaf: nothing
   /// else is locked under it.

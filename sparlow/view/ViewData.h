@@ -149,7 +149,8 @@ class ViewData : public SourceData, public ViewColumns {
                        unsigned end);
   bool toldToStop() const;
   template <class Pixels>
-  void foldWith(Fold& fold, const Pixels& pixels);
+  void foldWith(Fold& fold, Pixels pixels);
+  void foldBatch(Fold& fold, Column& column, const int* xs, const int* ys, unsigned count);
   Column columnAt(unsigned i) const;
   void putColumn(unsigned i, const Column& column);
 

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <utility>
 
 #include "sparlow/view/RenderFold.h"
 
@@ -31,13 +32,26 @@ thread_local ViewData::SamplesInHand* ViewData::SamplesInHand::innermost = nullp
 
 namespace {
 
-// The library's own mapping, with the axes' ways taken out of them once.
+// Pixels of samples in a row.
+template <unsigned kMost>
+struct Pixels {
+  static constexpr unsigned kBatch = kMost;
+  int x[kMost];
+  int y[kMost];
+};
+
+// The library's own mapping, with the axes' ways taken out of them once. It maps many samples at a
+// time, since one division after another would take most of the time of a render.
 template <class Hor, class Ver>
-struct AxisPixels {
+struct AxisPixels : Pixels<SampleBlock::kRunSamples> {
   Hor hor;
   Ver ver;
-  int x(const SampleBlock& block, unsigned place, unsigned) const { return hor(block.xAt(place)); }
-  int y(const SampleBlock& block, unsigned place, unsigned) const { return ver(block.yAt(place)); }
+  AxisPixels(const Hor& horizontal, const Ver& vertical) : hor(horizontal), ver(vertical) {}
+  void map(const SampleBlock& block, unsigned sample, unsigned count) {
+    const unsigned place = sample & SampleBlock::kMask;
+    hor.Map([&](unsigned i) { return block.xAt(place + i); }, count, x);
+    ver.Map([&](unsigned i) { return block.yAt(place + i); }, count, y);
+  }
 };
 
 // A host's pixel, with room for the width of a pen round it.
@@ -45,15 +59,15 @@ int nearPixel(int pixel) {
   return std::clamp(pixel, -kFarPixel, kFarPixel);
 }
 
-// Whatever a derived class makes of its samples.
-struct VirtualPixels {
+// Whatever a derived class makes of its samples: one by one, so that a render that is stopped asks
+// it no more.
+struct VirtualPixels : Pixels<1> {
   const ViewData* view;
   const GraphAxis* axis;
-  int x(const SampleBlock&, unsigned, unsigned sample) const {
-    return nearPixel(view->xPosGet(sample, axis));
-  }
-  int y(const SampleBlock&, unsigned, unsigned sample) const {
-    return nearPixel(view->yPosGet(sample, axis));
+  VirtualPixels(const ViewData* mapped, const GraphAxis* axes) : view(mapped), axis(axes) {}
+  void map(const SampleBlock&, unsigned sample, unsigned) {
+    x[0] = nearPixel(view->xPosGet(sample, axis));
+    y[0] = nearPixel(view->yPosGet(sample, axis));
   }
 };
 
@@ -146,6 +160,7 @@ void ViewData::renderWaveform(const SampleReader& samples, const GraphAxis& axis
   const unsigned columns = end > interval.from ? std::min(end - interval.from, kMaxColumns) : 0;
   setMadeFor({});
   rising_.reset();
+  hasRising_ = true;
   for (unsigned i = 0; i < columns; ++i) {
     SetViewData(i, interval.from + i, &axis);
     rising_[i] = samples.slope(interval.from + i);
@@ -156,7 +171,8 @@ void ViewData::renderWaveform(const SampleReader& samples, const GraphAxis& axis
 bool ViewData::renderPlain(Fold& fold, const GraphAxis& axis, const RenderKey& key) {
   setMadeFor({});
   if (fold.full) {
-    rising_.reset();
+    if (std::exchange(hasRising_, false))
+      rising_.reset();
     nextSample = 0;
   }
   if (typeid(*this) != *standardMapping_)
@@ -189,59 +205,61 @@ void ViewData::foldByAxes(Fold& fold, const GraphAxis& axis) {
 // The column in work stays out of the arrays until the next one begins, so that a sample on it
 // costs no memory beyond its own.
 template <class Pixels>
-void ViewData::foldWith(Fold& fold, const Pixels& pixels) {
-  const auto begin = [&](const SampleBlock& block, unsigned place, unsigned sample, int x) {
-    const int y = pixels.y(block, place, sample);
-    return Column{x, y, y, y, y};
+void ViewData::foldWith(Fold& fold, Pixels pixels) {
+  const auto blockOf = [&](unsigned sample) -> const SampleBlock& {
+    return fold.samples.block(sample >> SampleBlock::kShift);
   };
   if (fold.full) {
-    const unsigned place = fold.sample & SampleBlock::kMask;
-    const SampleBlock& block = fold.samples.block(fold.sample >> SampleBlock::kShift);
-    putColumn(0, begin(block, place, fold.sample, pixels.x(block, place, fold.sample)));
+    pixels.map(blockOf(fold.sample), fold.sample, 1);
+    const int y = pixels.y[0];
+    putColumn(0, {pixels.x[0], y, y, y, y});
     fold.column = 1;
     ++fold.sample;
   }
-  const Event* const stop = terminator;
-  unsigned sample = fold.sample, column = fold.column;
-  bool alone = true;
-  Column work = columnAt(column - 1);
-  while (sample < fold.end && column < kMaxColumns && !fold.stopped) {
-    const SampleBlock& block = fold.samples.block(sample >> SampleBlock::kShift);
-    const unsigned blockEnd = std::min(fold.end, (sample | SampleBlock::kMask) + 1);
-    while (sample < blockEnd && column < kMaxColumns) {
-      const unsigned place = sample & SampleBlock::kMask;
-      const int x = pixels.x(block, place, sample);
-      if (x == work.x) {
-        work.add(pixels.y(block, place, sample));
-        alone = false;
-      } else {
-        putColumn(column - 1, work);
-        work = begin(block, place, sample, x);
-        ++column;
-      }
-      ++sample;
-      if (fold.full && (renderStop.relaxed() || (stop && stop->IsSet()))) {
-        fold.stopped = true;
-        break;
-      }
+  Column work = columnAt(fold.column - 1);
+  while (fold.sample < fold.end && fold.column < kMaxColumns && !fold.stopped) {
+    const unsigned blockEnd = std::min(fold.end, (fold.sample | SampleBlock::kMask) + 1);
+    const unsigned count = std::min(Pixels::kBatch, blockEnd - fold.sample);
+    pixels.map(blockOf(fold.sample), fold.sample, count);
+    foldBatch(fold, work, pixels.x, pixels.y, count);
+  }
+  putColumn(fold.column - 1, work);
+}
+
+void ViewData::foldBatch(Fold& fold, Column& column, const int* xs, const int* ys, unsigned count) {
+  static const Event never;
+  const Event& stop = terminator ? *terminator : never;
+  const bool stoppable = fold.full;
+  const unsigned before = fold.column;
+  // One by one, so that each has a register.
+  int x = column.x, first = column.first, last = column.last, min = column.min, max = column.max;
+  unsigned next = before, i = 0;
+  while (i < count && next < kMaxColumns) {
+    const int y = ys[i];
+    if (xs[i] == x) {
+      min = std::min(min, y);
+      max = std::max(max, y);
+    } else {
+      putColumn(next - 1, {x, first, last, min, max});
+      x = xs[i];
+      first = min = max = y;
+      ++next;
+    }
+    last = y;
+    ++i;
+    if (stoppable && (renderStop.relaxed() | stop.IsSet()) != 0) {
+      fold.stopped = true;
+      break;
     }
   }
-  putColumn(column - 1, work);
-  fold.sample = sample;
-  fold.column = column;
-  fold.alone = alone;
+  column = {x, first, last, min, max};
+  fold.alone = fold.alone && next - before == i;
+  fold.column = next;
+  fold.sample += i;
 }
 
 ViewData::Column ViewData::columnAt(unsigned i) const {
   return {xPos[i], yPos[i], yLastPos[i], yMinPos[i], yMaxPos[i]};
-}
-
-void ViewData::putColumn(unsigned i, const Column& column) {
-  xPos[i] = column.x;
-  yPos[i] = column.first;
-  yLastPos[i] = column.last;
-  yMinPos[i] = column.min;
-  yMaxPos[i] = column.max;
 }
 
 }  // namespace sparlow
