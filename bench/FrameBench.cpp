@@ -72,6 +72,7 @@ void peerFrame(benchmark::State& state, unsigned samples) {
     plot.replot(QCustomPlot::rpImmediateRefresh);
 }
 
+// With what memory costs that is touched first, in both.
 void peerAppend(benchmark::State& state) {
   TheApplication();
   const unsigned n = Samples(8'000'000);

@@ -70,6 +70,11 @@ struct SampleBlock {
     return slope && whole(slope[place]).load(std::memory_order_relaxed) != 0;
   }
 
+  /// The exact y range of a finished run, of a finished group.
+  YRange RunRange(unsigned run) const { return {runMin[run].relaxed(), runMax[run].relaxed()}; }
+  YRange GroupRange(unsigned group) const {
+    return {groupMin[group].relaxed(), groupMax[group].relaxed()};
+  }
   /// The exact y range of a full block.
   YRange RangeOfGroups() const;
   /// Writes a sample that nobody reads yet.

@@ -25,7 +25,7 @@ void includeRuns(YRange& range, const SampleBlock& block, unsigned from, unsigne
     return includeSamples(range, block, from, end);
   includeSamples(range, block, from, runs.first << SampleBlock::kRunShift);
   for (unsigned run = runs.first; run < runs.end; ++run)
-    range.Include({block.runMin[run].relaxed(), block.runMax[run].relaxed()});
+    range.Include(block.RunRange(run));
   includeSamples(range, block, runs.end << SampleBlock::kRunShift, end);
 }
 
@@ -38,7 +38,7 @@ void includePlaces(YRange& range, const SampleBlock& block, unsigned from, unsig
     return includeRuns(range, block, from, end);
   includeRuns(range, block, from, groups.first << SampleBlock::kGroupShift);
   for (unsigned group = groups.first; group < groups.end; ++group)
-    range.Include({block.groupMin[group].relaxed(), block.groupMax[group].relaxed()});
+    range.Include(block.GroupRange(group));
   includeRuns(range, block, groups.end << SampleBlock::kGroupShift, end);
 }
 

@@ -81,7 +81,7 @@ void SampleBlock::summarizeGroup(unsigned group) {
   constexpr unsigned runs = kGroupSamples / kRunSamples;
   YRange range;
   for (unsigned run = group * runs; run < (group + 1) * runs; ++run)
-    range.Include({runMin[run].relaxed(), runMax[run].relaxed()});
+    range.Include(RunRange(run));
   groupMin[group].setRelaxed(range.low);
   groupMax[group].setRelaxed(range.high);
 }
@@ -89,7 +89,7 @@ void SampleBlock::summarizeGroup(unsigned group) {
 YRange SampleBlock::RangeOfGroups() const {
   YRange range;
   for (unsigned group = 0; group < kGroups; ++group)
-    range.Include({groupMin[group].relaxed(), groupMax[group].relaxed()});
+    range.Include(GroupRange(group));
   return range;
 }
 

@@ -26,9 +26,7 @@ struct Stretch {
   // The window holds all of them: they are whole runs, by whose bounds that can be told. The series
   // may still add to a run that isn't whole.
   bool inside = false;
-
-  unsigned firstRun() const { return (sample & SampleBlock::kMask) >> SampleBlock::kRunShift; }
-  unsigned runs() const { return (end - sample) >> SampleBlock::kRunShift; }
+  YRange range{};  // of their y, if so
 
   // Calls use(y, y of the sample before) for the samples in the window and tells how many.
   template <class Use>
@@ -56,22 +54,30 @@ struct Stretch {
   }
 };
 
-// Whole runs that the window holds, as many as come, else the rest of one run. Not too many at
-// once: their bounds are then read while the samples before are still being added.
+// A whole group that the window holds, else the whole runs of a group that it holds, as many as
+// come, else the rest of one run. Not more at once: bounds are then read while the samples before
+// are still being added.
 Stretch stretchAt(const SampleReader& samples, unsigned sample, const Window& window) {
-  constexpr unsigned kRun = SampleBlock::kRunSamples, kMost = 16 * kRun;
+  constexpr unsigned kRun = SampleBlock::kRunSamples, kGroup = SampleBlock::kGroupSamples;
   const SampleBlock& block = samples.block(sample >> SampleBlock::kShift);
   if (sample == 0)
     return {block, 0, 1, samples.y(0)};
-  const unsigned end = std::min(samples.size(), (sample | (kMost - 1)) + 1);
+  const unsigned place = sample & SampleBlock::kMask;
+  const unsigned end = std::min(samples.size(), (sample | (kGroup - 1)) + 1);
   Stretch stretch{block, sample, sample, samples.y(sample - 1)};
-  while (stretch.end % kRun == 0 && end - stretch.end >= kRun) {
-    const unsigned run = stretch.firstRun() + stretch.runs();
-    if (!window.holds(block.runMin[run].relaxed()) || !window.holds(block.runMax[run].relaxed()))
-      break;
-    stretch.end += kRun;
+  const auto take = [&](const YRange& range, unsigned count) {
+    if (!window.holds(range.low) || !window.holds(range.high))
+      return false;
+    stretch.end += count;
+    stretch.range.Include(range);
+    stretch.inside = true;
+    return true;
+  };
+  if (end - sample == kGroup && take(block.GroupRange(place >> SampleBlock::kGroupShift), kGroup))
+    return stretch;
+  while (stretch.end % kRun == 0 && end - stretch.end >= kRun &&
+         take(block.RunRange((stretch.end & SampleBlock::kMask) >> SampleBlock::kRunShift), kRun)) {
   }
-  stretch.inside = stretch.end != sample;
   if (!stretch.inside)
     stretch.end = std::min(end, (sample | (kRun - 1)) + 1);
   return stretch;
@@ -126,8 +132,7 @@ struct Totals {
     while (next < samples.size()) {
       const Stretch stretch = stretchAt(samples, next, window);
       if (stretch.inside) {
-        for (unsigned i = 0, run = stretch.firstRun(); i < stretch.runs(); ++i, ++run)
-          widen(stretch.block.runMin[run].relaxed(), stretch.block.runMax[run].relaxed());
+        widen(stretch.range.low, stretch.range.high);
         count += stretch.forEachIn(window, [&](double y, double) { total += y; });
       } else {
         count += stretch.forEachIn(window, [&](double y, double) {
