@@ -1,7 +1,5 @@
 // A measurement that runs: a million samples a second, frames asked for 30 times a second.
 
-#include <pthread.h>
-#include <sys/resource.h>
 #include <time.h>
 
 #include <QTimer>
