@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 #include "sparlow/axis/GraphAxis.h"
@@ -42,24 +43,25 @@ class PlainFold {
             const Ver& ver) {
     Column* out = columns_.data();
     Column* const last = out + ViewColumns::kMaxColumns - 1;
-    const auto begin = [&](double xValue, double yValue) {
-      const int y = ver(yValue);
-      return Column{hor(xValue), y, y, y, y};
-    };
-    const SampleBlock* block = &samples.block(from >> SampleBlock::kShift);
-    Column work = begin(block->x[from & SampleBlock::kMask], block->y[from & SampleBlock::kMask]);
-    for (unsigned sample = from + 1; sample < end && out != last;) {
-      block = &samples.block(sample >> SampleBlock::kShift);
-      const double* const xs = block->x;
-      const double* const ys = block->y;
-      unsigned place = sample & SampleBlock::kMask;
-      const unsigned stop = std::min(SampleBlock::kSamples, place + (end - sample));
-      sample += stop - place;
-      for (; place < stop; ++place) {
-        const int x = hor(xs[place]), y = ver(ys[place]);
-        if (x != work.x) {
+    int xs[kBatch], ys[kBatch];
+    bool first = true;
+    Column work{};
+    for (unsigned sample = from; sample < end && out != last;) {
+      const SampleBlock& block = samples.block(sample >> SampleBlock::kShift);
+      const unsigned place = sample & SampleBlock::kMask;
+      const unsigned count = std::min({kBatch, SampleBlock::kSamples - place, end - sample});
+      hor.Map([from = block.x + place](unsigned i) { return from[i]; }, count, xs);
+      ver.Map([from = block.y + place](unsigned i) { return from[i]; }, count, ys);
+      unsigned i = 0;
+      if (std::exchange(first, false)) {
+        work = {xs[0], ys[0], ys[0], ys[0], ys[0]};
+        i = 1;
+      }
+      for (; i < count; ++i) {
+        const int y = ys[i];
+        if (xs[i] != work.x) {
           *out++ = work;
-          work = {x, y, y, y, y};
+          work = {xs[i], y, y, y, y};
           if (out == last)
             break;
           continue;
@@ -68,10 +70,13 @@ class PlainFold {
         work.min = std::min(work.min, y);
         work.max = std::max(work.max, y);
       }
+      sample += count;
     }
     *out++ = work;
     count_ = static_cast<unsigned>(out - columns_.data());
   }
+
+  static constexpr unsigned kBatch = 64;
 
   std::vector<Column> columns_ = std::vector<Column>(ViewColumns::kMaxColumns);
   unsigned count_ = 0;

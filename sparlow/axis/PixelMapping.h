@@ -2,9 +2,8 @@
 
 #include <cmath>
 #include <limits>
-#if defined(__SSE2__)
-#include <emmintrin.h>
-#endif
+
+#include "sparlow/platform/DoublePair.h"
 
 namespace sparlow {
 
@@ -24,6 +23,10 @@ inline int SaturatePixel(double pixel) noexcept {
     return -kFarPixel;
   return pixel == pixel ? static_cast<int>(pixel) : 0;
 }
+/// The same of two.
+inline void SaturatePixels(DoublePair pixels, int* first) noexcept {
+  pixels.NumberOrZero().AtMost(kFarPixel).AtLeast(-kFarPixel).ToInts(first);
+}
 
 /// The way from a value to its pixel on a linear axis, taken from the axis once and then used for
 /// many samples.
@@ -38,19 +41,15 @@ class LinearMapping {
   static LinearMapping FromMax(double max, double scale) noexcept { return {max, -scale}; }
 
   int operator()(double value) const noexcept { return SaturatePixel((value - origin_) / scale_); }
-  /// The pixels of the values valueAt(0), valueAt(1) ..., several at a time where the machine can:
-  /// divisions are what a render's time goes into.
+  /// The pixels of the values valueAt(0), valueAt(1) ...: two at a time, since divisions are what a
+  /// render's time goes into.
   template <class ValueAt>
   void Map(const ValueAt& valueAt, unsigned count, int* pixels) const noexcept {
+    const DoublePair origin(origin_), scale(scale_);
     unsigned i = 0;
-#if defined(__SSE2__)
-    for (; i + 4 <= count; i += 4) {
-      const __m128i low = pair(valueAt(i), valueAt(i + 1));
-      const __m128i high = pair(valueAt(i + 2), valueAt(i + 3));
-      _mm_storeu_si128(reinterpret_cast<__m128i*>(pixels + i), _mm_unpacklo_epi64(low, high));
-    }
-#endif
-    for (; i < count; ++i)
+    for (; i + 2 <= count; i += 2)
+      SaturatePixels((DoublePair(valueAt(i), valueAt(i + 1)) - origin) / scale, pixels + i);
+    if (i < count)
       pixels[i] = (*this)(valueAt(i));
   }
 
@@ -71,17 +70,6 @@ class LinearMapping {
 
  private:
   LinearMapping(double origin, double scale) noexcept : origin_(origin), scale_(scale) {}
-
-#if defined(__SSE2__)
-  __m128i pair(double first, double second) const noexcept {
-    __m128d pixel = _mm_div_pd(_mm_sub_pd(_mm_set_pd(second, first), _mm_set1_pd(origin_)),
-                               _mm_set1_pd(scale_));
-    // What isn't a number counts as 0; a minimum would make something else of it.
-    pixel = _mm_and_pd(pixel, _mm_cmpord_pd(pixel, pixel));
-    pixel = _mm_max_pd(_mm_min_pd(pixel, _mm_set1_pd(kFarPixel)), _mm_set1_pd(-kFarPixel));
-    return _mm_cvttpd_epi32(pixel);
-  }
-#endif
 
   double origin_;  // value of pixel 0
   double scale_;   // axis units for each pixel, negative when pixels grow toward min
@@ -110,29 +98,28 @@ class LogMapping {
       return SaturatePixel(std::fabs(std::log10(min_)) / zeroScale_);
     return value < 0.0 ? beyondMin_ : 0;
   }
-
   template <class ValueAt>
   void Map(const ValueAt& valueAt, unsigned count, int* pixels) const noexcept {
     for (unsigned i = 0; i < count; ++i)
       pixels[i] = (*this)(valueAt(i));
   }
 
-  /// The smallest and the largest pixel of all values from low to high. False where that isn't
-  /// certain: nobody promises that a computed logarithm never falls while the value rises, so an
-  /// end that lies within its error of the next pixel says nothing about the values beside it.
+  /// The smallest and the largest pixel of values between low and high, which are two of them.
+  /// False where that isn't certain: nobody promises that a computed logarithm never falls while the
+  /// value rises, so an end that lies within its error of the next pixel says nothing about the
+  /// values beside it.
   bool PixelsOf(double low, double high, int& least, int& most) const noexcept {
-    if (!(low > 0.0))
-      return false;
-    const double a = (std::log10(low) - origin_) / scale_;
-    const double b = (std::log10(high) - origin_) / scale_;
-    // Far above any error: logarithms lie within 309, the last digit of those is below 1e-13.
-    const double error = 1e-11 / std::fabs(scale_);
-    const auto clear = [&](double pixel) {
-      return std::fabs(pixel - std::nearbyint(pixel)) > error || std::fabs(pixel) > kFarPixel + 1.0;
-    };
-    if (!(low == high || (clear(a) && clear(b))))
-      return false;
-    const int first = SaturatePixel(a), last = SaturatePixel(b);
+    int first = (*this)(low), last = first;
+    if (low != high) {
+      // Above 0, but who knows how near.
+      if (low == 0.0 || !clear(low) || !clear(high))
+        return false;
+      last = (*this)(high);
+      // There may be a 0 among them; nothing lies beyond the negative ones.
+      const int zero = low < 0.0 && high > 0.0 ? (*this)(0.0) : last;
+      if (first < last ? zero > last : zero < last)
+        return false;
+    }
     least = first < last ? first : last;
     most = first < last ? last : first;
     return true;
@@ -143,6 +130,17 @@ class LogMapping {
  private:
   LogMapping(double origin, double scale, double min, double zeroScale, int beyondMin) noexcept
       : origin_(origin), scale_(scale), min_(min), zeroScale_(zeroScale), beyondMin_(beyondMin) {}
+
+  // The value's pixel can't be another one by an error of its logarithm.
+  bool clear(double value) const noexcept {
+    if (!(value > 0.0))
+      return true;
+    const double pixel = (std::log10(value) - origin_) / scale_;
+    // Far above any error: logarithms lie within 309, the last digit of those is below 1e-13.
+    const double error = 1e-11 / std::fabs(scale_);
+    return std::fabs(pixel - std::nearbyint(pixel)) > error ||
+           std::fabs(pixel) > kFarPixel + 1.0 + error;
+  }
 
   double origin_;  // logarithm of the value of pixel 0
   double scale_;   // decades for each pixel, negative when pixels grow toward min

@@ -71,6 +71,9 @@ struct VirtualPixels : Pixels<1> {
   }
 };
 
+// Of a series without events.
+const Event never;
+
 template <class OfSample>
 int pixelOf(const SampleReader* inHand, const SourceData& series, unsigned sample,
             const GraphAxis* axis, OfSample ofSample) {
@@ -206,28 +209,28 @@ void ViewData::foldByAxes(Fold& fold, const GraphAxis& axis) {
 // costs no memory beyond its own.
 template <class Pixels>
 void ViewData::foldWith(Fold& fold, Pixels pixels) {
-  const auto blockOf = [&](unsigned sample) -> const SampleBlock& {
-    return fold.samples.block(sample >> SampleBlock::kShift);
-  };
-  if (fold.full) {
-    pixels.map(blockOf(fold.sample), fold.sample, 1);
-    const int y = pixels.y[0];
-    putColumn(0, {pixels.x[0], y, y, y, y});
-    fold.column = 1;
-    ++fold.sample;
-  }
-  Column work = columnAt(fold.column - 1);
-  while (fold.sample < fold.end && fold.column < kMaxColumns && !fold.stopped) {
+  Column work;
+  bool begins = fold.full;
+  if (!begins)
+    work = columnAt(fold.column - 1);
+  while ((begins || fold.sample < fold.end) && fold.column < kMaxColumns && !fold.stopped) {
     const unsigned blockEnd = std::min(fold.end, (fold.sample | SampleBlock::kMask) + 1);
-    const unsigned count = std::min(Pixels::kBatch, blockEnd - fold.sample);
-    pixels.map(blockOf(fold.sample), fold.sample, count);
-    foldBatch(fold, work, pixels.x, pixels.y, count);
+    const unsigned most = begins ? std::max(blockEnd, fold.sample + 1) : blockEnd;
+    const unsigned count = std::min(Pixels::kBatch, most - fold.sample);
+    pixels.map(fold.samples.block(fold.sample >> SampleBlock::kShift), fold.sample, count);
+    const unsigned begun = begins ? 1 : 0;
+    if (std::exchange(begins, false)) {
+      const int y = pixels.y[0];
+      work = {pixels.x[0], y, y, y, y};
+      fold.column = 1;
+      ++fold.sample;
+    }
+    foldBatch(fold, work, pixels.x + begun, pixels.y + begun, count - begun);
   }
   putColumn(fold.column - 1, work);
 }
 
 void ViewData::foldBatch(Fold& fold, Column& column, const int* xs, const int* ys, unsigned count) {
-  static const Event never;
   const Event& stop = terminator ? *terminator : never;
   const bool stoppable = fold.full;
   const unsigned before = fold.column;

@@ -11,8 +11,9 @@ namespace sparlow {
 
 namespace {
 
-/// Below so many samples a pixel a fold is as fast.
-constexpr unsigned leastDensity = 16;
+/// Below so many samples a pixel a fold is as fast; sooner where each sample takes a logarithm.
+constexpr unsigned leastDensity = 128;
+constexpr unsigned leastDensityOfLogs = 32;
 /// Samples that are looked at one by one before the end of their column is searched.
 constexpr unsigned nearSamples = 16;
 
@@ -59,7 +60,8 @@ bool ViewData::isDense(const Fold& fold, const GraphAxis& axis) {
     return false;
   const std::int64_t pixels =
       std::int64_t{hor(fold.samples.x(fold.end - 1))} - hor(fold.samples.x(fold.sample));
-  return fold.end - fold.sample >= (std::abs(pixels) + 1) * leastDensity;
+  const unsigned density = axis.ver.log ? leastDensityOfLogs : leastDensity;
+  return fold.end - fold.sample >= (std::abs(pixels) + 1) * density;
 }
 
 template <class Ver>
@@ -91,19 +93,29 @@ void ViewData::foldDense(Fold& fold, const LinearMapping& hor, const Ver& ver) {
   }
 }
 
+// Where an end of a range is too near the next pixel to be sure, so is that of the parts that reach
+// as far, and of no others.
 template <class Ver>
 void ViewData::addRange(Column& column, const SampleReader& samples, const Ver& ver, unsigned from,
                         unsigned end) {
   const YRange range = samples.RangeOfY(from, end);
   int least, most;
-  if (!ver.PixelsOf(range.low, range.high, least, most)) {
+  if (ver.PixelsOf(range.low, range.high, least, most)) {
+    column.min = std::min(column.min, least);
+    column.max = std::max(column.max, most);
+    column.last = ver(samples.y(end - 1));
+  } else if (end - from <= SampleBlock::kRunSamples) {
     for (unsigned sample = from; sample < end; ++sample)
       column.add(ver(samples.y(sample)));
-    return;
+  } else {
+    // Whole runs, and whole groups while there are some, so that their ranges are read.
+    const unsigned half = (end - from) / 2;
+    const unsigned whole =
+        half >= SampleBlock::kGroupSamples ? SampleBlock::kGroupSamples : SampleBlock::kRunSamples;
+    const unsigned middle = (from + half + whole / 2) & ~(whole - 1);
+    addRange(column, samples, ver, from, middle);
+    addRange(column, samples, ver, middle, end);
   }
-  column.min = std::min(column.min, least);
-  column.max = std::max(column.max, most);
-  column.last = ver(samples.y(end - 1));
 }
 
 bool ViewData::renderDense(Fold& fold, const GraphAxis& axis) {

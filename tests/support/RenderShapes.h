@@ -104,7 +104,7 @@ class RenderShapes {
       axis.SetRange(1e12, 1e12 + 1.0, -1e15, -1e15 + 1.0);
     else
       axis.SetRange(axis.ver.log ? std::max(low->y, 1e-3) : low->y, high->y, a.x, b.x);
-    axis.hor.SetScale(next_() % 4 ? 1 + next_() % 50 : 1 + next_() % 30000);
+    axis.hor.SetScale(next_() % 4 ? 1 + next_() % 10 : 1 + next_() % 30000);
     axis.ver.SetScale(1 + next_() % 600);
     if (next_() % 64 == 0)
       axis.hor.scale = next_() % 2 ? 0.0 : -axis.hor.scale;

@@ -1,0 +1,72 @@
+#pragma once
+
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
+
+namespace sparlow {
+
+/// Two numbers worked on at once, in one instruction where the processor has it: compilers don't
+/// make these of loops over samples that are read atomically.
+/// Threads: a value; any thread, each with its own.
+class DoublePair {
+ public:
+#if defined(__SSE2__)
+  DoublePair(double first, double second) noexcept : values_(_mm_set_pd(second, first)) {}
+  explicit DoublePair(double both) noexcept : values_(_mm_set1_pd(both)) {}
+
+  friend DoublePair operator-(DoublePair a, DoublePair b) noexcept {
+    return _mm_sub_pd(a.values_, b.values_);
+  }
+  friend DoublePair operator/(DoublePair a, DoublePair b) noexcept {
+    return _mm_div_pd(a.values_, b.values_);
+  }
+  /// 0 in place of what isn't a number.
+  DoublePair NumberOrZero() const noexcept {
+    return _mm_and_pd(values_, _mm_cmpord_pd(values_, values_));
+  }
+  DoublePair AtMost(double limit) const noexcept {
+    return _mm_min_pd(values_, _mm_set1_pd(limit));
+  }
+  DoublePair AtLeast(double limit) const noexcept {
+    return _mm_max_pd(values_, _mm_set1_pd(limit));
+  }
+  /// Truncated toward zero; within the range of an int.
+  void ToInts(int* first) const noexcept {
+    _mm_storel_epi64(reinterpret_cast<__m128i*>(first), _mm_cvttpd_epi32(values_));
+  }
+
+ private:
+  DoublePair(__m128d values) noexcept : values_(values) {}
+
+  __m128d values_;
+#else
+  DoublePair(double first, double second) noexcept : a_(first), b_(second) {}
+  explicit DoublePair(double both) noexcept : a_(both), b_(both) {}
+
+  friend DoublePair operator-(DoublePair a, DoublePair b) noexcept {
+    return {a.a_ - b.a_, a.b_ - b.b_};
+  }
+  friend DoublePair operator/(DoublePair a, DoublePair b) noexcept {
+    return {a.a_ / b.a_, a.b_ / b.b_};
+  }
+  DoublePair NumberOrZero() const noexcept {
+    return {a_ == a_ ? a_ : 0.0, b_ == b_ ? b_ : 0.0};
+  }
+  DoublePair AtMost(double limit) const noexcept {
+    return {a_ < limit ? a_ : limit, b_ < limit ? b_ : limit};
+  }
+  DoublePair AtLeast(double limit) const noexcept {
+    return {a_ > limit ? a_ : limit, b_ > limit ? b_ : limit};
+  }
+  void ToInts(int* first) const noexcept {
+    first[0] = static_cast<int>(a_);
+    first[1] = static_cast<int>(b_);
+  }
+
+ private:
+  double a_, b_;
+#endif
+};
+
+}  // namespace sparlow
