@@ -26,17 +26,22 @@ double cpuMs(clockid_t clock) {
 struct Live {
   unsigned asked = 0;
   unsigned made = 0;
-  std::vector<double> updates;                ///< from the wish to the finished frame
+  std::vector<double> updates;                ///< from when it was due to the finished frame
   double feeder = 0, window = 0, others = 0;  ///< load in percent of one core
   unsigned samples = 0;
 };
 
+/// A millisecond of it.
+std::vector<double> someNoise() {
+  std::vector<double> xs(kPerMs), ys(kPerMs);
+  Wave(Steps::even).Fill(xs, ys);
+  return ys;
+}
+
 /// Blocks of a millisecond, on time as far as the machine lets it.
 void feed(ViewData& series, double seconds, std::atomic<double>& load) {
   const double cpuBefore = cpuMs(CLOCK_THREAD_CPUTIME_ID), start = NowMs();
-  Wave wave(Steps::even);
-  std::vector<double> xs(kPerMs), ys(kPerMs);
-  wave.Fill(xs, ys);
+  const std::vector<double> ys = someNoise();
   const double first = series.GetSize() * 1e-6;
   const auto blocks = static_cast<unsigned>(seconds * 1e3);
   for (unsigned i = 0; i < blocks; ++i) {
@@ -49,13 +54,13 @@ void feed(ViewData& series, double seconds, std::atomic<double>& load) {
   load = 100.0 * (cpuMs(CLOCK_THREAD_CPUTIME_ID) - cpuBefore) / (NowMs() - start);
 }
 
-/// Before it, so many samples are there.
+/// Before it, so many samples of the same kind are there, so that the pictures are alike.
 Live measure(unsigned before, double seconds) {
   ViewData series;
   series.Init("live");
   series.InitDataTransfer(false);
   series.InitBlockTransfer();
-  const std::vector<double> ys(1u << 16, 10.0);
+  const std::vector<double> ys = someNoise();
   while (series.GetSize() < before)
     series.AddUniform(series.GetSize() * 1e-6, 1e-6, ys);
   series.TermBlockTransfer();
@@ -75,10 +80,11 @@ Live measure(unsigned before, double seconds) {
       while (NowMs() < next)
         std::this_thread::sleep_for(std::chrono::microseconds(300));
       ++live.asked;
+      const double late = NowMs() - next;
       const double time = screen.Frame([&] { screen.View().UpdateGraph(); });
       if (time >= 0.0) {
         ++live.made;
-        live.updates.push_back(time);
+        live.updates.push_back(late + time);
       }
     }
     const double elapsed = NowMs() - start;

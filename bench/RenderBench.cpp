@@ -35,6 +35,21 @@ void render(benchmark::State& state, const Shot& shot) {
     state.SkipWithError("other columns than those of the plain fold");
 }
 
+/// The first render after other work: what it reads has left the caches.
+void renderCold(benchmark::State& state, const Shot& shot) {
+  WaveSeries& series = SharedSeries(shot.steps, shot.samples);
+  GraphAxis axis = series.Show(shot.from, shot.end, 1000, shot.logarithmic);
+  std::vector<char> other(std::size_t{128} << 20);
+  for (auto _ : state) {
+    state.PauseTiming();
+    for (std::size_t i = 0; i < other.size(); i += 64)
+      ++other[i];
+    benchmark::ClobberMemory();
+    state.ResumeTiming();
+    series.Render(&axis, true);
+  }
+}
+
 void fold(benchmark::State& state, const Shot& shot) {
   WaveSeries& series = SharedSeries(shot.steps, shot.samples);
   GraphAxis axis = series.Show(shot.from, shot.end, 1000, shot.logarithmic);
@@ -81,6 +96,10 @@ void RegisterRender() {
   AtMost("Full render, 1000 columns, 100 million samples, to the fold", even.first, even.second,
          1.0 / 100);
   AtMost("The same, to the render of 1 million", even.first, fewer.first, 4);
+  benchmark::RegisterBenchmark("render even, 100 million, cold", renderCold,
+                               Shot{Steps::even, many, 0, many});
+  AtMost("The same out of cold caches, to the fold", "render even, 100 million, cold", even.second,
+         1.0 / 100);
   AtMost("Irregular x, to the fold", uneven.first, uneven.second, 1.0 / 40);
   AtMost("Logarithmic vertical axis, to the fold", evenLog.first, evenLog.second, 1.0 / 40);
   AtMost("Both, to the fold", unevenLog.first, unevenLog.second, 1.0 / 40);

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -85,8 +86,8 @@ void printRatio(Times& times, const Ratio& ratio) {
   if (worst == 0.0)
     return;  // left out by a filter
   const std::string at = ratio.pairs.size() > 1 ? " (" + where + ")" : "";
-  printLine(
-      {ratio.work, "at most " + ratioText(ratio.goal), ratioText(worst) + at, worst <= ratio.goal});
+  const std::string goal = std::isinf(ratio.goal) ? "told" : "at most " + ratioText(ratio.goal);
+  printLine({ratio.work, goal, ratioText(worst) + at, worst <= ratio.goal});
 }
 
 bool parse(int argc, char** argv, std::vector<char*>& rest) {
@@ -118,6 +119,10 @@ unsigned Samples(unsigned full) {
 
 void AtMost(std::string work, std::string numerator, std::string denominator, double goal) {
   WorstAtMost(std::move(work), {{std::move(numerator), std::move(denominator)}}, goal);
+}
+
+void Compare(std::string work, std::string numerator, std::string denominator) {
+  AtMost(std::move(work), std::move(numerator), std::move(denominator), INFINITY);
 }
 
 void WorstAtMost(std::string work, std::vector<std::pair<std::string, std::string>> pairs,

@@ -19,7 +19,9 @@ unsigned Samples(unsigned full);
 
 /// A line of the table at the end: the ratio of two benchmarks' medians, at most `goal`.
 void AtMost(std::string work, std::string numerator, std::string denominator, double goal);
-/// The same for the worst of several pairs of names.
+/// The same without a goal.
+void Compare(std::string work, std::string numerator, std::string denominator);
+/// A goal for the worst of several pairs of names.
 void WorstAtMost(std::string work, std::vector<std::pair<std::string, std::string>> pairs,
                  double goal);
 

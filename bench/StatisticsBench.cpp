@@ -55,9 +55,10 @@ void RegisterMemory() {
     char once[80];
     std::snprintf(once, sizeof once, "%.1f ns a sample", filled * 1e6 / n);
     // A short shot has blocks that are hardly filled.
-    return std::vector<Line>{{"Bytes per sample of the store, 100 million", "at most 16.6", text,
-                              own / n <= 16.6 || Asked().once},
-                             {"(Making and adding them in bulk, into fresh memory)", "told", once}};
+    return std::vector<Line>{
+        {"Bytes per sample of the store, 100 million", "at most 16.6", text,
+         own / n <= 16.6 || Asked().once},
+        {"(Making them, adding them in bulk to fresh memory, statistics)", "told", once}};
   });
 }
 

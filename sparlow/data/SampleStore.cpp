@@ -98,13 +98,13 @@ SampleStore::SampleStore(bool waveform, unsigned limit)
       waveform_(waveform),
       limit_(waveform ? std::min(limit, SampleBlock::kSamples) : limit),
       newest_(makeTable(kFirstTableSize)) {
-  enter(std::make_unique<SampleBlock>(waveform));
+  enter(memory_.Take(), waveform);
   entries_.store(newest_->entries.get());
 }
 
 SampleStore::~SampleStore() {
   for (unsigned b = 0; b < nBlocks_; ++b)
-    delete newest_->entries[b].block;
+    std::destroy_at(newest_->entries[b].block);
 }
 
 std::unique_ptr<SampleStore::Table> SampleStore::makeTable(unsigned size) {
@@ -115,27 +115,27 @@ std::unique_ptr<SampleStore::Table> SampleStore::makeTable(unsigned size) {
   }
 }
 
-void SampleStore::enter(std::unique_ptr<SampleBlock> block) {
-  lastBlock_ = block.release();
+void SampleStore::enter(void* memory, bool withSlopes) {
+  lastBlock_ = new (memory) SampleBlock(withSlopes);
   lastRange_ = {};
   newest_->entries[nBlocks_++].block = lastBlock_;
   appendEnd_ = std::min(nCapacity(), limit_);
 }
 
 void SampleStore::Grow() {
-  auto block = std::make_unique<SampleBlock>(false);
-  if (TableFull()) {
-    auto table = makeTable(2 * newest_->size);
+  std::unique_ptr<Table> table = TableFull() ? makeTable(2 * newest_->size) : nullptr;
+  void* const block = memory_.Take();
+  if (table) {
     std::copy_n(newest_->entries.get(), nBlocks_, table->entries.get());
     table->older = std::move(newest_);
     newest_ = std::move(table);
     entries_.store(newest_->entries.get());
   }
-  enter(std::move(block));
+  enter(block, false);
 }
 
 std::size_t SampleStore::MemoryUse() const {
-  std::size_t bytes = sizeof(*this) + nBlocks_ * sizeof(SampleBlock);
+  std::size_t bytes = sizeof(*this) + memory_.Bytes();
   if (waveform_)
     bytes += SampleBlock::kSamples;
   for (const Table* table = newest_.get(); table; table = table->older.get())

@@ -6,6 +6,7 @@
 #include <memory>
 #include <span>
 
+#include "sparlow/data/BlockMemory.h"
 #include "sparlow/data/SampleBlock.h"
 #include "sparlow/platform/CopyableAtomic.h"
 
@@ -109,9 +110,8 @@ class SampleStore {
   /// @name Writing
   /// Makes room for one more block. Throws as the constructor does and leaves the store as it was.
   void Grow();
-  /// Appends a finite sample behind the `size` that there are, unless Full(). True when its y has
-  /// widened the bounds of its block.
-  bool Append(unsigned size, double x, double y, bool slope);
+  /// Appends a finite sample behind the `size` that there are, unless Full().
+  void Append(unsigned size, double x, double y, bool slope);
   /// Appends the finite samples of a span from its sample begin on, as far as the block in work has
   /// room. Not when Full().
   Appended Append(const SampleSpan& samples, std::size_t begin);
@@ -129,7 +129,7 @@ class SampleStore {
     std::unique_ptr<Table> older;
   };
   static std::unique_ptr<Table> makeTable(unsigned size);
-  void enter(std::unique_ptr<SampleBlock> block);
+  void enter(void* memory, bool withSlopes);
   void finishRun(unsigned end);
   void finishBlock(BlockEntry& entry);
   static void summarize(BlockEntry& entry);
@@ -151,13 +151,13 @@ class SampleStore {
   SampleBlock* lastBlock_ = nullptr;
   YRange lastRange_;  // yMin and yMax of that block, in the writer's own memory
   double lastX_ = SampleBlock::kNoMax;
+  BlockMemory memory_;
   std::unique_ptr<Table> newest_;
 };
 
-inline bool SampleStore::Append(unsigned size, double x, double y, bool slope) {
+inline void SampleStore::Append(unsigned size, double x, double y, bool slope) {
   lastBlock_->Write(size & SampleBlock::kMask, x, y, slope);
-  const bool widens = y < lastRange_.low || y > lastRange_.high;
-  if (widens)
+  if (y < lastRange_.low || y > lastRange_.high)
     widenBlock({y, y});
   if (x < lastX_)
     ascending_.setRelaxed(false);
@@ -166,7 +166,6 @@ inline bool SampleStore::Append(unsigned size, double x, double y, bool slope) {
   if ((~size & (SampleBlock::kRunSamples - 1)) == 0)
     finishRun(size + 1);
   size_.store(size + 1);
-  return widens;
 }
 
 }  // namespace sparlow

@@ -345,9 +345,8 @@ inline void SourceData::Add(double x, double y, bool slope) {
       return;
     size = store->OwnSize();
   }
-  // What lies within the bounds of its block lies within those of the series.
-  if (store->Append(size, x, y, slope))
-    Widen(yGlobalMin, yGlobalMax, y);
+  store->Append(size, x, y, slope);
+  Widen(yGlobalMin, yGlobalMax, y);
   Widen(xGlobalMin, xGlobalMax, x);
   nSamples.store(size + 1);
 }

@@ -138,6 +138,7 @@ class ViewData : public SourceData, public ViewColumns {
   void setMadeFor(const RenderKey& key);
   void renderWaveform(const SampleReader& samples, const GraphAxis& axis);
   bool renderPlain(Fold& fold, const GraphAxis& axis, const RenderKey& key);
+  bool mapsByAxes() const;
   void foldByAxes(Fold& fold, const GraphAxis& axis);
   static bool isDense(const Fold& fold, const GraphAxis& axis);
   /// False when the samples are to be folded one by one.
@@ -145,8 +146,8 @@ class ViewData : public SourceData, public ViewColumns {
   template <class Ver>
   void foldDense(Fold& fold, const LinearMapping& hor, const Ver& ver);
   template <class Ver>
-  static void addRange(Column& column, const SampleReader& samples, const Ver& ver, unsigned from,
-                       unsigned end);
+  bool addRange(Column& column, const SampleReader& samples, const Ver& ver, unsigned from,
+                unsigned end) const;
   bool toldToStop() const;
   template <class Pixels>
   void foldWith(Fold& fold, Pixels pixels);

@@ -178,7 +178,7 @@ bool ViewData::renderPlain(Fold& fold, const GraphAxis& axis, const RenderKey& k
       rising_.reset();
     nextSample = 0;
   }
-  if (typeid(*this) != *standardMapping_)
+  if (!mapsByAxes())
     foldWith(fold, VirtualPixels{this, &axis});
   else if (!renderDense(fold, axis))
     foldByAxes(fold, axis);
@@ -191,6 +191,12 @@ bool ViewData::renderPlain(Fold& fold, const GraphAxis& axis, const RenderKey& k
   nColumns = fold.column;
   setMadeFor(key);
   return true;
+}
+
+// A ViewData itself does, also one that was copied from a class which has declared another type.
+bool ViewData::mapsByAxes() const {
+  const std::type_info& own = typeid(*this);
+  return own == typeid(ViewData) || own == *standardMapping_;
 }
 
 void ViewData::foldByAxes(Fold& fold, const GraphAxis& axis) {

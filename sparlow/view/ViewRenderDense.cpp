@@ -83,39 +83,41 @@ void ViewData::foldDense(Fold& fold, const LinearMapping& hor, const Ver& ver) {
     if (next == near && near < end) {
       next = endOfPixel(samples, hor, near - 1, end, work.x, width);
       if (next > near)
-        addRange(work, samples, ver, near, next);
+        fold.stopped = !addRange(work, samples, ver, near, next);
     }
     width = next - begin;
     fold.alone = fold.alone && width == 1;
     putColumn(fold.column++, work);
     fold.sample = next;
-    fold.stopped = toldToStop();
+    fold.stopped = fold.stopped || toldToStop();
   }
 }
 
 // Where an end of a range is too near the next pixel to be sure, so is that of the parts that reach
-// as far, and of no others.
+// as far, and of no others. False when it was told to stop.
 template <class Ver>
-void ViewData::addRange(Column& column, const SampleReader& samples, const Ver& ver, unsigned from,
-                        unsigned end) {
+bool ViewData::addRange(Column& column, const SampleReader& samples, const Ver& ver, unsigned from,
+                        unsigned end) const {
   const YRange range = samples.RangeOfY(from, end);
   int least, most;
   if (ver.PixelsOf(range.low, range.high, least, most)) {
     column.min = std::min(column.min, least);
     column.max = std::max(column.max, most);
     column.last = ver(samples.y(end - 1));
-  } else if (end - from <= SampleBlock::kRunSamples) {
+    return true;
+  }
+  if (end - from <= SampleBlock::kRunSamples) {
     for (unsigned sample = from; sample < end; ++sample)
       column.add(ver(samples.y(sample)));
-  } else {
-    // Whole runs, and whole groups while there are some, so that their ranges are read.
-    const unsigned half = (end - from) / 2;
-    const unsigned whole =
-        half >= SampleBlock::kGroupSamples ? SampleBlock::kGroupSamples : SampleBlock::kRunSamples;
-    const unsigned middle = (from + half + whole / 2) & ~(whole - 1);
-    addRange(column, samples, ver, from, middle);
-    addRange(column, samples, ver, middle, end);
+    return !toldToStop();
   }
+  // Whole runs, and whole groups while there are some, so that their ranges are read.
+  const unsigned half = (end - from) / 2;
+  const unsigned whole =
+      half >= SampleBlock::kGroupSamples ? SampleBlock::kGroupSamples : SampleBlock::kRunSamples;
+  const unsigned middle = (from + half + whole / 2) & ~(whole - 1);
+  return addRange(column, samples, ver, from, middle) &&
+         addRange(column, samples, ver, middle, end);
 }
 
 bool ViewData::renderDense(Fold& fold, const GraphAxis& axis) {

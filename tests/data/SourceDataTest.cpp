@@ -29,11 +29,12 @@ TEST(SourceData, ACopyIsASecondHandleThatKeepsItsSamples) {
   Series s;
   s.fillRamp(10000);
   SourceData copy(s);
-  s.Add(10000, 1);
+  s.Add(10000, 1e6);
   copy.SetFrom(500);
   EXPECT_EQ(copy.GetSize(), 10000u);
   EXPECT_EQ(s.GetFrom(), 0u);
-  copy.Add(20000, 2);  // goes behind the sample that the copy hasn't counted
+  copy.Add(20000, 2e4);  // goes behind the sample that the copy hasn't counted
+  EXPECT_EQ(copy.yGlobalMax, 2e4);
   EXPECT_EQ(copy.GetSize(), 10002u);
   EXPECT_EQ(copy.xGet(10000), 10000);
   EXPECT_EQ(s.GetSize(), 10001u);

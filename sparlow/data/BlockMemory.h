@@ -1,0 +1,37 @@
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <vector>
+
+namespace sparlow {
+
+/// Room for the blocks of a store, taken from the system for many at a time: touching memory for the
+/// first time costs more than filling it, and large pieces can have large pages.
+///
+/// A series of few blocks has them one by one; each piece doubles the room, up to some 8 MiB.
+/// Threads: one takes; given back as a whole.
+class BlockMemory {
+ public:
+  /// Uninitialised memory for a SampleBlock, good until the end of this. Throws std::bad_alloc and
+  /// then has changed nothing.
+  void* Take();
+  /// Bytes taken from the system.
+  std::size_t Bytes() const { return bytes_; }
+
+ private:
+  struct Release {
+    bool large;
+    void operator()(std::byte* piece) const;
+  };
+  using Piece = std::unique_ptr<std::byte, Release>;
+  static Piece makePiece(unsigned blocks);
+
+  std::vector<Piece> pieces_;
+  std::byte* next_ = nullptr;
+  unsigned left_ = 0;   // blocks behind next_
+  unsigned total_ = 0;  // blocks of all pieces
+  std::size_t bytes_ = 0;
+};
+
+}  // namespace sparlow
