@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "sparlow/data/SourceData.h"
+#include "sparlow/platform/DoublePair.h"
 
 namespace sparlow {
 
@@ -28,35 +29,39 @@ struct Stretch {
   bool inside = false;
   YRange range{};  // of their y, if so
 
-  // Calls use(y, y of the sample before) for the samples in the window and tells how many.
-  template <class Use>
-  unsigned forEachIn(const Window& window, const Use& use) const {
+  // Adds the samples in the window to sums that the compiler can keep in registers: each sample with
+  // the y of the one before; then where they began, how many they were, and their range.
+  template <class Sums>
+  Sums addTo(Sums sums, const Window& window) const {
     const unsigned first = sample & SampleBlock::kMask, stop = first + (end - sample);
     double previous = before;
     if (inside) {
       for (unsigned place = first; place < stop; ++place) {
         const double y = block.yAt(place);
-        use(y, previous);
+        sums.add(y, previous);
         previous = y;
       }
-      return stop - first;
+      sums.counted(sample, stop - first, range);
+      return sums;
     }
-    unsigned counted = 0;
+    unsigned count = 0;
+    YRange seen;
     for (unsigned place = first; place < stop; ++place) {
       const double y = block.yAt(place);
       if (window.holds(y)) {
-        use(y, previous);
-        ++counted;
+        sums.add(y, previous);
+        seen.Include(y);
+        ++count;
       }
       previous = y;
     }
-    return counted;
+    sums.counted(sample, count, seen);
+    return sums;
   }
 };
 
-// A whole group that the window holds, else the whole runs of a group that it holds, as many as
-// come, else the rest of one run. Not more at once: bounds are then read while the samples before
-// are still being added.
+// A whole block that the window holds, or else a whole group, or the whole runs of a group, as many
+// as come, or the rest of one run.
 Stretch stretchAt(const SampleReader& samples, unsigned sample, const Window& window) {
   constexpr unsigned kRun = SampleBlock::kRunSamples, kGroup = SampleBlock::kGroupSamples;
   const SampleBlock& block = samples.block(sample >> SampleBlock::kShift);
@@ -73,6 +78,9 @@ Stretch stretchAt(const SampleReader& samples, unsigned sample, const Window& wi
     stretch.inside = true;
     return true;
   };
+  if (place == 0 && samples.size() - sample >= SampleBlock::kSamples &&
+      take(samples.RangeOfY(sample, sample + SampleBlock::kSamples), SampleBlock::kSamples))
+    return stretch;
   if (end - sample == kGroup && take(block.GroupRange(place >> SampleBlock::kGroupShift), kGroup))
     return stretch;
   while (stretch.end % kRun == 0 && end - stretch.end >= kRun &&
@@ -113,85 +121,75 @@ class AnalysedRange {
   std::shared_ptr<const SampleStore> store_;
 };
 
+// Sums over the analysed range, made of one walk through it.
+template <class Sums>
+struct SumsOf {
+  const Window window;
+  Sums sums;
+
+  SumsOf(const AnalysedRange& range, const Window& counting, const Sums& none)
+      : window(counting), sums(none) {
+    range.walk(*this);
+  }
+  void take(const SampleReader& samples, unsigned next) {
+    while (next < samples.size()) {
+      const Stretch stretch = stretchAt(samples, next, window);
+      sums = stretch.addTo(sums, window);
+      next = stretch.end;
+    }
+  }
+};
+
 // The samples in a window are just those from the lowest to the highest of them, so that bounds and
 // mean come out of one walk.
 struct Totals {
-  const Window window;
-  double low = SampleBlock::kNoMin, high = SampleBlock::kNoMax;
   double sum = 0.0;
+  YRange range{};
   std::uint64_t count = 0;
 
-  Totals(const AnalysedRange& range, const Window& counting) : window(counting) {
-    range.walk(*this);
+  static Totals Of(const AnalysedRange& range, const Window& window) {
+    return SumsOf<Totals>(range, window, Totals{}).sums;
   }
   bool empty() const { return count == 0; }
   double mean() const { return empty() ? 0.0 : sum / static_cast<double>(count); }
 
-  void take(const SampleReader& samples, unsigned next) {
-    double total = sum;
-    while (next < samples.size()) {
-      const Stretch stretch = stretchAt(samples, next, window);
-      if (stretch.inside) {
-        widen(stretch.range.low, stretch.range.high);
-        count += stretch.forEachIn(window, [&](double y, double) { total += y; });
-      } else {
-        count += stretch.forEachIn(window, [&](double y, double) {
-          widen(y, y);
-          total += y;
-        });
-      }
-      next = stretch.end;
-    }
-    sum = total;
-  }
-
- private:
-  void widen(double from, double to) {
-    low = std::min(low, from);
-    high = std::max(high, to);
+  void add(double y, double) { sum += y; }
+  void counted(unsigned, unsigned more, const YRange& of) {
+    count += more;
+    range.Include(of);
   }
 };
 
 // In one walk as well: two sums that don't wait for each other.
 struct Deviations {
-  const Window window;
-  const double mean;
-  double squares = 0.0, steps = 0.0;
+  double mean;
+  DoublePair sums{0.0};  // of the squares of deviations, and of those of steps
   std::uint64_t count = 0, pairs = 0;
 
-  Deviations(const AnalysedRange& range, const StatisticParameters& values)
-      : window{values.min, values.max}, mean(values.mean) {
-    range.walk(*this);
+  static Deviations Of(const AnalysedRange& range, const StatisticParameters& values) {
+    return SumsOf<Deviations>(range, {values.min, values.max}, Deviations{values.mean}).sums;
   }
   double standard() const {
-    return count != 0 ? std::sqrt(squares / static_cast<double>(count)) : 0.0;
+    return count != 0 ? std::sqrt(sums.First() / static_cast<double>(count)) : 0.0;
   }
   double allan() const {
-    return pairs != 0 ? std::sqrt(steps / static_cast<double>(pairs) * 0.5) : 0.0;
+    return pairs != 0 ? std::sqrt(sums.Second() / static_cast<double>(pairs) * 0.5) : 0.0;
   }
 
-  void take(const SampleReader& samples, unsigned next) {
-    const double middle = mean;
-    double sum = squares, stepSum = steps;
-    while (next < samples.size()) {
-      const Stretch stretch = stretchAt(samples, next, window);
-      const unsigned counted = stretch.forEachIn(window, [&](double y, double previous) {
-        const double d = y - middle, step = y - previous;
-        sum += d * d;
-        stepSum += step * step;
-      });
-      count += counted;
-      pairs += next == 0 ? 0 : counted;
-      next = stretch.end;
-    }
-    squares = sum;
-    steps = stepSum;
+  void add(double y, double previous) {
+    const DoublePair d = DoublePair(y) - DoublePair(mean, previous);
+    sums = sums + d * d;
+  }
+  // Sample 0 has none before it.
+  void counted(unsigned from, unsigned more, const YRange&) {
+    count += more;
+    pairs += from == 0 ? 0 : more;
   }
 };
 
 void setBounds(StatisticParameters& values, const Totals& totals) {
-  values.min = totals.empty() ? 1.0 : totals.low;
-  values.max = totals.empty() ? 1.0 : totals.high;
+  values.min = totals.empty() ? 1.0 : totals.range.low;
+  values.max = totals.empty() ? 1.0 : totals.range.high;
   values.span = values.max - values.min;
 }
 
@@ -200,31 +198,31 @@ void setBounds(StatisticParameters& values, const Totals& totals) {
 void StatisticParameters::Calculate(const SourceData* series, double yLow, double yHigh) {
   Reset();
   const AnalysedRange range(series);
-  const Totals totals(range, {yLow, yHigh});
+  const Totals totals = Totals::Of(range, {yLow, yHigh});
   setBounds(*this, totals);
   // Samples of 1, kept out by the window, would lie in the one that is left without any.
   if (totals.empty())
     return;
   mean = totals.mean();
-  const Deviations deviations(range, *this);
+  const Deviations deviations = Deviations::Of(range, *this);
   stdDev = deviations.standard();
   allanDev = deviations.allan();
 }
 
 void StatisticParameters::CalculateMinMax(const SourceData* series, double yLow, double yHigh) {
-  setBounds(*this, Totals(AnalysedRange(series), {yLow, yHigh}));
+  setBounds(*this, Totals::Of(AnalysedRange(series), {yLow, yHigh}));
 }
 
 void StatisticParameters::CalculateMean(const SourceData* series, double, double) {
-  mean = Totals(AnalysedRange(series), {min, max}).mean();
+  mean = Totals::Of(AnalysedRange(series), {min, max}).mean();
 }
 
 void StatisticParameters::CalculateStdDev(const SourceData* series, double, double) {
-  stdDev = Deviations(AnalysedRange(series), *this).standard();
+  stdDev = Deviations::Of(AnalysedRange(series), *this).standard();
 }
 
 void StatisticParameters::CalculateAllanDev(const SourceData* series, double, double) {
-  allanDev = Deviations(AnalysedRange(series), *this).allan();
+  allanDev = Deviations::Of(AnalysedRange(series), *this).allan();
 }
 
 }  // namespace sparlow

@@ -18,8 +18,20 @@ class DoublePair {
   friend DoublePair operator-(DoublePair a, DoublePair b) noexcept {
     return _mm_sub_pd(a.values_, b.values_);
   }
+  friend DoublePair operator+(DoublePair a, DoublePair b) noexcept {
+    return _mm_add_pd(a.values_, b.values_);
+  }
+  friend DoublePair operator*(DoublePair a, DoublePair b) noexcept {
+    return _mm_mul_pd(a.values_, b.values_);
+  }
   friend DoublePair operator/(DoublePair a, DoublePair b) noexcept {
     return _mm_div_pd(a.values_, b.values_);
+  }
+  double First() const noexcept {
+    return _mm_cvtsd_f64(values_);
+  }
+  double Second() const noexcept {
+    return _mm_cvtsd_f64(_mm_unpackhi_pd(values_, values_));
   }
   /// 0 in place of what isn't a number.
   DoublePair NumberOrZero() const noexcept {
@@ -47,8 +59,20 @@ class DoublePair {
   friend DoublePair operator-(DoublePair a, DoublePair b) noexcept {
     return {a.a_ - b.a_, a.b_ - b.b_};
   }
+  friend DoublePair operator+(DoublePair a, DoublePair b) noexcept {
+    return {a.a_ + b.a_, a.b_ + b.b_};
+  }
+  friend DoublePair operator*(DoublePair a, DoublePair b) noexcept {
+    return {a.a_ * b.a_, a.b_ * b.b_};
+  }
   friend DoublePair operator/(DoublePair a, DoublePair b) noexcept {
     return {a.a_ / b.a_, a.b_ / b.b_};
+  }
+  double First() const noexcept {
+    return a_;
+  }
+  double Second() const noexcept {
+    return b_;
   }
   DoublePair NumberOrZero() const noexcept {
     return {a_ == a_ ? a_ : 0.0, b_ == b_ ? b_ : 0.0};
