@@ -27,36 +27,38 @@ struct Stretch {
   // The window holds all of them: they are whole runs, by whose bounds that can be told. The series
   // may still add to a run that isn't whole.
   bool inside = false;
-  YRange range{};  // of their y, if so
+  YRange range{};  // of their y, if so, else of none
 
-  // Adds the samples in the window to sums that the compiler can keep in registers: each sample with
-  // the y of the one before; then where they began, how many they were, and their range.
+  // Adds the samples in the window, each with the y of the one before it, and then tells where they
+  // began, how many they were, and their range. A function of its own: nothing in it makes the
+  // compiler take the sum out of its register, which would cost three times as much.
   template <class Sums>
-  Sums addTo(Sums sums, const Window& window) const {
+  [[gnu::noinline]] void addTo(Sums& sums, const Window& window) const {
     const unsigned first = sample & SampleBlock::kMask, stop = first + (end - sample);
     double previous = before;
+    auto sum = sums.sum;
+    unsigned count = 0;
+    YRange seen = range;
     if (inside) {
       for (unsigned place = first; place < stop; ++place) {
         const double y = block.yAt(place);
-        sums.add(y, previous);
+        sum = sums.plus(sum, y, previous);
         previous = y;
       }
-      sums.counted(sample, stop - first, range);
-      return sums;
-    }
-    unsigned count = 0;
-    YRange seen;
-    for (unsigned place = first; place < stop; ++place) {
-      const double y = block.yAt(place);
-      if (window.holds(y)) {
-        sums.add(y, previous);
-        seen.Include(y);
-        ++count;
+      count = stop - first;
+    } else {
+      for (unsigned place = first; place < stop; ++place) {
+        const double y = block.yAt(place);
+        if (window.holds(y)) {
+          sum = sums.plus(sum, y, previous);
+          seen.Include(y);
+          ++count;
+        }
+        previous = y;
       }
-      previous = y;
     }
+    sums.sum = sum;
     sums.counted(sample, count, seen);
-    return sums;
   }
 };
 
@@ -97,10 +99,10 @@ class AnalysedRange {
   explicit AnalysedRange(const SourceData* series)
       : series_(series), store_(series ? series->Store() : nullptr) {}
 
-  // Calls pass.take(samples, from) for the part of the range in each block. The end of the range is
-  // asked for again after each, so that a walk follows a series that grows.
-  template <class Pass>
-  void walk(Pass& pass) const {
+  // Calls take(samples, from) for the part of the range in each block. The end of the range is asked
+  // for again after each, so that a walk follows a series that grows.
+  template <class Take>
+  void walk(const Take& take) const {
     if (!store_)
       return;
     unsigned next = series_->GetAnalyzeFrom();
@@ -109,7 +111,7 @@ class AnalysedRange {
       const SampleReader samples(store_, std::min(end, blockEnd(next)));
       if (next >= samples.size())
         return;
-      pass.take(samples, next);
+      take(samples, next);
       next = samples.size();
     }
   }
@@ -121,24 +123,18 @@ class AnalysedRange {
   std::shared_ptr<const SampleStore> store_;
 };
 
-// Sums over the analysed range, made of one walk through it.
+// One walk through the range that adds to sums.
 template <class Sums>
-struct SumsOf {
-  const Window window;
-  Sums sums;
-
-  SumsOf(const AnalysedRange& range, const Window& counting, const Sums& none)
-      : window(counting), sums(none) {
-    range.walk(*this);
-  }
-  void take(const SampleReader& samples, unsigned next) {
+Sums addUp(const AnalysedRange& range, const Window& window, Sums sums) {
+  range.walk([&](const SampleReader& samples, unsigned next) {
     while (next < samples.size()) {
       const Stretch stretch = stretchAt(samples, next, window);
-      sums = stretch.addTo(sums, window);
+      stretch.addTo(sums, window);
       next = stretch.end;
     }
-  }
-};
+  });
+  return sums;
+}
 
 // The samples in a window are just those from the lowest to the highest of them, so that bounds and
 // mean come out of one walk.
@@ -148,12 +144,12 @@ struct Totals {
   std::uint64_t count = 0;
 
   static Totals Of(const AnalysedRange& range, const Window& window) {
-    return SumsOf<Totals>(range, window, Totals{}).sums;
+    return addUp(range, window, Totals{});
   }
   bool empty() const { return count == 0; }
   double mean() const { return empty() ? 0.0 : sum / static_cast<double>(count); }
 
-  void add(double y, double) { sum += y; }
+  static double plus(double before, double y, double) { return before + y; }
   void counted(unsigned, unsigned more, const YRange& of) {
     count += more;
     range.Include(of);
@@ -163,22 +159,22 @@ struct Totals {
 // In one walk as well: two sums that don't wait for each other.
 struct Deviations {
   double mean;
-  DoublePair sums{0.0};  // of the squares of deviations, and of those of steps
+  DoublePair sum{0.0};  // of the squares of deviations, and of those of steps
   std::uint64_t count = 0, pairs = 0;
 
   static Deviations Of(const AnalysedRange& range, const StatisticParameters& values) {
-    return SumsOf<Deviations>(range, {values.min, values.max}, Deviations{values.mean}).sums;
+    return addUp(range, {values.min, values.max}, Deviations{values.mean});
   }
   double standard() const {
-    return count != 0 ? std::sqrt(sums.First() / static_cast<double>(count)) : 0.0;
+    return count != 0 ? std::sqrt(sum.First() / static_cast<double>(count)) : 0.0;
   }
   double allan() const {
-    return pairs != 0 ? std::sqrt(sums.Second() / static_cast<double>(pairs) * 0.5) : 0.0;
+    return pairs != 0 ? std::sqrt(sum.Second() / static_cast<double>(pairs) * 0.5) : 0.0;
   }
 
-  void add(double y, double previous) {
+  DoublePair plus(DoublePair before, double y, double previous) const {
     const DoublePair d = DoublePair(y) - DoublePair(mean, previous);
-    sums = sums + d * d;
+    return before + d * d;
   }
   // Sample 0 has none before it.
   void counted(unsigned from, unsigned more, const YRange&) {
