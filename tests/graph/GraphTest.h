@@ -26,7 +26,6 @@ class TestView : public CSingleGraphView {
   Graph& TheGraph() { return *graph; }
 
   std::function<void(UINT)> afterMessage;
-  std::function<void()> onOverlay;
   /// With a number the graph lies over others: a click hits the mask 1, another curve, or with 0
   /// nothing.
   std::optional<int> overlaidHit;
@@ -44,10 +43,6 @@ class TestView : public CSingleGraphView {
   std::unique_ptr<Graph> NewGraph(GraphAxis* axes) override {
     struct HostGraph : Graph {
       HostGraph(GraphAxis* shared, TestView& owner) : Graph(shared), view(owner) {}
-      void DrawCustomOverlay(CDC*) override {
-        if (view.onOverlay)
-          view.onOverlay();
-      }
       bool IsMultiple() const override { return view.overlaidHit.has_value(); }
       bool GetViewDataByPoint(ViewData**, int* index, bool* isMask, CPoint) override {
         if (index) {
@@ -73,11 +68,8 @@ class GraphTest : public ::testing::Test {
   }
   ~GraphTest() override {
     series.OpenGate();
-    if (view) {
-      // They may use what the test had on its stack.
-      view->afterMessage = nullptr;
-      view->onOverlay = nullptr;
-    }
+    if (view)
+      view->afterMessage = nullptr;  // it may use what the test had on its stack
     CloseView();
     SetThreadStarter(nullptr);
     SourceData::nLastSamplesToDraw = 0;

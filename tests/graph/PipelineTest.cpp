@@ -1,5 +1,4 @@
-// What must hold between a graph and its workers, each case one that a step-by-step pipeline
-// without requests, counts and a closing state would fail.
+// What must hold between a graph and its workers.
 
 #include <thread>
 
@@ -22,35 +21,8 @@ struct HeldThread {
   }
 };
 
-/// A series whose analysis goes on until it is told to stop, or that it is done.
-struct AnalyzedSeries : GatedSeries {
-  bool Analyze() override {
-    started = true;
-    while (!finish && !(mayPoll && IsAborted()))
-      std::this_thread::yield();
-    return finish;
-  }
-  std::atomic<bool> started{false};
-  std::atomic<bool> mayPoll{true};
-  std::atomic<bool> finish{false};
-};
-
 class PipelineTest : public GraphTest {
  protected:
-  PipelineTest() { analyzed.Init("Analyzed", nullptr); }
-  ~PipelineTest() override {
-    CloseView();
-    analyzed.Term();
-  }
-  /// A view of the series with an analysis, which runs.
-  void StartAnalysis(unsigned samples) {
-    if (samples > 0)
-      Fill(analyzed, samples);
-    OpenView({640, 480}, analyzed);
-    SendMessage(view->GetSafeHwnd(), WM_RECALC_ANALYSIS, 0, 0);
-    while (!analyzed.started)
-      std::this_thread::yield();
-  }
   /// An update whose worker doesn't come to run before HeldThread is released.
   void StartHeldRender() {
     HeldThread::released = false;
@@ -72,8 +44,6 @@ class PipelineTest : public GraphTest {
     EXPECT_FALSE(RenderDue());
     EXPECT_TRUE(PipelineIsFree());
   }
-
-  AnalyzedSeries analyzed;
 };
 
 TEST_F(PipelineTest, DestroyWaitsForAWorkerThatHasntRunYetAndNothingStartsAfterIt) {
@@ -126,24 +96,6 @@ TEST_F(PipelineTest, AStoppedRenderLeavesItsReadoutToTheOneThatCompletes) {
   EXPECT_FALSE(workers.TakeReadout());
 }
 
-TEST_F(PipelineTest, IncrementalRendersNeverGoOnOverForeignColumns) {
-  Begin(series);
-  ShowMore(3000);
-  ShowMore(100);
-  ExpectTrueColumns();
-  // Another scale: no update comes with a resize that is locked.
-  Graph::LockResizing();
-  Window().Resize({900, 480});
-  Graph::UnlockResizing();
-  ShowMore(10);
-  ExpectTrueColumns();
-  // A new data set that fits into the old axes, told only by an update.
-  series.TermDataTransfer();
-  Begin(series);
-  ShowMore(500);
-  ExpectTrueColumns();
-}
-
 TEST_F(PipelineTest, DestroyEndsARenderAndTheOneThatTakesOver) {
   StartGatedRender();
   Window().Resize({500, 400});
@@ -155,31 +107,6 @@ TEST_F(PipelineTest, DestroyEndsARenderAndTheOneThatTakesOver) {
   EXPECT_EQ(series.completed, 0);
   EXPECT_EQ(series.begun, series.stopped);
   EXPECT_FALSE(series.IsAborted());
-}
-
-TEST_F(PipelineTest, DestroyReachesAnAnalysisWhateverBecomesOfTheTerminator) {
-  // The series is empty, and the terminator is cleared behind the graph's back.
-  analyzed.mayPoll = false;
-  StartAnalysis(0);
-  std::thread host([this] {
-    while (!analyzed.terminator->IsSet())
-      std::this_thread::yield();
-    ResetEvent(analyzed.terminator);
-    analyzed.mayPoll = true;
-  });
-  CloseView();
-  host.join();
-  EXPECT_FALSE(analyzed.IsAborted());
-}
-
-TEST_F(PipelineTest, DestroyReachesAnAnalysisOfAReplacedSeriesAndLeavesTheHostsSignals) {
-  StartAnalysis(100);
-  TheGraph().SetViewData(&series);
-  SetEvent(series.terminator);
-  CloseView();
-  EXPECT_FALSE(analyzed.finish);
-  EXPECT_TRUE(series.IsAborted());
-  ResetEvent(series.terminator);
 }
 
 TEST_F(PipelineTest, SeriesMayEndAsSoonAsTheWindowIsDestroyed) {
@@ -196,15 +123,6 @@ TEST_F(PipelineTest, SeriesMayEndAsSoonAsTheWindowIsDestroyed) {
   EXPECT_EQ(own, nullptr);
 }
 
-TEST_F(PipelineTest, TheViewMayEndInsideAnUpdate) {
-  StartGatedRender();
-  Window().onShowScrollBar = [this] { CloseView(); };
-  std::thread opener = OpenGateWhenClosed();
-  view->UpdateGraph();
-  opener.join();
-  EXPECT_EQ(view, nullptr);
-}
-
 TEST_F(PipelineTest, TheLastToGiveUpBringsTheGraph) {
   // The older render's thread comes to run when the newer one has long been done.
   StartHeldRender();
@@ -219,22 +137,9 @@ TEST_F(PipelineTest, TheLastToGiveUpBringsTheGraph) {
   ExpectTrueColumns();
 }
 
-TEST_F(PipelineTest, ResizingLeavesAnAnalysisAlone) {
-  StartAnalysis(20000);
-  analyzed.CloseGate();
-  view->UpdateGraph();
-  analyzed.AwaitWorker();
-  for (int width = 400; width < 410; ++width)
-    Window().Resize({width, 300});
-  analyzed.OpenGate();
-  ASSERT_TRUE(PumpUntil([this] { return !RenderDue(); }));
-  const int rendersBefore = analyzed.completed;
-  analyzed.finish = true;
-  // The update that the analysis posts renders again.
-  EXPECT_TRUE(PumpUntil([&] { return analyzed.completed > rendersBefore && Workers() == 0; }));
-}
-
 TEST_F(PipelineTest, ChangesOfSeriesAndAxesWaitForTheRenderToEnd) {
+  ViewData other;
+  other.Init("Other", nullptr);
   for (const bool changeAxes : {true, false}) {
     StartGatedRender();
     std::thread opener = Later([this] { series.OpenGate(); });
@@ -244,12 +149,14 @@ TEST_F(PipelineTest, ChangesOfSeriesAndAxesWaitForTheRenderToEnd) {
         axes.yMarginPercent = 3;
       });
     } else {
-      TheGraph().SetViewData(&analyzed);
+      TheGraph().SetViewData(&other);
       EXPECT_EQ(series.begun, series.completed + series.stopped);
     }
     opener.join();
     ASSERT_TRUE(AwaitIdle());
   }
+  CloseView();
+  other.Term();
 }
 
 TEST_F(PipelineTest, ARenderThatItsHostStopsIsDoneWhenTheHostLetsIt) {
@@ -282,30 +189,6 @@ TEST_F(PipelineTest, WhatAHostThrowsLeavesNothingLocked) {
   ExpectFreeAndIdle();
   CloseView();
   throwing.Term();
-}
-
-TEST_F(PipelineTest, ATooLargeWindowIsToldOfOnceALayout) {
-  Fill(series, 20000);
-  for (const int tooWide : {16384, 16385}) {
-    Window().Resize({tooWide, 300});
-    view->UpdateGraph();
-    ASSERT_TRUE(AwaitIdle());
-  }
-  ASSERT_EQ(system.boxes.size(), 2u);
-  EXPECT_EQ(system.boxes[0],
-            "Screen or printer resolution is too high.\nThe graph will be truncated.");
-  // Messages that are handled while the box is open open no other.
-  int nested = 0;
-  UiThread::SetBoxHandler([&](const BoxRequest&) {
-    ++nested;
-    view->UpdateGraph();
-    return IDOK;
-  });
-  view->UpdateGraph();
-  EXPECT_EQ(nested, 1);
-  UiThread::SetBoxHandler(nullptr);
-  Window().Resize({600, 300});
-  ASSERT_TRUE(AwaitIdle());
 }
 
 }  // namespace

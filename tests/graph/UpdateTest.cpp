@@ -10,8 +10,6 @@ namespace {
 class UpdateTest : public GraphTest {};
 
 TEST_F(UpdateTest, WithoutSamplesThereIsAMessageAndAResetAxis) {
-  TheGraph().DrawAll();
-  EXPECT_TRUE(Shows("No Data Available"));
   axis.SetRange(0, 1, 0, 1);
   view->UpdateGraph();
   EXPECT_EQ(axis.hor.max, 0.0);
@@ -98,7 +96,7 @@ TEST_F(UpdateTest, LastSamplesSlideAlongTheAxis) {
   ExpectTrueColumns();
 }
 
-TEST_F(UpdateTest, FixedAndPresetAxesKeepTheirRange) {
+TEST_F(UpdateTest, AFixedAxisKeepsItsRange) {
   axis.hor.autoRange = false;
   axis.hor.fixedMin = 0.2;
   axis.hor.fixedMax = 0.4;
@@ -110,38 +108,13 @@ TEST_F(UpdateTest, FixedAndPresetAxesKeepTheirRange) {
   EXPECT_GE(series.GetFrom(), 199u);
   EXPECT_LE(series.GetTo(), 402u);
   ExpectTrueColumns();
-
-  axis.hor.ResetFixed();
-  series.ResetInterval(nullptr);
-  axis.Preset(-5, 5, -1, 3);
-  view->UpdateGraph();
-  EXPECT_EQ(axis.ver.max, 5.0);
-  EXPECT_EQ(axis.hor.min, -1.0);
-  ExpectTrueColumns();
-}
-
-TEST_F(UpdateTest, AZoomedGraphWithoutYAutoZoomKeepsItsVerticalRange) {
-  Show(1000);
-  const double top = axis.ver.max;
-  for (const bool yAutoZoom : {false, true}) {
-    axis.yAutoZoom = yAutoZoom;
-    series.SetIntervalBySample(true, &axis.hor, 8);
-    view->UpdateGraph();
-    EXPECT_EQ(axis.ver.max == top, !yAutoZoom);
-    EXPECT_GT(axis.hor.min, 0.3);
-  }
 }
 
 TEST_F(UpdateTest, LayoutLeavesRoomForLabelsAndNeverLessThanAPixel) {
   Show(100);
   const CSize plot{640 - 58 - 20, 480 - 21 - 21};
   EXPECT_EQ(Plot(), plot);
-  GraphAxis otherAxis;
-  Graph empty(&otherAxis);
-  ViewData nothing;
-  empty.AddViewData(&nothing);
   Graph::LockResizing();
-  empty.UpdateGraph();
   Window().Resize({300, 200});
   Graph::UnlockResizing();
   Pump();
@@ -152,10 +125,7 @@ TEST_F(UpdateTest, LayoutLeavesRoomForLabelsAndNeverLessThanAPixel) {
     Window().Resize(tiny);
     EXPECT_EQ(Plot(), (CSize{122, 8}));
   }
-  CPoint point{58 + 5, 21 + 3};
-  TheGraph().Clip(point);
-  EXPECT_EQ(point, (CPoint{5, 3}));
-  point = {1 << 30, -(1 << 30)};
+  CPoint point{1 << 30, -(1 << 30)};
   TheGraph().Clip(point);
   EXPECT_EQ(point, (CPoint{122, 0}));
 }
