@@ -4,6 +4,7 @@
 
 #include "sparlow/platform/Threads.h"
 #include "tests/graph/GraphTest.h"
+#include "tests/support/Doubled.h"
 
 namespace sparlow {
 namespace {
@@ -107,6 +108,21 @@ TEST_F(PipelineTest, DestroyEndsARenderAndTheOneThatTakesOver) {
   EXPECT_EQ(series.completed, 0);
   EXPECT_EQ(series.begun, series.stopped);
   EXPECT_FALSE(series.IsAborted());
+}
+
+TEST_F(PipelineTest, DestroyEndsAlsoTheAnalysisOfAReplacedSeries) {
+  test::Doubled analysis;
+  analysis.Init("Doubled", &series);
+  Fill(series, 100);
+  OpenView({640, 480}, analysis);
+  analysis.end = test::Doubled::waits;
+  TheGraph().AnalyzeAll();
+  while (analysis.runs == 0)
+    std::this_thread::yield();
+  TheGraph().SetViewData(&series);
+  CloseView();
+  EXPECT_EQ(analysis.end, test::Doubled::fails);
+  analysis.Term();
 }
 
 TEST_F(PipelineTest, SeriesMayEndAsSoonAsTheWindowIsDestroyed) {

@@ -5,7 +5,6 @@
 #include <QMouseEvent>
 #include <QScrollBar>
 #include <QStyleOptionSlider>
-#include <QWheelEvent>
 
 #include "tests/qt/QtEnvironment.h"
 
@@ -89,13 +88,8 @@ TEST_F(QtInputTest, MouseEventsArriveAsMessagesWithThePixelThatTheyAreOn) {
   EXPECT_TRUE(Mouse(QEvent::MouseButtonPress));
   EXPECT_TRUE(Mouse(QEvent::MouseButtonRelease));
   EXPECT_TRUE(Mouse(QEvent::MouseButtonDblClick));
-  EXPECT_TRUE(Mouse(QEvent::MouseButtonPress, {3, 4}, Qt::RightButton));
   EXPECT_FALSE(Mouse(QEvent::MouseButtonPress, {3, 4}, Qt::MiddleButton));
-  EXPECT_EQ(
-      Heard(),
-      (AllTold{
-          {WM_LBUTTONDOWN, 0}, {WM_LBUTTONUP, 0}, {WM_LBUTTONDBLCLK, 0}, {WM_RBUTTONDOWN, 0}}));
-  EXPECT_TRUE(Area().viewport()->hasMouseTracking());
+  EXPECT_EQ(Heard(), (AllTold{{WM_LBUTTONDOWN, 0}, {WM_LBUTTONUP, 0}, {WM_LBUTTONDBLCLK, 0}}));
   const std::pair<QPointF, CPoint> moves[] = {
       {{-0.25, -7}, {-1, -7}}, {{9.75, 5}, {9, 5}}, {{70000, -1e12}, {32767, -32768}}};
   for (const auto& [at, pixel] : moves) {
@@ -123,10 +117,7 @@ TEST_F(QtInputTest, AHeldKeyRepeatsWithoutKeyUp) {
     Press(Qt::Key_Left, time);
   }
   EXPECT_EQ(Heard(), (AllTold{down, down}));
-  // Fast fingers: another time, another key, or no press at all.
-  Release(Qt::Key_Left, 680);
-  Press(Qt::Key_Left, 681);
-  EXPECT_EQ(Heard(), (AllTold{up, down}));
+  // Fast fingers: another key, or no press at all.
   Release(Qt::Key_Left, 700);
   Press(Qt::Key_Right, 700);
   EXPECT_EQ(Heard(), (AllTold{up, {WM_KEYDOWN, VK_RIGHT}}));
@@ -157,10 +148,6 @@ TEST_F(QtInputTest, FocusAndActivationAreToldOnceEachAndNotForMenus) {
 
 TEST_F(QtInputTest, AThumbIsTrackedAndTheBarShowsWhatWasSet) {
   QScrollBar& bar = Bar();
-  QWheelEvent turn({5, 5}, bar.mapToGlobal(QPointF(5, 5)), {}, {0, 120}, Qt::NoButton,
-                   Qt::NoModifier, Qt::NoScrollPhase, false);
-  QCoreApplication::sendEvent(&bar, &turn);
-  EXPECT_FALSE(turn.isAccepted()) << "the wheel is the host's";
   std::vector<std::pair<int, int>> tracks;
   then = [&](UINT, WPARAM) { tracks.emplace_back(Info().nPos, Info().nTrackPos); };
   bar.setSliderDown(true);
@@ -175,11 +162,6 @@ TEST_F(QtInputTest, AThumbIsTrackedAndTheBarShowsWhatWasSet) {
                         {200000, 200000}, {200000, 3000000}, {222, 3000001}, {222, 3000001}}));
   EXPECT_EQ(bar.value(), 222);
   EXPECT_EQ(bar.maximum(), 6000000 - 1000 + 1);
-
-  then = [&](UINT, WPARAM) { SetScrollPos(window, SB_HORZ, 4444); };
-  bar.setSliderDown(true);
-  bar.setSliderDown(false);
-  EXPECT_EQ(bar.value(), 4444);
 }
 
 TEST_F(QtInputTest, ArrowsAndTroughTellOneStepEachAndRepeatWhileHeld) {
@@ -202,12 +184,6 @@ TEST_F(QtInputTest, ArrowsAndTroughTellOneStepEachAndRepeatWhileHeld) {
 
 TEST_F(QtInputTest, EachWayOfLosingTheMouseIsToldOnce) {
   const std::function<void()> ways[] = {
-      [] { ReleaseCapture(); },
-      [] {
-        QWidget popup(nullptr, Qt::Popup);
-        popup.show();
-        app->ProcessEvents();
-      },
       [] {
         QDialog dialog;
         dialog.open();
@@ -232,18 +208,6 @@ TEST_F(QtInputTest, EachWayOfLosingTheMouseIsToldOnce) {
     EXPECT_EQ(GetCapture(), nullptr);
     Mouse(QEvent::MouseButtonRelease);
   }
-}
-
-TEST_F(QtInputTest, AShapeOfThePointerLastsUntilTheMouseMovesOn) {
-  bool set = true;
-  then = [&](UINT message, WPARAM) {
-    if (std::exchange(set, false) && message == WM_MOUSEMOVE)
-      SetCursor(LoadCursor(IDC_SIZEALL));
-  };
-  Move({3, 4});
-  EXPECT_EQ(Area().viewport()->cursor().shape(), Qt::SizeAllCursor);
-  Move({5, 4});
-  EXPECT_EQ(Area().viewport()->cursor().shape(), Qt::ArrowCursor);
 }
 
 TEST_F(QtInputTest, AWindowMayEndInsideEachOfItsInputs) {
