@@ -50,11 +50,11 @@ TEST(GraphOnScreen, AMarkerLeavesNothingBehind) {
     EXPECT_GT(Find(before, GraphColors(0).cursorLeft).count, 10);
     for (unsigned step = 0; step < 12; ++step) {
       markersAt(1100 + 7 * step, 3100 + 7 * step);
-      EXPECT_NE(pixels(), before);
+      EXPECT_TRUE(pixels() != before);
       markersAt(3 * step, 4600 + 7 * step);
       markersAt(600, 1500);  // where the left one comes to stand
       markersAt(1500, 2800);
-      ASSERT_EQ(pixels(), before) << style << ", step " << step;
+      EXPECT_TRUE(pixels() == before) << style << ", step " << step;
     }
   }
   view->DestroyWindow();
