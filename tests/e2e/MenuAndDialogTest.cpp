@@ -5,7 +5,6 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <QPushButton>
-#include <algorithm>
 
 #include "sparlow/graph/GraphColors.h"
 #include "sparlow/platform/Text.h"
@@ -45,9 +44,9 @@ class MenuAndDialog : public ScreenTest {
     return nullptr;
   }
 
-  void Click(const char* what, const Place& place, const QString& clicks = "click 1") {
+  void Click(const char* what, const Place& place) {
     Await(what, [&] { return !place().isNull(); });
-    Do(To(InHost(place)) + "sleep 0.1 " + clicks);
+    Do(To(InHost(place)) + "sleep 0.1 click 1");
   }
   void ClickItem(const char* text) {
     Click(text, [=] { return ItemPlace(text); });
@@ -84,34 +83,20 @@ class MenuAndDialog : public ScreenTest {
 TEST_F(MenuAndDialog, CommandsByMouseAndByKeyboard) {
   RunKnownFile([this] {
     const Shown whole = Settled();
-    Drag(To(0.3, 0.3), To(0.6, 0.7));
-    Do("mouseup 1");
-    Await("a zoom", [&] { return Look().to < whole.to; });
-    Do(To(0.4, 0.4) + "click 3");
-    Await("the menu", [] { return !ItemPlace("Zoom In To Cursors").isNull(); });
-    Picture("6-menu");
-    ClickItem("Zoom Out Full Graph");
-    Await("all samples", [&] { return Look().to - Look().from == whole.size; });
-    EXPECT_EQ(Settled().xMax, whole.xMax);
-
     Do(To(0.4, 0.4) + "click 3");
     Await("the menu", [] { return !ItemPlace("Zoom In").isNull(); });
+    Picture("6-menu");
     Do("key Down key Return");
     Await("half of them", [&] { return Look().to - Look().from <= whole.size / 2 + 1; });
     Do("sleep 0.3 key shift+F10");
-    Await("the menu", [] { return !ItemPlace("Zoom In").isNull(); });
-    const Shown before = Settled();
-    Do("key Escape");
-    Await("no menu", [] { return QApplication::activePopupWidget() == nullptr; });
-    EXPECT_EQ(Settled(), before);
-    Close();
+    ClickItem("Zoom Out Full Graph");
+    Await("all samples", [&] { return Look().to - Look().from == whole.size; });
   });
 }
 
 TEST_F(MenuAndDialog, TheVerticalAxisIsFixedAndGivenBack) {
   RunKnownFile([this] {
     const Shown automatic = Settled();
-    EXPECT_FALSE(LineIsHeavy());
     OpenRangeDialog();
     EXPECT_FALSE(InHost([] { return InDialog<QLineEdit>("Maximum")->isEnabled(); }));
     ClickAutoRange();
@@ -121,16 +106,14 @@ TEST_F(MenuAndDialog, TheVerticalAxisIsFixedAndGivenBack) {
     Press("OK");
     Await("a complaint",
           [] { return qobject_cast<QMessageBox*>(QApplication::activeModalWidget()) != nullptr; });
-    Picture("7-complaint");
     Do("key Return");
     Await("the dialog again", [] { return InDialog<QLineEdit>("Maximum") != nullptr; });
     Type("Maximum", "12.5");
     Picture("7-dialog");
     Press("OK");
     Await("the fixed range", [this] { return Look().yMin == 4 && Look().yMax == 12.5; });
-    EXPECT_EQ(Settled().xMax, automatic.xMax);
+    Settled();
     EXPECT_TRUE(LineIsHeavy());
-    Picture("7-fixed");
 
     OpenRangeDialog();
     ClickAutoRange();
@@ -138,7 +121,6 @@ TEST_F(MenuAndDialog, TheVerticalAxisIsFixedAndGivenBack) {
     Await("the automatic range", [&] { return Look().yMax == automatic.yMax; });
     EXPECT_EQ(Settled(), automatic);
     EXPECT_FALSE(LineIsHeavy());
-    Close();
   });
 }
 

@@ -13,27 +13,20 @@
 
 namespace sparlow::host {
 
-namespace {
-
-constexpr int kSamples = 10001;
-
-}  // namespace
-
-void ScreenTest::Run(Sources sources, HostOptions::Job job, const Act& person, ViewKind view) {
+void ScreenTest::Run(std::unique_ptr<SampleSource> source, HostOptions::Job job,
+                     const Act& person) {
   int argc = 1;
   char name[] = "e2e_tests";
   char* argv[] = {name, nullptr};
   qt::Application application(argc, argv);
   HostOptions options;
   options.job = job;
-  options.view = view;
   options.width = 800;
   options.height = 450;
   ErrorLog log(std::cerr);
   const std::sig_atomic_t interrupts = 0;
   Session session(application, options, log, interrupts);
-  for (auto& source : sources)
-    session.Add(std::move(source));
+  session.Add(std::move(source));
   session_ = &session;
   std::promise<void> ended;
   std::thread acting([&] {
@@ -41,6 +34,7 @@ void ScreenTest::Run(Sources sources, HostOptions::Job job, const Act& person, V
       Await("the window is the active one and shows samples",
             [this] { return Widget()->isActiveWindow() && Tab().View().DataValid(); });
       person();
+      Do("key alt+F4");
       if (ended.get_future().wait_for(kDeadline) != std::future_status::ready)
         throw std::runtime_error("the closed window doesn't end the host");
     } catch (const std::exception& error) {
@@ -56,34 +50,24 @@ void ScreenTest::Run(Sources sources, HostOptions::Job job, const Act& person, V
   EXPECT_EQ(log.Count(), 0) << log.Last();
 }
 
-void ScreenTest::RunFiles(const std::vector<Curve>& curves, const Act& person, ViewKind view) {
+void ScreenTest::RunKnownFile(const Act& person) {
   const QTemporaryDir folder;
   ErrorLog log(std::cerr);
-  Sources sources;
-  for (const Curve curve : curves) {
-    const std::string name = "known samples " + std::to_string(sources.size() + 1);
-    const std::string path = folder.filePath(QString::fromStdString(name)).toStdString();
-    std::ofstream file(path);
-    for (int i = 0; i < kSamples; ++i)
-      file << i * 0.001 << ' ' << curve(i * 0.001) << '\n';
-    file.close();
-    auto source = std::make_unique<FileSource>(path, std::nullopt, "V", log);
-    ASSERT_TRUE(source->Open());
-    sources.push_back(std::move(source));
-  }
-  const auto whenRead = [&] {
+  const std::string path = folder.filePath("known samples").toStdString();
+  std::ofstream file(path);
+  for (int i = 0; i <= 10000; ++i)
+    file << i * 0.001 << ' ' << i * 1e-4 * i * 1e-3 << '\n';
+  file.close();
+  auto source = std::make_unique<FileSource>(path, std::nullopt, "V", log);
+  ASSERT_TRUE(source->Open());
+  Run(std::move(source), HostOptions::Job::files, [&] {
     // The last update of the host would end a gesture.
-    Await("the files are read and said to be", [this] {
-      return Source().Settled() && Tab().Settled() && Label("status").startsWith("finished");
+    Await("the file is read and said to be", [this] {
+      const auto* const status = Widget()->window()->findChild<QLabel*>("status");
+      return Source().Settled() && Tab().Settled() && status->text().startsWith("finished");
     });
     person();
-  };
-  Run(std::move(sources), HostOptions::Job::files, whenRead, view);
-  EXPECT_EQ(log.Count(), 0) << log.Last();
-}
-
-void ScreenTest::RunKnownFile(const Act& person) {
-  RunFiles({[](double x) { return x * x / 10; }}, person);
+  });
 }
 
 void ScreenTest::Await(const char* what, const std::function<bool()>& holds) {
@@ -118,24 +102,9 @@ QString ScreenTest::To(double right, double down) {
   }));
 }
 
-QString ScreenTest::ToCursor(bool left) {
-  return To(InHost([=, this] {
-    const ViewData& series = Source().Series();
-    const GraphAxis* const axis = &Tab().Axis();
-    const QPoint inPlot(left ? series.xLCursorPosGet(axis) : series.xRCursorPosGet(axis),
-                        left ? series.yLCursorPosGet(axis) : series.yRCursorPosGet(axis));
-    return Widget()->viewport()->mapToGlobal(PlotOrigin() + inPlot);
-  }));
-}
-
 void ScreenTest::Drag(const QString& from, const QString& to) {
   // In two moves, as a hand does it.
   Do(from + "mousedown 1 sleep 0.1 mousemove_relative 3 3 sleep 0.1 " + to + "sleep 0.1");
-}
-
-QString ScreenTest::Label(const char* name) {
-  const auto* const label = Widget()->window()->findChild<QLabel*>(name);
-  return label ? label->text() : QString("no such label");
 }
 
 QImage ScreenTest::Pixels() {

@@ -11,7 +11,6 @@
 #include <future>
 #include <iostream>
 #include <memory>
-#include <vector>
 
 #include "examples/host/Session.h"
 
@@ -32,21 +31,10 @@ class ScreenTest : public testing::Test {
  protected:
   using Act = std::function<void()>;
 
-  using Sources = std::vector<std::unique_ptr<SampleSource>>;
-
-  /// Shows sources until the person, who begins when there are samples, has closed the window.
-  void Run(Sources sources, HostOptions::Job job, const Act& person,
-           ViewKind view = ViewKind::single);
-  void Run(std::unique_ptr<SampleSource> source, HostOptions::Job job, const Act& person) {
-    Sources sources;
-    sources.push_back(std::move(source));
-    Run(std::move(sources), job, person);
-  }
-  /// The same with files of 10001 samples, when they are read: x from 0 to 10 s, y as they say.
-  using Curve = double (*)(double);
-  void RunFiles(const std::vector<Curve>& curves, const Act& person,
-                ViewKind view = ViewKind::single);
-  /// With one, of y = x * x / 10 V.
+  /// Shows a source until the person, who begins when there are samples, has done and closed the
+  /// window.
+  void Run(std::unique_ptr<SampleSource> source, HostOptions::Job job, const Act& person);
+  /// The same with a file of 10001 samples, when it is read: x from 0 to 10 s, y = x * x / 10 V.
   void RunKnownFile(const Act& person);
 
   /// @name For the person
@@ -71,16 +59,9 @@ class ScreenTest : public testing::Test {
   void Do(const QString& commands);
   /// "mousemove X Y" to a point of the plot by its shares of width and height, from its top left.
   QString To(double right, double down);
-  /// The same to the marker of a cursor.
-  QString ToCursor(bool left);
   static QString To(QPoint onScreen);
   /// Draws a box from one such point to another.
   void Drag(const QString& from, const QString& to);
-  void Close() { Do("key alt+F4"); }
-  /// What the info bar says.
-  QString Readout(const char* name) {
-    return InHost([=, this] { return Label(name); });
-  }
   /// What the client area of the view shows.
   QImage Pixels();
   /// Keeps a picture of the whole screen.
@@ -94,7 +75,6 @@ class ScreenTest : public testing::Test {
   QPoint PlotOrigin();
   QSize PlotSize();
   Shown Look();
-  QString Label(const char* name);
 
   static constexpr std::chrono::seconds kDeadline{20};
 

@@ -5,6 +5,7 @@
 #include <QMouseEvent>
 #include <QScrollBar>
 #include <QStyleOptionSlider>
+#include <QWheelEvent>
 
 #include "tests/qt/QtEnvironment.h"
 
@@ -117,7 +118,10 @@ TEST_F(QtInputTest, AHeldKeyRepeatsWithoutKeyUp) {
     Press(Qt::Key_Left, time);
   }
   EXPECT_EQ(Heard(), (AllTold{down, down}));
-  // Fast fingers: another key, or no press at all.
+  // Fast fingers: another time, another key, or no press at all.
+  Release(Qt::Key_Left, 680);
+  Press(Qt::Key_Left, 681);
+  EXPECT_EQ(Heard(), (AllTold{up, down}));
   Release(Qt::Key_Left, 700);
   Press(Qt::Key_Right, 700);
   EXPECT_EQ(Heard(), (AllTold{up, {WM_KEYDOWN, VK_RIGHT}}));
@@ -148,6 +152,10 @@ TEST_F(QtInputTest, FocusAndActivationAreToldOnceEachAndNotForMenus) {
 
 TEST_F(QtInputTest, AThumbIsTrackedAndTheBarShowsWhatWasSet) {
   QScrollBar& bar = Bar();
+  QWheelEvent turn({5, 5}, bar.mapToGlobal(QPointF(5, 5)), {}, {0, 120}, Qt::NoButton,
+                   Qt::NoModifier, Qt::NoScrollPhase, false);
+  QCoreApplication::sendEvent(&bar, &turn);
+  EXPECT_FALSE(turn.isAccepted()) << "the wheel is the host's";
   std::vector<std::pair<int, int>> tracks;
   then = [&](UINT, WPARAM) { tracks.emplace_back(Info().nPos, Info().nTrackPos); };
   bar.setSliderDown(true);
@@ -208,6 +216,18 @@ TEST_F(QtInputTest, EachWayOfLosingTheMouseIsToldOnce) {
     EXPECT_EQ(GetCapture(), nullptr);
     Mouse(QEvent::MouseButtonRelease);
   }
+}
+
+TEST_F(QtInputTest, AShapeOfThePointerLastsUntilTheMouseMovesOn) {
+  bool set = true;
+  then = [&](UINT message, WPARAM) {
+    if (std::exchange(set, false) && message == WM_MOUSEMOVE)
+      SetCursor(LoadCursor(IDC_SIZEALL));
+  };
+  Move({3, 4});
+  EXPECT_EQ(Area().viewport()->cursor().shape(), Qt::SizeAllCursor);
+  Move({5, 4});
+  EXPECT_EQ(Area().viewport()->cursor().shape(), Qt::ArrowCursor);
 }
 
 TEST_F(QtInputTest, AWindowMayEndInsideEachOfItsInputs) {
