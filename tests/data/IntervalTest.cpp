@@ -139,6 +139,17 @@ TEST_F(Interval, Scroll) {
   EXPECT_EQ(shown(), atEnd);
 }
 
+TEST_F(Interval, IsAnalysedBetweenCursorsThatAreSamples) {
+  SourceData::AnalyzeDataBetweenCursors = true;
+  for (const auto& [left, right, range] :
+       {std::tuple{5, 9, SampleInterval{5, 10}}, {-1, INT_MAX, SampleInterval{0, 1000}}}) {
+    s.iLCursor = left;
+    s.iRCursor = right;
+    EXPECT_EQ((SampleInterval{s.GetAnalyzeFrom(), s.GetAnalyzeTo()}), range);
+  }
+  SourceData::AnalyzeDataBetweenCursors = false;
+}
+
 using Peaks = std::map<unsigned, double>;
 
 // Three full blocks and a bit, y = 0 where there is no peak.

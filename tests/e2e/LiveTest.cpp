@@ -6,7 +6,6 @@
 #include "tests/e2e/ScreenTest.h"
 
 namespace sparlow::host {
-
 namespace {
 
 class Live : public ScreenTest {};
@@ -53,5 +52,4 @@ TEST_F(Live, TheWindowClosesWhileALongRecordComesIn) {
 }
 
 }  // namespace
-
 }  // namespace sparlow::host

@@ -11,7 +11,6 @@
 #include "tests/e2e/ScreenTest.h"
 
 namespace sparlow::host {
-
 namespace {
 
 class MenuAndDialog : public ScreenTest {
@@ -125,5 +124,4 @@ TEST_F(MenuAndDialog, TheVerticalAxisIsFixedAndGivenBack) {
 }
 
 }  // namespace
-
 }  // namespace sparlow::host

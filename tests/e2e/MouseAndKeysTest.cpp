@@ -4,7 +4,6 @@
 #include "tests/e2e/ScreenTest.h"
 
 namespace sparlow::host {
-
 namespace {
 
 class MouseAndKeys : public ScreenTest {};
@@ -56,5 +55,4 @@ TEST_F(MouseAndKeys, ArrowKeysMoveCursorsWhileTheyAreHeld) {
 }
 
 }  // namespace
-
 }  // namespace sparlow::host

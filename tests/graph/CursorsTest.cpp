@@ -99,6 +99,13 @@ TEST_F(CursorsTest, MarkersAreDrawnWhereThereIsSomethingToBeSeen) {
     EXPECT_EQ(Markers(), active ? 5 : 0);
   }
   TheGraph().active = true;
+  series.SetLCursor(50);
+  TheGraph().DrawCursors();
+  const int x = Over(0).x + series.xLCursorPosGet(&axis);
+  const int y = TopOffset(&series) + series.yLCursorPosGet(&axis);
+  const std::string stroke = FormatText("Line %d,%d %d,%d ", x - 5, y - 5, x + 5, y + 5);
+  EXPECT_EQ(Window().surface->count(stroke), 1);
+  Window().surface->take();
   StartGatedRender();
   TheGraph().DrawCursors();
   EXPECT_EQ(Markers(), 0) << "a render is due";

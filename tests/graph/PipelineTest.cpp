@@ -191,6 +191,20 @@ TEST_F(PipelineTest, ARenderThatItsHostStopsIsDoneWhenTheHostLetsIt) {
   EXPECT_TRUE(Shows("Delay"));
 }
 
+TEST_F(PipelineTest, WhatAHostThrowsLeavesNothingLocked) {
+  struct Throwing : GatedSeries {
+    int yPosGet(unsigned, const GraphAxis*) const override { throw Error{0xFF03}; }
+  } throwing;
+  throwing.Init("Throwing", nullptr);
+  Fill(throwing, 20000);
+  OpenView({640, 480}, throwing);
+  view->UpdateGraph();
+  ASSERT_TRUE(AwaitIdle());
+  ExpectFreeAndIdle();
+  CloseView();
+  throwing.Term();
+}
+
 class StressTest : public GraphTest {
  protected:
   /// Feeds data sets of some blocks, one after the other, until it is told to stop.

@@ -176,6 +176,8 @@ TEST_F(ReadoutsTest, RecordsAreWhole) {
   const HWND receiver = bar.GetSafeHwnd();
   Sent([&] { ReadoutSender(receiver).Send(WM_READOUT_MEAN, 1, "V"); });
   const auto [wParam, lParam] = bar.raw;
+  EXPECT_FALSE(TakeReadout(WM_READOUT_MAXIMUM, wParam, lParam)) << "another one's";
+  EXPECT_FALSE(TakeReadout(WM_READOUT_MEAN, 0, lParam)) << "nobody's";
   const ReadoutSender slow(receiver);
   ReadoutSender(receiver).Send(WM_READOUT_MEAN, 2, "V");
   slow.Send(WM_READOUT_MEAN, 3, "V");

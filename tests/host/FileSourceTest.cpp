@@ -11,7 +11,6 @@
 #include "tests/host/Sources.h"
 
 namespace sparlow::host {
-
 namespace {
 
 using Lines = std::vector<std::string>;
@@ -152,5 +151,4 @@ TEST_F(FileSourcePipe, HandsOverWhatComesAlsoWhenItNeverPauses) {
 }
 
 }  // namespace
-
 }  // namespace sparlow::host

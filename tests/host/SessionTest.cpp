@@ -18,7 +18,6 @@
 #include "tests/host/Sources.h"
 
 namespace sparlow::host {
-
 namespace {
 
 class SessionTest : public testing::Test {
@@ -200,5 +199,4 @@ TEST_F(SessionTest, SeriesMasksAndAnalysesComeAndGo) {
 }
 
 }  // namespace
-
 }  // namespace sparlow::host

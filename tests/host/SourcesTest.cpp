@@ -16,7 +16,6 @@
 #include "tests/host/Sources.h"
 
 namespace sparlow::host {
-
 namespace {
 
 TEST(TimerSource, MeasuresDelaysForItsTime) {
@@ -47,9 +46,8 @@ TEST(Summary, TellsRanksOfDelaysInMicrosecondsAndTheReachOfASeries) {
   series.Init("s");
   EXPECT_EQ(DescribeDelays(series.Read()), "0 samples");
   // 1 to 200 microseconds, in mixed order.
-  for (int i = 0; i < 200; ++i) {
+  for (int i = 0; i < 200; ++i)
     series.Add(std::max(i, 1) * 0.5, (i * 77 % 200 + 1) * 1e-6);
-  }
   EXPECT_EQ(DescribeDelays(series.Read()),
             "200 samples in 99.5 s: delay min 1, median 100, 99th percentile 198, max 200 us; "
             "2 samples/s");
@@ -136,5 +134,4 @@ TEST_F(SoundSourceTest, TellsWhatIsWrongAndKeepsWhatIsGood) {
 }
 
 }  // namespace
-
 }  // namespace sparlow::host

@@ -1,5 +1,6 @@
 #include <QApplication>
 #include <QPixmap>
+#include <QTemporaryDir>
 #include <QWidget>
 
 #include "sparlow/platform/qt/QtWindow.h"
@@ -101,6 +102,20 @@ TEST(QtWindow, MayEndInsideEachOfItsMessages) {
   }
 }
 
+TEST_F(QtWindowTest, PicturesShowWhatIsDueAlsoOfHiddenWindows) {
+  const QTemporaryDir folder;
+  const QString path = folder.filePath("picture.png");
+  for (const bool shown : {true, false}) {
+    const COLORREF color = shown ? RGB(9, 99, 199) : RGB(199, 99, 9);
+    view->onDraw = [=](CDC& dc) { dc.FillSolidRect({0, 0, 80, 60}, color); };
+    view->ShowWindow(shown);
+    RedrawWindow(window);
+    ASSERT_TRUE(qt::SavePicture(*view, path.toStdString()));
+    const QImage picture(path);
+    EXPECT_EQ(Find(picture, color).area, picture.rect());
+  }
+}
+
 TEST(QtApplication, TakesItsWindowsAlongAndLeavesTheHostItsOwn) {
   const auto endsWindows = [] {
     bool deleted = false;
@@ -130,7 +145,7 @@ TEST(GraphOnScreen, AMarkerLeavesNothingBehind) {
   GraphAxis axis;
   ViewData series;
   series.Init("Staircase");
-  // Steps of 1 V up and down over 10 s, with one sample of 5 V at 7.5 s.
+  // Steps of 1 V up over 10 s, with one sample of 5 V at 7.5 s.
   for (unsigned i = 0; i <= 5000; ++i)
     series.Add(i / 500.0, i == 3750 ? 5.0 : i / 1000);
   series.AdjustSizeTo();
