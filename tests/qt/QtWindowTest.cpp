@@ -1,9 +1,10 @@
 #include <QApplication>
 #include <QPixmap>
+#include <QTemporaryDir>
 #include <QWidget>
-#include <filesystem>
 
 #include "sparlow/platform/qt/QtWindow.h"
+#include "sparlow/sparlow.h"
 #include "tests/qt/Pixels.h"
 #include "tests/qt/QtEnvironment.h"
 
@@ -19,7 +20,6 @@ TEST_F(QtWindowTest, AnExposeCopiesTheSurfaceAndPaintsNothing) {
   dc.FillSolidRect({10, 10, 33, 27}, RGB(10, 200, 30));
   dc.TextOut(20, 30, "27.5");
   ReleaseDC(window, hdc);
-  app->ProcessEvents();
   QWidget* const widget = qt::WidgetOf(*view);
   const QImage screen = widget->grab().toImage().convertToFormat(QImage::Format_RGB32);
   const QImage& surface = dynamic_cast<qt::QtWindow&>(*view->GetPeer()).Pixels().Image();
@@ -74,7 +74,6 @@ TEST_F(QtWindowTest, AWindowEndsWithItsQtParent) {
     if (const HDC hdc = GetDC(window)) {
       CDC(hdc).FillSolidRect({0, 0, 80, 60}, 0);
       ReleaseDC(window, hdc);
-      ShowScrollBar(window, SB_BOTH, true);
     }
   };
   delete parent;
@@ -104,16 +103,17 @@ TEST(QtWindow, MayEndInsideEachOfItsMessages) {
 }
 
 TEST_F(QtWindowTest, PicturesShowWhatIsDueAlsoOfHiddenWindows) {
-  view->ShowWindow(false);
-  view->onDraw = [](CDC& dc) { dc.FillSolidRect({0, 0, 80, 60}, RGB(9, 99, 199)); };
-  RedrawWindow(window);
-  const auto path = std::filesystem::temp_directory_path() / "sparlow_qt_picture.png";
-  ASSERT_TRUE(qt::SavePicture(*view, path.string()));
-  const QImage picture(QString::fromStdString(path.string()));
-  std::filesystem::remove(path);
-  EXPECT_EQ(picture.width(), qRound(80 * qt::WidgetOf(*view)->devicePixelRatioF()));
-  EXPECT_EQ(Find(picture, RGB(9, 99, 199)).area, picture.rect());
-  EXPECT_FALSE(qt::SavePicture(*view, "/no/such/folder/picture.png"));
+  const QTemporaryDir folder;
+  const QString path = folder.filePath("picture.png");
+  for (const bool shown : {true, false}) {
+    const COLORREF color = shown ? RGB(9, 99, 199) : RGB(199, 99, 9);
+    view->onDraw = [=](CDC& dc) { dc.FillSolidRect({0, 0, 80, 60}, color); };
+    view->ShowWindow(shown);
+    RedrawWindow(window);
+    ASSERT_TRUE(qt::SavePicture(*view, path.toStdString()));
+    const QImage picture(path);
+    EXPECT_EQ(Find(picture, color).area, picture.rect());
+  }
 }
 
 TEST(QtApplication, TakesItsWindowsAlongAndLeavesTheHostItsOwn) {
@@ -133,6 +133,57 @@ TEST(QtApplication, TakesItsWindowsAlongAndLeavesTheHostItsOwn) {
     EXPECT_EQ(QCoreApplication::instance(), &host);
   }
   StartApp();
+}
+
+/// A view that lends its graph to tests.
+class OpenView : public CSingleGraphView {
+ public:
+  Graph& TheGraph() { return *graph; }
+};
+
+TEST(GraphOnScreen, AMarkerLeavesNothingBehind) {
+  GraphAxis axis;
+  ViewData series;
+  series.Init("Staircase");
+  // Steps of 1 V up over 10 s, with one sample of 5 V at 7.5 s.
+  for (unsigned i = 0; i <= 5000; ++i)
+    series.Add(i / 500.0, i == 3750 ? 5.0 : i / 1000);
+  series.AdjustSizeTo();
+  auto* const view = new OpenView;
+  view->Create();
+  view->CreateGraph(&axis);
+  view->AddViewData(&series);
+  view->SetActive(true);
+  qt::Resize(*view, 640, 480);
+  view->ShowWindow(true);
+  // 0 V and the sample of 5 V lie below and above the plot.
+  view->ChangeAxes([](GraphAxis& axes) { axes.Preset(0.5, 3.5, 0, 10); });
+  const auto pixels = [&] {
+    return dynamic_cast<qt::QtWindow&>(*view->GetPeer()).Pixels().Image();
+  };
+  const auto markersAt = [&](unsigned left, unsigned right) {
+    series.SetRCursor(5000);
+    series.SetLCursor(left);
+    series.SetRCursor(right);
+    view->TheGraph().DrawCursors();
+  };
+  for (int style = 0; style <= 2; ++style) {
+    Cursor::SetStyle(style);
+    markersAt(1500, 2800);
+    view->TheGraph().DrawAll();
+    const QImage before = pixels();
+    EXPECT_GT(Find(before, GraphColors(0).cursorLeft).count, 10);
+    for (unsigned step = 0; step < 12; ++step) {
+      markersAt(1100 + 7 * step, 3100 + 7 * step);
+      EXPECT_TRUE(pixels() != before);
+      markersAt(3 * step, 4600 + 7 * step);
+      markersAt(600, 1500);  // where the left one comes to stand
+      markersAt(1500, 2800);
+      EXPECT_TRUE(pixels() == before) << style << ", step " << step;
+    }
+  }
+  view->DestroyWindow();
+  series.Term();
 }
 
 }  // namespace

@@ -52,20 +52,17 @@ class RenderShapes {
   double unit() { return next_() / 4294967296.0; }
 
   double step(unsigned kind) {
-    switch (kind) {
-      case 0:
-        return 1.0;
-      case 1:
-        return unit();
-      case 2:  // equal x in long rows
-        return next_() % 50 == 0 ? 10.0 * unit() : 0.0;
-      case 3:  // bursts and gaps
-        return next_() % 200 == 0 ? 1000.0 * unit() : 1e-3 * unit();
-      case 4:  // out of order, seldom
-        return next_() % 500 == 0 ? -5.0 * unit() : 1.0;
-      default:  // the last digit of a large x
-        return next_() % 2 ? 1e-15 : 1.0;
-    }
+    const double u = unit();
+    const bool seldom = next_() % 200 == 0;
+    const double steps[] = {
+        1.0,
+        u,
+        seldom ? 10.0 * u : 0.0,         // equal x in long rows
+        seldom ? 1000.0 * u : 1e-3 * u,  // bursts and gaps
+        seldom ? -5.0 * u : 1.0,         // out of order
+        u < 0.5 ? 1e-15 : 1.0,           // the last digit of a large x
+    };
+    return steps[kind];
   }
 
   double value(unsigned kind, double before) {
