@@ -1,6 +1,5 @@
 #include "sparlow/data/BlockMemory.h"
 
-#include <algorithm>
 #include <new>
 #include <utility>
 
@@ -11,41 +10,49 @@ namespace sparlow {
 
 namespace {
 
-// Fills whole large pages but for some kilobytes.
-constexpr unsigned kMostBlocks = 63;
-static_assert(kMostBlocks * sizeof(SampleBlock) % kLargePageBytes < sizeof(SampleBlock));
+// A piece of many blocks ends where a large page ends, but for what the allocator keeps with it: such
+// pieces then follow one another without gaps.
+constexpr std::size_t kAllocatorBytes = 64;
+
+constexpr std::size_t pieceBytes(unsigned pages) {
+  return pages != 0 ? pages * kLargePageBytes - kAllocatorBytes : sizeof(SampleBlock);
+}
+
+// The largest piece, in large pages. Its blocks leave less than a hundredth of it unused.
+constexpr unsigned kMostPages = 8;
+static_assert(pieceBytes(kMostPages) % sizeof(SampleBlock) < pieceBytes(kMostPages) / 100);
 
 }  // namespace
 
 void* BlockMemory::Take() {
   if (left_ == 0) {
-    unsigned blocks = std::clamp(total_, 1u, kMostBlocks);
+    unsigned pages = kMostPages;
+    while (pages != 0 && pieceBytes(pages) > bytes_)
+      pages /= 2;
     try {
-      pieces_.push_back(makePiece(blocks));
+      addPiece(pages);
     } catch (const std::bad_alloc&) {
-      // There may still be room for a single one.
-      if (blocks == 1)
+      if (pages == 0)
         throw;
-      blocks = 1;
-      pieces_.push_back(makePiece(blocks));
+      addPiece(0);  // there may be room for a single block yet
     }
-    next_ = pieces_.back().get();
-    left_ = blocks;
-    total_ += blocks;
-    bytes_ += blocks * sizeof(SampleBlock);
   }
   --left_;
   return std::exchange(next_, next_ + sizeof(SampleBlock));
 }
 
-BlockMemory::Piece BlockMemory::makePiece(unsigned blocks) {
-  const std::size_t bytes = blocks * sizeof(SampleBlock);
-  const bool large = bytes >= kLargePageBytes;
+void BlockMemory::addPiece(unsigned pages) {
+  const std::size_t bytes = pieceBytes(pages);
+  const bool large = pages != 0;
   void* const memory =
       large ? ::operator new (bytes, std::align_val_t{kLargePageBytes}) : ::operator new(bytes);
+  Piece piece(static_cast<std::byte*>(memory), Release{large});
   if (large)
     AdviseLargePages(memory, bytes);
-  return Piece(static_cast<std::byte*>(memory), Release{large});
+  pieces_.push_back(std::move(piece));
+  next_ = pieces_.back().get();
+  left_ = static_cast<unsigned>(bytes / sizeof(SampleBlock));
+  bytes_ += bytes;
 }
 
 void BlockMemory::Release::operator()(std::byte* piece) const {

@@ -9,7 +9,7 @@ namespace sparlow {
 /// Room for the blocks of a store, taken from the system for many at a time: touching memory for the
 /// first time costs more than filling it, and large pieces can have large pages.
 ///
-/// A series of few blocks has them one by one; each piece doubles the room, up to some 8 MiB.
+/// A series of few blocks has them one by one; then each piece may double the room, up to 16 MiB.
 /// Threads: one takes; given back as a whole.
 class BlockMemory {
  public:
@@ -25,12 +25,11 @@ class BlockMemory {
     void operator()(std::byte* piece) const;
   };
   using Piece = std::unique_ptr<std::byte, Release>;
-  static Piece makePiece(unsigned blocks);
+  void addPiece(unsigned pages);
 
   std::vector<Piece> pieces_;
   std::byte* next_ = nullptr;
-  unsigned left_ = 0;   // blocks behind next_
-  unsigned total_ = 0;  // blocks of all pieces
+  unsigned left_ = 0;  // blocks behind next_
   std::size_t bytes_ = 0;
 };
 

@@ -20,6 +20,8 @@ struct YRange {
     low = std::min(low, y);
     high = std::max(high, y);
   }
+  /// One jump for both ends.
+  bool Misses(double y) const { return (y < low) | (y > high); }
   void Include(const YRange& other) {
     low = std::min(low, other.low);
     high = std::max(high, other.high);
@@ -81,7 +83,7 @@ struct SampleBlock {
   void Write(unsigned place, double newX, double newY, bool newSlope) {
     x[place] = newX;
     y[place] = newY;
-    if (slope)
+    if (slope) [[unlikely]]
       slope[place] = newSlope ? 1 : 0;
   }
   /// Works out the ranges that end before a place, a multiple of kRunSamples: all samples before it

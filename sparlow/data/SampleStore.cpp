@@ -155,12 +155,13 @@ struct Run {
 /// Several samples at a time, in lanes that don't wait for one another.
 Run examine(const double* xs, const double* ys, unsigned count, double lastX) {
   constexpr unsigned lanes = 4;
-  double none[lanes] = {};  // stays 0 while all is finite
-  double step[lanes] = {};  // the largest one backwards, as a number below 0
+  double total[lanes] = {};  // of anything: finite while all is, or else looked at again
+  double step[lanes] = {};   // the largest one backwards, as a number below 0
   YRange ranges[lanes];
   const auto look = [&](unsigned lane, unsigned i, double before) {
-    none[lane] += (xs[i] - xs[i]) + (ys[i] - ys[i]);
-    step[lane] = std::min(step[lane], xs[i] - before);
+    const double forward = xs[i] - before;
+    total[lane] += forward + ys[i];
+    step[lane] = std::min(step[lane], forward);
     ranges[lane].Include(ys[i]);
   };
   look(0, 0, std::min(lastX, xs[0]));
@@ -171,7 +172,7 @@ Run examine(const double* xs, const double* ys, unsigned count, double lastX) {
   for (; i < count; ++i)
     look(0, i, xs[i - 1]);
   Run run;
-  run.finite = none[0] + none[1] + none[2] + none[3] == 0.0;
+  run.finite = std::isfinite(total[0] + total[1] + total[2] + total[3]);
   run.ascends = !(xs[0] < lastX) && step[0] + step[1] + step[2] + step[3] == 0.0;
   for (const YRange& range : ranges)
     run.y.Include(range);

@@ -157,13 +157,13 @@ class SampleStore {
 
 inline void SampleStore::Append(unsigned size, double x, double y, bool slope) {
   lastBlock_->Write(size & SampleBlock::kMask, x, y, slope);
-  if (y < lastRange_.low || y > lastRange_.high)
+  if (lastRange_.Misses(y)) [[unlikely]]
     widenBlock({y, y});
-  if (x < lastX_)
+  if (x < lastX_) [[unlikely]]
     ascending_.setRelaxed(false);
   lastX_ = x;
   // Before the size that lets readers take the run as a whole.
-  if ((~size & (SampleBlock::kRunSamples - 1)) == 0)
+  if ((~size & (SampleBlock::kRunSamples - 1)) == 0) [[unlikely]]
     finishRun(size + 1);
   size_.store(size + 1);
 }

@@ -346,8 +346,13 @@ inline void SourceData::Add(double x, double y, bool slope) {
     size = store->OwnSize();
   }
   store->Append(size, x, y, slope);
-  Widen(yGlobalMin, yGlobalMax, y);
-  Widen(xGlobalMin, xGlobalMax, x);
+  // What samples mostly do comes first: y stays within its bounds, x goes on.
+  if (YRange{yGlobalMin.relaxed(), yGlobalMax.relaxed()}.Misses(y)) [[unlikely]]
+    Widen(yGlobalMin, yGlobalMax, y);
+  if (x > xGlobalMax.relaxed()) [[likely]]
+    xGlobalMax.setRelaxed(x);
+  if (x < xGlobalMin.relaxed()) [[unlikely]]
+    xGlobalMin.setRelaxed(x);
   nSamples.store(size + 1);
 }
 

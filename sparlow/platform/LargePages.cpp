@@ -8,8 +8,9 @@ namespace sparlow {
 
 void AdviseLargePages([[maybe_unused]] void* memory, [[maybe_unused]] std::size_t bytes) noexcept {
 #if defined(__linux__)
-  // Advice takes whole large pages; the small ones behind the last are left as they are.
-  madvise(memory, bytes & ~(kLargePageBytes - 1), MADV_HUGEPAGE);
+  constexpr std::size_t kSmallPageBytes = 4096;
+  const std::size_t pages = (bytes + kSmallPageBytes - 1) / kLargePageBytes;
+  madvise(memory, pages * kLargePageBytes, MADV_HUGEPAGE);
 #endif
 }
 
