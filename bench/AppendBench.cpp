@@ -1,5 +1,6 @@
 // Appending, beside a vector of pairs that takes the same samples. Memory was touched before, in
-// both; what fresh memory costs is measured apart.
+// both, that of the series in large pages where the system gives them; what fresh memory costs is
+// measured apart.
 
 #include <benchmark/benchmark.h>
 #include <sys/mman.h>

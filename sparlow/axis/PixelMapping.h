@@ -115,9 +115,7 @@ class LogMapping {
       if (low == 0.0 || !clear(low) || !clear(high))
         return false;
       last = (*this)(high);
-      // There may be a 0 among them; nothing lies beyond the negative ones.
-      const int zero = low < 0.0 && high > 0.0 ? (*this)(0.0) : last;
-      if (first < last ? zero > last : zero < last)
+      if (low < 0.0 && high > 0.0 && !endsAtNegatives(last))
         return false;
     }
     least = first < last ? first : last;
@@ -131,12 +129,19 @@ class LogMapping {
   LogMapping(double origin, double scale, double min, double zeroScale, int beyondMin) noexcept
       : origin_(origin), scale_(scale), min_(min), zeroScale_(zeroScale), beyondMin_(beyondMin) {}
 
+  // Of values on both sides of 0, of which the highest lies on a pixel: the negative ones are the
+  // other end. Not on an axis turned round, where the smallest positive ones run away from them, nor
+  // where a 0 would lie beyond the highest.
+  bool endsAtNegatives(int highest) const noexcept {
+    const int zero = (*this)(0.0);
+    return beyondMin_ < 0 ? scale_ > 0.0 && zero <= highest : scale_ < 0.0 && zero >= highest;
+  }
   // The value's pixel can't be another one by an error of its logarithm.
   bool clear(double value) const noexcept {
     if (!(value > 0.0))
       return true;
     const double pixel = (std::log10(value) - origin_) / scale_;
-    // Far above any error: logarithms lie within 309, the last digit of those is below 1e-13.
+    // Far above any error: logarithms lie within 324, the last digit of those is below 1e-13.
     const double error = 1e-11 / std::fabs(scale_);
     return std::fabs(pixel - std::nearbyint(pixel)) > error ||
            std::fabs(pixel) > kFarPixel + 1.0 + error;

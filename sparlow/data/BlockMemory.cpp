@@ -10,17 +10,19 @@ namespace sparlow {
 
 namespace {
 
-// A piece of many blocks ends where a large page ends, but for what the allocator keeps with it: such
-// pieces then follow one another without gaps.
+// A piece of many blocks and what an allocator keeps beside it are whole large pages: systems align
+// such a mapping to them.
+constexpr std::size_t kPageBytes = std::size_t{2} << 20;
 constexpr std::size_t kAllocatorBytes = 64;
 
 constexpr std::size_t pieceBytes(unsigned pages) {
-  return pages != 0 ? pages * kLargePageBytes - kAllocatorBytes : sizeof(SampleBlock);
+  return pages != 0 ? pages * kPageBytes - kAllocatorBytes : sizeof(SampleBlock);
 }
 
 // The largest piece, in large pages. Its blocks leave less than a hundredth of it unused.
 constexpr unsigned kMostPages = 8;
 static_assert(pieceBytes(kMostPages) % sizeof(SampleBlock) < pieceBytes(kMostPages) / 100);
+static_assert(alignof(SampleBlock) <= __STDCPP_DEFAULT_NEW_ALIGNMENT__);
 
 }  // namespace
 
@@ -41,25 +43,21 @@ void* BlockMemory::Take() {
   return std::exchange(next_, next_ + sizeof(SampleBlock));
 }
 
+// Not allocated with an alignment: allocators find such a piece hard to use again, and would grow
+// with each data set.
 void BlockMemory::addPiece(unsigned pages) {
   const std::size_t bytes = pieceBytes(pages);
-  const bool large = pages != 0;
-  void* const memory =
-      large ? ::operator new (bytes, std::align_val_t{kLargePageBytes}) : ::operator new(bytes);
-  Piece piece(static_cast<std::byte*>(memory), Release{large});
-  if (large)
-    AdviseLargePages(memory, bytes);
+  auto piece = std::make_unique_for_overwrite<std::byte[]>(bytes);
+  if (pages != 0)
+    AdviseLargePages(piece.get(), bytes);
   pieces_.push_back(std::move(piece));
   next_ = pieces_.back().get();
   left_ = static_cast<unsigned>(bytes / sizeof(SampleBlock));
   bytes_ += bytes;
 }
 
-void BlockMemory::Release::operator()(std::byte* piece) const {
-  if (large)
-    ::operator delete (piece, std::align_val_t{kLargePageBytes});
-  else
-    ::operator delete(piece);
+std::size_t BlockMemory::Bytes() const {
+  return bytes_ + pieces_.capacity() * sizeof(pieces_[0]);
 }
 
 }  // namespace sparlow

@@ -17,17 +17,12 @@ class BlockMemory {
   /// then has changed nothing.
   void* Take();
   /// Bytes taken from the system.
-  std::size_t Bytes() const { return bytes_; }
+  std::size_t Bytes() const;
 
  private:
-  struct Release {
-    bool large;
-    void operator()(std::byte* piece) const;
-  };
-  using Piece = std::unique_ptr<std::byte, Release>;
   void addPiece(unsigned pages);
 
-  std::vector<Piece> pieces_;
+  std::vector<std::unique_ptr<std::byte[]>> pieces_;
   std::byte* next_ = nullptr;
   unsigned left_ = 0;  // blocks behind next_
   std::size_t bytes_ = 0;

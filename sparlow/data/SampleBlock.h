@@ -20,8 +20,7 @@ struct YRange {
     low = std::min(low, y);
     high = std::max(high, y);
   }
-  /// One jump for both ends.
-  bool Misses(double y) const { return (y < low) | (y > high); }
+  bool Misses(double y) const { return y < low || y > high; }
   void Include(const YRange& other) {
     low = std::min(low, other.low);
     high = std::max(high, other.high);

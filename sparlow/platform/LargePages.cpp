@@ -1,5 +1,7 @@
 #include "sparlow/platform/LargePages.h"
 
+#include <cstdint>
+
 #if defined(__linux__)
 #include <sys/mman.h>
 #endif
@@ -8,9 +10,10 @@ namespace sparlow {
 
 void AdviseLargePages([[maybe_unused]] void* memory, [[maybe_unused]] std::size_t bytes) noexcept {
 #if defined(__linux__)
-  constexpr std::size_t kSmallPageBytes = 4096;
-  const std::size_t pages = (bytes + kSmallPageBytes - 1) / kLargePageBytes;
-  madvise(memory, pages * kLargePageBytes, MADV_HUGEPAGE);
+  constexpr std::uintptr_t page = 4096;  // of the small ones, which advice is given in
+  const auto begin = reinterpret_cast<std::uintptr_t>(memory);
+  const std::uintptr_t from = begin & ~(page - 1), to = (begin + bytes + page - 1) & ~(page - 1);
+  madvise(reinterpret_cast<void*>(from), to - from, MADV_HUGEPAGE);
 #endif
 }
 

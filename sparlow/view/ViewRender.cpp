@@ -256,7 +256,7 @@ void ViewData::foldBatch(Fold& fold, Column& column, const int* xs, const int* y
     }
     last = y;
     ++i;
-    if (stoppable && (renderStop.relaxed() | stop.IsSet()) != 0) {
+    if (stoppable && (renderStop.relaxed() || stop.IsSet())) {
       fold.stopped = true;
       break;
     }

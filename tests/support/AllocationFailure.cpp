@@ -5,27 +5,15 @@
 
 using sparlow::test::AllocationFailure;
 
-namespace {
-
-void* allocate(std::size_t size, std::size_t alignment) {
+// All forms that the library uses: a sanitizer has its own for those that are left out.
+void* operator new(std::size_t size) {
   const bool fails = size >= AllocationFailure::from && size <= AllocationFailure::to;
-  const std::size_t whole = (size / alignment + 1) * alignment;
-  if (void* memory = fails ? nullptr : std::aligned_alloc(alignment, whole))
+  if (void* memory = fails ? nullptr : std::malloc(size != 0 ? size : 1))
     return memory;
   throw std::bad_alloc();
 }
-
-}  // namespace
-
-// All forms: a sanitizer has its own for those that are left out.
-void* operator new(std::size_t size) {
-  return allocate(size, alignof(std::max_align_t));
-}
 void* operator new[](std::size_t size) {
-  return allocate(size, alignof(std::max_align_t));
-}
-void* operator new(std::size_t size, std::align_val_t alignment) {
-  return allocate(size, static_cast<std::size_t>(alignment));
+  return operator new(size);
 }
 void operator delete(void* memory) noexcept {
   std::free(memory);
@@ -37,8 +25,5 @@ void operator delete(void* memory, std::size_t) noexcept {
   std::free(memory);
 }
 void operator delete[](void* memory, std::size_t) noexcept {
-  std::free(memory);
-}
-void operator delete(void* memory, std::align_val_t) noexcept {
   std::free(memory);
 }

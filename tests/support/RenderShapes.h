@@ -105,6 +105,8 @@ class RenderShapes {
     axis.ver.SetScale(1 + next_() % 600);
     if (next_() % 64 == 0)
       axis.hor.scale = next_() % 2 ? 0.0 : -axis.hor.scale;
+    if (next_() % 64 == 0)
+      axis.ver.scale = next_() % 2 ? 0.0 : -axis.ver.scale;
   }
 
   Numbers& next_;
