@@ -17,6 +17,23 @@ namespace {
 
 constexpr int kSamples = 10001;
 
+/// Notes that a window was asked to close.
+class CloseWatch : public QObject {
+ public:
+  CloseWatch(QWidget* window, std::shared_ptr<std::atomic<bool>> asked)
+      : QObject(window), asked_(std::move(asked)) {
+    window->installEventFilter(this);
+  }
+  bool eventFilter(QObject*, QEvent* event) override {
+    if (event->type() == QEvent::Close)
+      *asked_ = true;
+    return false;
+  }
+
+ private:
+  std::shared_ptr<std::atomic<bool>> asked_;
+};
+
 }  // namespace
 
 void ScreenTest::Run(Sources sources, HostOptions::Job job, const Act& person, ViewKind view) {
@@ -42,7 +59,14 @@ void ScreenTest::Run(Sources sources, HostOptions::Job job, const Act& person, V
             [this] { return Widget()->isActiveWindow() && Tab().View().DataValid(); });
       person();
       if (ended.get_future().wait_for(kDeadline) != std::future_status::ready)
-        throw std::runtime_error("the closed window doesn't end the host");
+        throw std::runtime_error(
+            "the closed window doesn't end the host: " + InHost([this] {
+              const bool shown = Widget()->window()->isVisible();
+              const bool focused = Widget()->isActiveWindow();
+              return std::string(shown ? "it is on show" : "it is gone") +
+                     (focused ? " and has the focus" : " and hasn't the focus") +
+                     (Tab().View().RenderDue() ? ", a render is due" : ", all is rendered");
+            }));
     } catch (const std::exception& error) {
       ADD_FAILURE() << error.what();
       application.Quit();
@@ -100,6 +124,17 @@ void ScreenTest::Await(const char* what, const std::function<bool()>& holds) {
 Shown ScreenTest::Settled() {
   Await("the graph is drawn", [this] { return !Tab().View().RenderDue(); });
   return InHost([this] { return Look(); });
+}
+
+// A window manager misses a key while it takes its keys anew; only then is it pressed again.
+void ScreenTest::Close() {
+  const auto asked = std::make_shared<std::atomic<bool>>(false);
+  InHost([&] { return new CloseWatch(Widget()->window(), asked); });
+  for (int press = 0; press < 3 && !*asked; ++press) {
+    Do("key alt+F4");
+    for (int wait = 0; wait < 100 && !*asked; ++wait)
+      std::this_thread::sleep_for(std::chrono::milliseconds(20));
+  }
 }
 
 void ScreenTest::Do(const QString& commands) {

@@ -76,7 +76,7 @@ class ScreenTest : public testing::Test {
   static QString To(QPoint onScreen);
   /// Draws a box from one such point to another.
   void Drag(const QString& from, const QString& to);
-  void Close() { Do("key alt+F4"); }
+  void Close();
   /// What the info bar says.
   QString Readout(const char* name) {
     return InHost([=, this] { return Label(name); });
