@@ -13,7 +13,7 @@ class Wave {
  public:
   explicit Wave(Steps steps) : steps_(steps) {}
   void Next(double& x, double& y);
-  /// Appends as many samples as the spans are long.
+  /// Overwrites two vectors of one length with the next samples.
   void Fill(std::vector<double>& xs, std::vector<double>& ys);
 
  private:

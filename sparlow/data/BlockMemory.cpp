@@ -10,8 +10,8 @@ namespace sparlow {
 
 namespace {
 
-// A piece of many blocks and what an allocator keeps beside it are whole large pages: systems align
-// such a mapping to them.
+// A piece of many blocks and what an allocator keeps beside it are whole large pages, which
+// fit a mapping that a system aligns to them.
 constexpr std::size_t kPageBytes = std::size_t{2} << 20;
 constexpr std::size_t kAllocatorBytes = 64;
 

@@ -27,18 +27,12 @@ struct YRange {
   }
 };
 
-/// Lowers or raises a bound that one thread writes, on a strict comparison. True when it did.
-inline bool Widen(CopyableAtomic<double>& low, CopyableAtomic<double>& high, double value) {
-  bool widened = false;
-  if (value < low.relaxed()) {
+/// Lowers or raises a bound that one thread writes, on a strict comparison.
+inline void Widen(CopyableAtomic<double>& low, CopyableAtomic<double>& high, double value) {
+  if (value < low.relaxed())
     low.setRelaxed(value);
-    widened = true;
-  }
-  if (value > high.relaxed()) {
+  if (value > high.relaxed())
     high.setRelaxed(value);
-    widened = true;
-  }
-  return widened;
 }
 
 /// One block of a series: 8192 samples that never move, the y range of what was added, and the
