@@ -53,6 +53,12 @@ double AxisData::GetValueByPos(int pixel) const {
   return pixel * scale + min;
 }
 
+double AxisData::GetValueByPosInv(int pixel) const {
+  if (log)
+    return std::pow(10.0, std::log10(max) - pixel * scale);
+  return max - pixel * scale;
+}
+
 const char* AxisData::GetName() {
   CopyUnitText(name, PrefixedUnit(power, funcName).c_str());
   return name;

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 
+#include "sparlow/axis/DecimalSteps.h"
 #include "sparlow/axis/EngineeringPrefix.h"
 #include "sparlow/axis/PixelMapping.h"
 #include "sparlow/platform/CopyableAtomic.h"
@@ -26,16 +27,12 @@ class AxisData {
   /// stays there, so that "while pos is below the width" suffices.
   /// The axis must outlive the walk.
   /// Threads: the one that paints.
-  struct StepIter {
+  /// Of a logarithmic axis, the LogSteps are those of the next step; of a linear one, digit is the
+  /// index of the present step.
+  struct StepIter : LogSteps {
     const AxisData* axis = nullptr;
-    /// Logarithmic: multiplier 1 to 9 of the next step. Linear: index of the present step.
-    std::uint32_t digit = 0;
     /// Linear: pixel of the first step. Logarithmic: 0.
     int firstPos = 0;
-    /// Logarithmic: step of the present decade.
-    double stepCur = 0.0;
-    /// Logarithmic: the value that digit x stepCur is added to.
-    double base = 0.0;
     /// Pixel of the present step, counted from the min end. Not set before Init or InitLabel.
     int pos = kFarPixel;
 
@@ -51,7 +48,7 @@ class AxisData {
 
    private:
     void InitCommon(const AxisData* walked);
-    int LogPos() const;
+    int LogPos(double value) const;
   };
 
   AxisData() = default;
@@ -75,10 +72,12 @@ class AxisData {
   /// logarithmic axis, a min above 0:
   /// - a linear axis sorts reversed ends and widens a span below epsilon;
   /// - a linear end that is not a number counts as the other one, both as 0;
-  /// - ends beyond a quarter of the largest double are drawn back to it;
-  /// - a logarithmic axis replaces a max that isn't above 0 by 1, and a min that isn't above 0 or
-  /// is
-  ///   above max by max x 1e-10. Its ends stay above 1e-290.
+  /// - linear ends whose span is beyond a double are drawn back to a quarter of the largest one;
+  /// - a logarithmic axis replaces a max that isn't above 0 by 1 and raises one below 1e-280 to
+  ///   that. A min that isn't above 0, or is above max, becomes max x 1e-10; one below 1e-290
+  ///   becomes that.
+  /// Steps are those of decimal arithmetic: ends that are off by their rounding count as the decimal
+  /// numbers that they stand for.
   void SetParams();
   /// Loads the fixed range of a fixed axis, then SetParams. A fixed range that is not finite is not
   /// loaded. Does nothing on an automatic axis.
@@ -98,8 +97,9 @@ class AxisData {
   int GetPos(double value) const { return log ? HorLog()(value) : HorLinear()(value); }
   /// Vertical pixel of a value, counted from the top: 0 is max.
   int GetPosInv(double value) const { return log ? VerLog()(value) : VerLinear()(value); }
-  /// Value at a horizontal pixel.
+  /// Value at a horizontal pixel, and at a vertical one.
   double GetValueByPos(int pixel) const;
+  double GetValueByPosInv(int pixel) const;
 
   /// What GetPos (Hor) and GetPosInv (Ver) work with on a linear and on a logarithmic axis, for
   /// loops over samples. Each is good until range or scale change.
@@ -115,7 +115,8 @@ class AxisData {
   /// none.
   void SetFuncName(const char* unit);
 
-  /// Writes all labels of the present range, step and power.
+  /// Writes all labels of the present range, step and power. A slot whose text would read more than
+  /// a tenth of a step off its value stays empty.
   void SetLabels();
   /// Text of a label slot, which may be empty; null for a slot that doesn't exist.
   const char* GetStr(int slot) const;
@@ -133,7 +134,7 @@ class AxisData {
   CopyableAtomic<double> scale = 0.0;
   /// max - min, or the decades between them.
   double range = 0.0;
-  /// Distance of grid lines.
+  /// Distance of grid lines. Of a logarithmic axis, that of the first ones.
   double step = 0.0;
   /// Linear: the smallest multiple of step that is not below min.
   double firstStep = 0.0;
@@ -156,8 +157,10 @@ class AxisData {
   StepIter iter;
   /// The axis is logarithmic.
   bool log = false;
-  /// Written by SetLabels: a logarithmic axis has too many steps and is labelled at decades only.
+  /// Written by SetLabels: a logarithmic axis has too many steps and is labelled at decades only;
+  /// where these are fewer than three, at 1, 2 and 5 of each.
   bool decadeLabels = false;
+  bool twoAndFiveLabels = false;
 
  protected:
   void SetRange();
@@ -173,7 +176,7 @@ class AxisData {
   void ClearLabels();
   int WriteLinearLabels();
   int WriteLogLabels();
-  void WriteLabel(int slot, double value, int digits);
+  bool WriteLabel(int slot, double value, double distance, int digits);
 };
 
 }  // namespace sparlow

@@ -3,18 +3,24 @@
 #include <cmath>
 #include <cstring>
 #include <iterator>
+#include <limits>
 #include <string>
 #include <string_view>
 
 #include "sparlow/axis/AxisData.h"
+#include "sparlow/axis/DecimalSteps.h"
 
 namespace sparlow {
 namespace {
 
 constexpr int kSlots = 100;
-constexpr int kLinearDigits = 13;
+constexpr int kMostDigits = 13;
 constexpr int kLogDigits = 7;
+/// How far from its value a label may read, as a share of the step.
+constexpr double kMostOff = 0.1;
 constexpr std::size_t kAddedZeros = 10;
+/// Rounding brings no step beyond an end, nor before it.
+constexpr double kStepsError = 1e-9;
 
 }  // namespace
 
@@ -41,54 +47,36 @@ void AxisData::ClearLabels() {
 // One label beyond max is written too: painters stop by pixel.
 int AxisData::WriteLinearLabels() {
   int count = 0;
-  for (double value = firstStep; value <= max + step && count < kSlots;
+  const double last = max + step * (1 + kStepsError);
+  for (double value = firstStep; value <= last && std::isfinite(value) && count < kSlots;
        value = count * step + firstStep) {
-    WriteLabel(count, value, kLinearDigits);
+    WriteLabel(count, value, step, kMostDigits);
     ++count;
   }
   return count;
 }
 
 int AxisData::WriteLogLabels() {
-  // Whole numbers, but kept in doubles: ratios of a value to the step may be beyond any integer.
-  const double stepsPerUnit = 1.0 / step;
-  const double first = std::ceil(stepsPerUnit * min);
-  const double last = std::ceil(stepsPerUnit * max);
-  if (!std::isfinite(first)) {
-    decadeLabels = false;
+  const LogLayout layout = LayOutLogSteps(min, max, step);
+  decadeLabels = layout.labels != LogLabels::all;
+  twoAndFiveLabels = layout.labels == LogLabels::oneTwoAndFives;
+  if (!layout.valid)
     return 0;
-  }
-  double digit = std::fmod(first, 10.0);
-  double base = (first - digit) * step;
-  decadeLabels = last - (first - digit) >= kSlots;
-
-  double decade = step;
-  if (digit == 0.0) {
-    digit = 1.0;
-    decade *= 10.0;
-    base -= decade;
-  }
   int count = 0;
-  double value = 0.0;
-  while (max > 0.0 && count < kSlots && (count == 0 || value < max)) {
-    if (decadeLabels) {
-      decade *= 10.0;
-      value = base + decade;
-    } else {
-      value = digit * decade + base;
-      digit += 1.0;
-      if (digit == 10.0) {
-        decade *= 10.0;
-        digit = 1.0;
-      }
-    }
-    WriteLabel(count, value, kLogDigits);
-    ++count;
+  const double last = max * (1 - kStepsError);
+  LogSteps steps = layout.first;
+  for (double value = 0.0; count < kSlots && (count == 0 || value < last); ++count) {
+    const double distance = steps.stepCur;
+    value = TakeLabel(steps, layout.labels);
+    if (!std::isfinite(value))
+      break;
+    if (!WriteLabel(count, value, distance, kLogDigits))
+      WriteLabel(count, value, distance, kMostDigits);
   }
   return count;
 }
 
-void AxisData::WriteLabel(int slot, double value, int digits) {
+bool AxisData::WriteLabel(int slot, double value, double distance, int digits) {
   char* text = labels[slot];
   // Adding 0 turns a negative zero, which ceil gives for an axis that begins just below 0, into 0.
   const double shown = TimesPowerOfTen(value, power) + 0.0;
@@ -96,13 +84,21 @@ void AxisData::WriteLabel(int slot, double value, int digits) {
   const std::to_chars_result end = std::to_chars(text, text + std::size(labels[slot]) - 1, shown,
                                                  std::chars_format::general, digits);
   *end.ptr = '\0';
+  double read = 0.0;
+  std::from_chars(text, end.ptr, read);
+  const double rounding = std::numeric_limits<double>::epsilon() * std::fabs(shown);
+  if (!(std::fabs(read - shown) <= kMostOff * TimesPowerOfTen(distance, power) + rounding)) {
+    *text = '\0';
+    return false;
+  }
   maxLabelLength = std::max(maxLabelLength, static_cast<std::uint32_t>(end.ptr - text));
+  return true;
 }
 
 void AxisData::AddTrailingZeros(int count) {
   for (int slot = 0; slot < std::min(count, kSlots); ++slot) {
     const std::string_view label = labels[slot];
-    if (label == "0")
+    if (label.empty() || label == "0")
       continue;
     // The zeros are decimals: they go before an exponent, behind which they would change the value.
     const std::size_t mantissaEnd = std::min(label.find('e'), label.size());

@@ -7,12 +7,14 @@
 #include <utility>
 
 #include "sparlow/axis/AxisData.h"
+#include "sparlow/axis/DecimalSteps.h"
 
 namespace sparlow {
 namespace {
 
-// Spans up to twice this stay below 1e308, so that the power of ten above them is finite too.
-constexpr double kFarthestEnd = std::numeric_limits<double>::max() / 4;
+constexpr double kLargest = std::numeric_limits<double>::max();
+// Where a span is beyond a double. Spans up to twice this stay below 1e308.
+constexpr double kFarthestEnd = kLargest / 4;
 
 // Above these, neither 1 / step nor a min of max x 1e-10 leaves the normal doubles.
 constexpr double kLeastLogMin = 1e-290;
@@ -22,8 +24,8 @@ constexpr double kLinearWidening = 0.01;
 constexpr double kLogDecadesBelow = 1e-10;
 constexpr double kLogLeastSpan = 1e-14;
 constexpr double kLogWidening = 0.1;
-constexpr double kLogHeadroom = 1.05;
-constexpr double kLeastSteps = 5.0;
+/// A logarithmic axis of more decades shows values of so many sizes that no prefix suits them.
+constexpr double kMostDecadesWithPrefix = 3 * (1 + 1e-12);
 
 }  // namespace
 
@@ -31,7 +33,7 @@ void AxisData::SetParams() {
   AdjustMaxMin();
   SetRange();
   CalculateStep();
-  firstStep = std::ceil(min / step) * step;
+  firstStep = StepsUpTo(min, step) * step;
   if (autoRange) {
     fixedMin = min;
     fixedMax = max;
@@ -87,11 +89,13 @@ void AxisData::AdjustLinear() {
     min = std::isnan(max) ? 0.0 : max;
   if (std::isnan(max))
     max = min;
-  min = std::clamp(min, -kFarthestEnd, kFarthestEnd);
-  max = std::clamp(max, -kFarthestEnd, kFarthestEnd);
-
   if (min > max)
     std::swap(min, max);
+  if (!std::isfinite(max - min)) {
+    min = std::clamp(min, -kFarthestEnd, kFarthestEnd);
+    max = std::clamp(max, -kFarthestEnd, kFarthestEnd);
+  }
+
   if (!(std::fabs(max - min) < epsilon))
     return;
   if (std::fabs(min) < epsilon) {
@@ -100,40 +104,33 @@ void AxisData::AdjustLinear() {
     return;
   }
   const double widening = std::fabs(min) * kLinearWidening;
-  min -= widening;
-  max += widening;
+  min = std::max(min - widening, -kLargest);
+  max = std::min(max + widening, kLargest);
 }
 
 void AxisData::AdjustLog() {
   if (!(max > 0.0))
     max = 1.0;
-  max = std::clamp(max, kLeastLogMax, kFarthestEnd);
+  max = std::clamp(max, kLeastLogMax, kLargest);
   if (!(min > 0.0) || min > max)
     min = max * kLogDecadesBelow;
   min = std::max(min, kLeastLogMin);
 
   if (std::fabs(max) * kLogLeastSpan >= std::fabs(max - min)) {
     min -= std::fabs(min) * kLogWidening;
-    max += std::fabs(max) * kLogWidening;
+    max = std::min(max + std::fabs(max) * kLogWidening, kLargest);
   }
 }
 
 void AxisData::CalculateStep() {
-  if (!log) {
-    step = std::pow(10.0, std::ceil(std::log10(range))) * 0.1;
-    while (kLeastSteps * step > range)
-      step *= 0.5;
-    return;
-  }
-  step = std::pow(10.0, std::floor(std::log10(std::fabs(min))));
-  while (step * kLogHeadroom > std::fabs(max - min))
-    step *= 0.1;
+  step = log ? LogStep(min, max) : LinearStep(min, max);
 }
 
 void AxisData::CalculatePower() {
   const double span = std::fabs(max - min);
   const double end = std::fabs(max);
-  power = FindUnitPower(span > end ? span : end, funcName);
+  const bool prefix = !log || range <= kMostDecadesWithPrefix;
+  power = prefix ? FindUnitPower(span > end ? span : end, funcName) : 0;
 }
 
 }  // namespace sparlow

@@ -1,6 +1,21 @@
 #include "sparlow/axis/GraphAxis.h"
 
+#include <cstring>
+
 namespace sparlow {
+
+namespace {
+
+// A range may be kept while its unit changes, as one that was preset is: power and labels follow.
+void takeUnit(AxisData& axis, const char* unit) {
+  char before[kUnitChars];
+  std::memcpy(before, axis.funcName, kUnitChars);
+  axis.SetFuncName(unit);
+  if (axis.max > axis.min && std::strcmp(before, axis.funcName) != 0)
+    axis.SetAuxParams(axis.funcName);
+}
+
+}  // namespace
 
 GraphAxis::GraphAxis(int marginPercent, bool autoZoom, int verticalLabelStep, bool verticalLog)
     : yAutoZoom(autoZoom), yMarginPercent(marginPercent) {
@@ -45,8 +60,8 @@ bool GraphAxis::Valid() const {
 }
 
 void GraphAxis::SetUnits(const char* xUnit, const char* yUnit) {
-  hor.SetFuncName(xUnit);
-  ver.SetFuncName(yUnit);
+  takeUnit(hor, xUnit);
+  takeUnit(ver, yUnit);
 }
 
 }  // namespace sparlow

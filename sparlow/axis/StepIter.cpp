@@ -53,33 +53,22 @@ void AxisData::StepIter::InitCommon(const AxisData* walked) {
     return;
   }
   firstPos = 0;
-  stepCur = axis->step;
-  const double first = std::ceil(axis->min / stepCur);
-  if (!std::isfinite(first))
+  const LogLayout layout = LayOutLogSteps(axis->min, axis->max, axis->step);
+  if (!layout.valid)
     return;
   pos = 0;
-  digit = static_cast<std::uint32_t>(std::fmod(first, 10.0));
-  base = (first - digit) * stepCur;
-  if (digit == 0) {
-    digit = 1;
-    stepCur *= 10.0;
-    base -= stepCur;
-  }
+  static_cast<LogSteps&>(*this) = layout.first;
 }
 
-int AxisData::StepIter::LogPos() const {
-  return WalkPixel((std::log10(digit * stepCur + base) - std::log10(axis->min)) / axis->scale);
+int AxisData::StepIter::LogPos(double value) const {
+  return WalkPixel((std::log10(value) - std::log10(axis->min)) / axis->scale);
 }
 
 int AxisData::StepIter::Next(bool useLabelStep) {
   if (pos >= kFarPixel)
     return pos;
   if (axis->log) {
-    pos = LogPos();
-    if (++digit == 10) {
-      stepCur *= 10.0;
-      digit = 1;
-    }
+    pos = LogPos(Take());
     return pos;
   }
   const std::uint64_t next =
@@ -97,9 +86,8 @@ int AxisData::StepIter::Next(bool useLabelStep) {
 int AxisData::StepIter::NextLabel(bool useLabelStep) {
   if (pos >= kFarPixel || !axis->log || !axis->decadeLabels)
     return Next(useLabelStep);
-  stepCur *= 10.0;
-  digit = 1;
-  pos = LogPos();
+  pos = LogPos(
+      TakeLabel(*this, axis->twoAndFiveLabels ? LogLabels::oneTwoAndFives : LogLabels::decades));
   return pos;
 }
 

@@ -1,6 +1,9 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -10,6 +13,7 @@ namespace sparlow::test {
 namespace {
 
 constexpr double kEpsilon = 2.220446049250313e-16;
+constexpr double kFarthest = std::numeric_limits<double>::max() / 4;
 
 TEST(Scale, MakesAFinishedAxisOfARange) {
   const struct {
@@ -29,8 +33,14 @@ TEST(Scale, MakesAFinishedAxisOfARange) {
       {0.001, 1000.0, "", kLog, 0.001, 1000.0, 0.001, 0.001, 0, ""},
       {0.0, 100.0, "", kLog, 1e-8, 100.0, 1e-8, 1e-8, 0, ""},
       {100.0, 100.0, "", kLog, 90.0, 110.0, 10.0, 90.0, 0, ""},
+      {1.0, 1e3, "V", kLog, 1.0, 1e3, 1.0, 1.0, -3, "kV"},
+      {1.0, 1e4, "V", kLog, 1.0, 1e4, 1.0, 1.0, 0, "V"},
+      {1e-300, 2e-290, "", kLog, 1e-290, 1e-280, 1e-290, 1e-290, 0, ""},
+      // Far out, and too far apart.
+      {1e308, 1.5e308, "", kLinear, 1e308, 1.5e308, 1e307, 1e308, 0, ""},
+      {-1e308, 1e308, "", kLinear, -kFarthest, kFarthest, 1e307, -4e307, 0, ""},
       // The magnitude decides on the power, and steps are an eighth, a quarter, a half or a whole.
-      {100.0, 100.001, "V", kLinear, 100.0, 100.001, 0.000125, 100.0, 0, "V"},
+      {100.0, 100.001, "V", kLinear, 100.0, 100.001, 0.0001, 100.0, 0, "V"},
       {-5000.0, -4999.0, "V", kLinear, -5000.0, -4999.0, 0.1, -5000.0, -3, "kV"},
       {0.0, 10.5, "V", kLinear, 0.0, 10.5, 1.25, 0.0, 0, "V"},
       {0.0, 50.0, "V", kLinear, 0.0, 50.0, 10.0, 0.0, 0, "V"},
@@ -72,9 +82,8 @@ TEST(Scale, AnyEndsAtAllGiveAUsableAxis) {
         ASSERT_TRUE(axis.step > 0.0 && axis.step < axis.max - axis.min);
         ASSERT_TRUE(std::isfinite(axis.firstStep));
         ASSERT_NEAR(axis.GetPos(axis.max), 400, 1);
-        ASSERT_STRNE(axis.GetStr(0), "");
-        ASSERT_EQ(std::string(axis.GetStr(0)).find_first_of("in"), std::string::npos)
-            << axis.GetStr(0);
+        for (const char* const label : axis.labels)
+          ASSERT_EQ(std::string(label).find_first_of("in"), std::string::npos) << label;
         int steps = 0;
         for (axis.iter.Init(&axis); axis.iter.pos < 400; axis.iter.Next(false))
           ASSERT_LT(++steps, 10000);
@@ -82,6 +91,55 @@ TEST(Scale, AnyEndsAtAllGiveAUsableAxis) {
       }
     }
   }
+}
+
+// The step and the first label of a range whose ends are whole numbers of units, in eightieths of a
+// unit: in whole numbers, so that nothing is rounded.
+struct ExactSteps {
+  __extension__ using Whole = __int128;
+  Whole step = 8, first = 0;
+  ExactSteps(Whole min, Whole max) {
+    while (step * 10 < (max - min) * 80)
+      step *= 10;
+    while (5 * step > (max - min) * 80)
+      step /= 2;
+    const Whole steps = min * 80 / step;
+    first = (steps + (steps * step < min * 80)) * step;
+  }
+};
+
+// Ends of up to 4 digits, in units of 1e-15: 100000 ranges, or SPARLOW_RANGES of them.
+TEST(Scale, StepsAreThoseOfExactArithmetic) {
+  const char* const asked = std::getenv("SPARLOW_RANGES");
+  const int count = asked ? std::atoi(asked) : 100000;
+  std::mt19937 random(static_cast<unsigned>(count));
+  const auto end = [&](double& value) {
+    const int digits = static_cast<int>(random() % 19999) - 9999;
+    const int exponent = static_cast<int>(random() % 31) - 15;
+    value = std::strtod((std::to_string(digits) + "e" + std::to_string(exponent)).c_str(), nullptr);
+    ExactSteps::Whole units = digits;
+    for (int e = -15; e < exponent; ++e)
+      units *= 10;
+    return units;
+  };
+  int different = 0, differentFirst = 0;
+  for (int i = 0; i < count; ++i) {
+    double low, high;
+    const auto min = end(low), max = end(high);
+    if (!(low + kEpsilon < high))
+      continue;
+    const ExactSteps exact(min, max);
+    const AxisData axis = Finished(low, high, "", kLinear);
+    const auto near = [&](double value, ExactSteps::Whole of80, double size) {
+      return std::fabs(value - static_cast<double>(of80) / 80 * 1e-15) <= 1e-12 * size;
+    };
+    different += !near(axis.step, exact.step, axis.step);
+    differentFirst += !near(axis.firstStep, exact.first, axis.step);
+  }
+  std::printf("of %d ranges %d have other steps and %d other first ones\n", count, different,
+              differentFirst);
+  EXPECT_LE(different, count / 1000);
+  EXPECT_LE(differentFirst, count / 1000);
 }
 
 // At most 15 bytes, and no part of a UTF-8 sequence; Latin-1 is cut anywhere.
