@@ -14,6 +14,8 @@ endif()
 # What every library of this project has in common; the folders below sparlow/ give the sources.
 function(sparlow_library name)
   target_link_libraries(${name} PRIVATE $<BUILD_INTERFACE:sparlow-options>)
+  # The same bits whatever a program is built with: statistics without fused products, NaN as NaN.
+  target_compile_options(${name} PRIVATE -fno-fast-math -ffp-contract=off)
   target_compile_features(${name} PUBLIC cxx_std_20)
   target_include_directories(${name} PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>
                              $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)

@@ -48,8 +48,9 @@ class SampleReader {
   YRange RangeOfY(unsigned from, unsigned end) const;
 
   bool ascending() const { return !store_ || store_->Ascending(); }
-  /// SampleStore::Serial; 0 without a store.
+  /// SampleStore::Serial and Changes; 0 without a store.
   std::uint64_t serial() const { return store_ ? store_->Serial() : 0; }
+  unsigned changes() const { return store_ ? store_->Changes() : 0; }
 
  private:
   const SampleBlock& of(unsigned sample) const {

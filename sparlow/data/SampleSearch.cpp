@@ -44,7 +44,7 @@ double lastOf(const SampleReader& samples, unsigned b) {
   return samples.block(b).xAt(samples.countIn(b) - 1);
 }
 
-// The first of the blocks b to last for which reaches(block) holds, or last; it goes on holding.
+// The first of the blocks from b on for which reaches(block) holds, or last; it goes on holding.
 template <class Reaches>
 unsigned firstBlock(unsigned b, unsigned last, const Reaches& reaches) {
   while (b < last) {
@@ -59,28 +59,38 @@ unsigned firstBlock(unsigned b, unsigned last, const Reaches& reaches) {
 
 }  // namespace
 
-int FindSampleInBlocks(const SampleReader& samples, unsigned& b, unsigned last, double value,
-                       bool roundUp) {
-  const auto findIn = [&](unsigned block) {
+int FindSampleInBlocks(const SampleReader& samples, unsigned& b, double value, bool roundUp) {
+  const unsigned blocks = samples.blockCount();
+  const auto sampleOf = [&](unsigned block, int place) {
     b = block;
-    const int place = FindSample(samples.block(b), 0, samples.countIn(b), value, roundUp);
-    return place < 0 ? -1 : static_cast<int>(b << SampleBlock::kShift) + place;
+    return static_cast<int>(block << SampleBlock::kShift) + place;
   };
-  int found = -1;
-  if (b > last)
-    return found;
+  if (std::isnan(value))
+    return -1;
   if (!samples.ascending()) {
-    for (unsigned block = b; block <= last && found < 0; ++block)
-      found = findIn(block);
-    return found;
+    for (unsigned block = b; block < blocks; ++block) {
+      // A single sample is found by any value below it, if there is no other.
+      if (samples.countIn(block) == 1 && block > 0 && !same(value, samples.block(block).xAt(0)))
+        continue;
+      const int place = FindSample(samples.block(block), 0, samples.countIn(block), value, roundUp);
+      if (place >= 0)
+        return sampleOf(block, place);
+    }
+    return -1;
   }
-  found = findIn(firstBlock(b, last, [&](unsigned block) {
+  const unsigned found = firstBlock(0, blocks, [&](unsigned block) {
     const double x = lastOf(samples, block);
     return value <= x || same(value, x);
-  }));
-  // A value in the gap before that block lies before all others too, of which only the last one may
-  // have a single sample, and then takes it.
-  return found < 0 && b < last ? findIn(last) : found;
+  });
+  if (found == blocks)
+    return -1;
+  const SampleBlock& block = samples.block(found);
+  const double first = block.xAt(0);
+  if (value >= first || same(value, first))
+    return sampleOf(found, FindSample(block, 0, samples.countIn(found), value, roundUp));
+  if (roundUp)
+    return sampleOf(found, 0);
+  return found == 0 ? -1 : sampleOf(found - 1, SampleBlock::kSamples - 1);
 }
 
 unsigned BlockAround(const SampleReader& samples, unsigned last, double value) {

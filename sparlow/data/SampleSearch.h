@@ -13,11 +13,11 @@ inline constexpr double kSearchTolerance = 1e-15;
 /// -1 for a value that is not a number.
 int FindSample(const SampleBlock& block, unsigned lo, unsigned hi, double value, bool roundUp);
 
-/// A place as FindSample gives it in the first of the blocks b to last that has one, as the sample of
-/// the series, and which block that was; -1 and no block's number when none has. Where x ascends, at
-/// the cost of a few blocks, however many they are.
-int FindSampleInBlocks(const SampleReader& samples, unsigned& b, unsigned last, double value,
-                       bool roundUp);
+/// The sample at value. Between two of them it is the one behind value if roundUp is true, else the
+/// one before it, also where they lie in two blocks. -1 before the first sample, unless roundUp is
+/// true, and -1 beyond the last one. Where x doesn't ascend, what FindSample gives in the first of
+/// the blocks from b on that has a place. b becomes the block of what was found.
+int FindSampleInBlocks(const SampleReader& samples, unsigned& b, double value, bool roundUp);
 
 /// The first of the blocks 0 to last whose x goes from value or below to value or above; last when
 /// there is none before it.

@@ -90,6 +90,8 @@ class SampleStore {
   /// No sample's x is below that of the one before it. Once false it may stay so when samples are
   /// overwritten, though order has come back.
   bool Ascending() const { return ascending_.relaxed(); }
+  /// How often samples that were there have been overwritten or sorted.
+  unsigned Changes() const { return changes_; }
   /// Tells this data set from any other of the process; never 0.
   std::uint64_t Serial() const { return serial_; }
 
@@ -141,6 +143,7 @@ class SampleStore {
   const std::uint64_t serial_;
   const bool waveform_;
   CopyableAtomic<bool> ascending_ = true;
+  CopyableAtomic<unsigned> changes_ = 0u;
   CopyableAtomic<unsigned> size_ = 0u;
   CopyableAtomic<BlockEntry*> entries_ = nullptr;
 

@@ -52,6 +52,7 @@ void SourceData::resetFields() {
   nBlockSamples = 0;
   firstBlockPending = false;
   nToAtBlockStart = 0;
+  sizeAtBlockStart_ = 0;
   waveform = false;
 }
 
@@ -59,6 +60,7 @@ void SourceData::resetBounds() {
   xIntervalMin = xIntervalMax = yIntervalMin = yIntervalMax = 0.0;
   yGlobalMin = xGlobalMin = SampleBlock::kNoMin;
   yGlobalMax = xGlobalMax = SampleBlock::kNoMax;
+  nNotFinite_ = nBeyondLimit_ = 0;
 }
 
 void SourceData::Term() {
@@ -105,6 +107,14 @@ SampleStore* SourceData::grow() {
   return store;
 }
 
+void SourceData::noteDropped(bool finite) {
+  ++(finite ? nBeyondLimit_ : nNotFinite_);
+}
+
+DroppedSamples SourceData::GetDroppedSamples() const {
+  return {nNotFinite_, nBeyondLimit_};
+}
+
 void SourceData::Add(std::span<const double> xs, std::span<const double> ys) {
   append({xs.data(), 0.0, 0.0, ys.first(std::min(xs.size(), ys.size()))});
 }
@@ -118,15 +128,21 @@ void SourceData::append(const SampleSpan& samples) {
     SampleStore* store = store_.Raw();
     if (!store || store->Full()) {
       // One that would be dropped makes no room for itself.
-      if (!std::isfinite(samples.x(next)) || !std::isfinite(samples.y(next))) {
+      if (!BothFinite(samples.x(next), samples.y(next))) {
         ++next;
+        ++nNotFinite_;
         continue;
       }
       store = grow();
-      if (!store)
-        return;
+      if (!store) {
+        ++next;
+        ++nBeyondLimit_;
+        continue;
+      }
     }
+    const unsigned before = store->OwnSize();
     const Appended added = store->Append(samples, next);
+    nNotFinite_ += added.end - next - (store->OwnSize() - before);
     next = added.end;
     if (added.y.low > added.y.high)
       continue;
@@ -139,7 +155,7 @@ void SourceData::append(const SampleSpan& samples) {
 }
 
 void SourceData::Set(unsigned sample, double x, double y, bool slope) {
-  if (!std::isfinite(x) || !std::isfinite(y))
+  if (!BothFinite(x, y))
     return;
   const std::shared_ptr<SampleStore> store = store_.Get();
   if (!store || sample >= nSamples || sample >= store->Size())

@@ -6,6 +6,7 @@
 #include <span>
 #include <thread>
 
+#include "sparlow/data/Finite.h"
 #include "sparlow/data/OwnState.h"
 #include "sparlow/data/SampleReader.h"
 #include "sparlow/data/StatisticParameters.h"
@@ -28,6 +29,13 @@ struct SampleInterval {
   unsigned end = 0;
   unsigned Size() const { return end - from; }
   friend bool operator==(const SampleInterval&, const SampleInterval&) = default;
+};
+
+/// Samples that were offered to a series and not taken.
+/// Threads: a value; any thread, each with its own.
+struct DroppedSamples {
+  std::uint64_t notFinite = 0;    ///< with a NaN or an infinity
+  std::uint64_t beyondLimit = 0;  ///< the series was full
 };
 
 /// What the samples of an interval reach over.
@@ -74,8 +82,8 @@ class SourceData {
   ///@{
   /// Empties the series. Samples that somebody reads at the moment go when the reader is done.
   virtual void Reset();
-  /// Reset, unless a transfer of another thread's runs: false, and nothing changes. Any thread, but
-  /// not beside one that adds samples without a transfer.
+  /// Reset, unless a transfer of another thread's runs: false then. Any thread, but not beside one
+  /// that adds samples without a transfer.
   bool TryReset();
   /// Appends a sample. One with a NaN or an infinity is dropped, and so is one beyond 8192 samples
   /// of a waveform or beyond 2^31 - 1 of any series. slope: the edge of a waveform rises.
@@ -88,6 +96,8 @@ class SourceData {
   void Add(std::span<const double> xs, std::span<const double> ys);
   /// The same with x = firstX + i * stepX for the i-th of ys, from 0 on.
   void AddUniform(double firstX, double stepX, std::span<const double> ys);
+  /// What Add has dropped since the last Reset, and why. Any thread.
+  DroppedSamples GetDroppedSamples() const;
   /// Overwrites a sample, and the flag of a waveform's; one at GetSize() or beyond, or one that Add
   /// would drop, is ignored. The bounds of all samples widen.
   void Set(unsigned sample, double x, double y, bool slope = false);
@@ -168,7 +178,11 @@ class SourceData {
   /// Sample at or before x; 0 below the first one and without samples, the last one beyond it. An x
   /// between the samples of two blocks gives the first sample of the last block.
   unsigned GetxValueIndex(double x) const;
-  /// The samples from min to max of the axis, with one more at each side.
+  /// The same, and between two blocks too it is the sample before x.
+  unsigned SampleAtOrBefore(double x) const;
+  /// The samples from min to max of the axis, with one more at each side, and the cursors on the
+  /// first and the last one that lie in the range. A range that begins beyond the last sample shows
+  /// all of them.
   void SetInterval(const AxisData& axis);
   /// The same from xFrom to xTo.
   void SetIntervalByX(double xFrom, double xTo);
@@ -179,8 +193,9 @@ class SourceData {
   /// The samples from cursor to cursor, both included. Declines when one isn't set.
   virtual bool ZoomInByCursor();
   virtual void ZoomOutFull(const AxisData* axis) { ResetInterval(axis); }
-  /// Divides or multiplies the interval about its middle. Declines on a fixed axis, below two
-  /// samples, and for a factor below 2.
+  /// Divides or multiplies the interval about its middle; one that becomes the whole series follows
+  /// new samples in a transfer. Declines on a fixed axis, zooming in on two samples or fewer,
+  /// zooming out of all, and for a factor below 2.
   bool SetIntervalBySample(bool zoomIn, const AxisData* axis, int factor);
   /// Shifts the interval, as far as there are samples. Declines on a fixed axis.
   bool Scroll(int samples, const AxisData* axis);
@@ -297,7 +312,7 @@ class SourceData {
   HANDLE terminator = nullptr;
   /// Null for a calculated series. Read through GetStatParams where another thread may write.
   StatisticParameters* statParams = nullptr;
-  SourceData* analyzeFrom = nullptr;
+  CopyableAtomic<SourceData*> analyzeFrom = nullptr;
   ///@}
 
   /// The graph that shows the series closes: whoever works on it should stop, whatever becomes of
@@ -312,37 +327,41 @@ class SourceData {
  protected:
   /// Replaces the statistics as a whole, so that no reader sees some new and some old.
   void PublishStatParams(const StatisticParameters& values);
+  /// GetInterval, cut to a size.
+  SampleInterval effectiveInterval(unsigned size) const;
 
  private:
   SampleStore* grow();
+  void noteDropped(bool finite);
   void append(const SampleSpan& samples);
   void PublishStatParams(const StatisticParameters& values, const SampleStore* store);
   void resetFields();
   void resetBounds();
   static std::mutex& openEndLock();
-  SampleInterval effectiveInterval(unsigned size) const;
-  SampleInterval findInterval(const SampleReader& samples, double xFrom, double xTo) const;
+  static SampleInterval findInterval(const SampleReader& samples, double xFrom, double xTo);
   void placeCursors(const SampleReader& samples, SampleInterval found, double xFrom, double xTo);
-  bool showInterval(std::uint64_t dataSet, SampleInterval interval);
-  bool writeInterval(std::uint64_t dataSet, SampleInterval interval);
+  bool showInterval(std::uint64_t dataSet, SampleInterval interval, bool openEnd = false);
+  /// openEnd: during a transfer the end follows new samples.
+  bool writeInterval(std::uint64_t dataSet, SampleInterval interval, bool openEnd = false);
   void publishBounds(const IntervalBounds& bounds);
 
   StoreHandle store_;
   CopyableAtomic<std::thread::id> feedingThread_;  // of the latest transfer
-  mutable OwnMutex boundsLock_;                    // keeps the four bounds of an interval together
-  OwnMutex beginning_;  // a transfer doesn't begin while TryReset empties the series
+  CopyableAtomic<unsigned> sizeAtBlockStart_ = 0u;
+  CopyableAtomic<std::uint64_t> nNotFinite_ = std::uint64_t{0};
+  CopyableAtomic<std::uint64_t> nBeyondLimit_ = std::uint64_t{0};
+  mutable OwnMutex boundsLock_;  // keeps the four bounds of an interval together
 };
 
 inline void SourceData::Add(double x, double y, bool slope) {
-  // A number less itself is 0, anything else isn't a number: one comparison.
-  if (!((x - x) + (y - y) >= 0.0))
-    return;
+  if (!BothFinite(x, y)) [[unlikely]]
+    return noteDropped(false);
   SampleStore* store = store_.Raw();
   unsigned size = store ? store->OwnSize() : 0;
   if (!store || store->FullAt(size)) {
     store = grow();
     if (!store)
-      return;
+      return noteDropped(true);
     size = store->OwnSize();
   }
   store->Append(size, x, y, slope);

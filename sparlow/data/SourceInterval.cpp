@@ -45,6 +45,14 @@ unsigned SourceData::GetAnalyzeTo() const {
   return std::min(static_cast<unsigned>(std::max<int>(iRCursor, -1) + 1LL), size);
 }
 
+unsigned SourceData::SampleAtOrBefore(double x) const {
+  const SampleReader samples = Read();
+  unsigned b = 0;
+  if (!samples.ascending() || samples.empty() || x > samples.x(samples.size() - 1))
+    return GetxValueIndex(x);
+  return static_cast<unsigned>(std::max(FindSampleInBlocks(samples, b, x, false), 0));
+}
+
 unsigned SourceData::GetxValueIndex(double x) const {
   const SampleReader samples = Read();
   if (samples.empty() || std::isnan(x) || x < samples.x(0))
@@ -73,18 +81,11 @@ void SourceData::SetIntervalByX(double xFrom, double xTo) {
     placeCursors(samples, found, xFrom, xTo);
 }
 
-SampleInterval SourceData::findInterval(const SampleReader& samples, double xFrom,
-                                        double xTo) const {
-  const SampleInterval whole{0, samples.size()};
-  const SampleInterval now = effectiveInterval(samples.size());
-  if (now.end == 0)
-    return whole;
-  const unsigned last = (now.end - 1) >> SampleBlock::kShift;
-  unsigned b = now.from >> SampleBlock::kShift;
-  const int start = FindSampleInBlocks(samples, b, last, xFrom, false);
-  // The end is looked for from the block of the start on.
-  const int end = start < 0 ? -1 : FindSampleInBlocks(samples, b, last, xTo, true);
-  SampleInterval found = whole;
+SampleInterval SourceData::findInterval(const SampleReader& samples, double xFrom, double xTo) {
+  unsigned b = 0;
+  const int start = FindSampleInBlocks(samples, b, xFrom, false);
+  const int end = FindSampleInBlocks(samples, b, xTo, true);
+  SampleInterval found{0, samples.size()};
   if (start >= 0)
     found.from = static_cast<unsigned>(start);
   if (end >= 0)
@@ -130,11 +131,8 @@ bool SourceData::ZoomInByPoint(double x1, double x2, const AxisData* axis) {
     x1 = std::max(x1, axis->fixedMin);
     x2 = std::min(x2, axis->fixedMax);
   }
-  const std::pair<unsigned, unsigned> before{nFrom, nTo};
-  SetIntervalByX(x1, x2);
-  if (before == std::pair<unsigned, unsigned>{nFrom, nTo})
-    return false;
-  return showInterval(samples.serial(), effectiveInterval(samples.size()));
+  const SampleInterval found = findInterval(samples, x1, x2);
+  return found != effectiveInterval(samples.size()) && showInterval(samples.serial(), found);
 }
 
 bool SourceData::ZoomInByCursor() {
@@ -171,8 +169,14 @@ bool SourceData::SetIntervalBySample(bool zoomIn, const AxisData* axis, int fact
     end = all;
     start = end - newSize;
   }
+  // An odd size has lost a sample to the halves.
+  const bool whole = newSize == all;
+  if (whole) {
+    start = 0;
+    end = all;
+  }
   const SampleInterval wanted{static_cast<unsigned>(start), static_cast<unsigned>(end)};
-  return wanted != now && showInterval(samples.serial(), wanted);
+  return wanted != now && showInterval(samples.serial(), wanted, whole);
 }
 
 bool SourceData::Scroll(int by, const AxisData* axis) {
@@ -190,26 +194,28 @@ bool SourceData::Scroll(int by, const AxisData* axis) {
 
 void SourceData::ScrollTo(unsigned first) {
   const SampleReader samples = Read();
-  const unsigned size = effectiveInterval(samples.size()).Size();
+  const SampleInterval now = effectiveInterval(samples.size());
+  const unsigned size = now.Size();
   if (size == 0)
     return;
   first = std::min(first, samples.size() - size);
-  showInterval(samples.serial(), {first, first + size});
+  if (first != now.from)
+    showInterval(samples.serial(), {first, first + size});
 }
 
-bool SourceData::writeInterval(std::uint64_t dataSet, SampleInterval interval) {
+bool SourceData::writeInterval(std::uint64_t dataSet, SampleInterval interval, bool openEnd) {
   const std::lock_guard<std::mutex> lock(openEndLock());
   // Not over the interval of a data set that has begun meanwhile.
   const auto store = store_.Get();
   if ((store ? store->Serial() : 0) != dataSet)
     return false;
   nFrom = interval.from;
-  nTo = interval.end;
+  nTo = openEnd && inTransfer ? 0u : interval.end;
   return true;
 }
 
-bool SourceData::showInterval(std::uint64_t dataSet, SampleInterval interval) {
-  if (!writeInterval(dataSet, interval))
+bool SourceData::showInterval(std::uint64_t dataSet, SampleInterval interval, bool openEnd) {
+  if (!writeInterval(dataSet, interval, openEnd))
     return false;
   iLCursor = static_cast<int>(interval.from);
   iRCursor = static_cast<int>(interval.end) - 1;

@@ -15,7 +15,8 @@ std::mutex& SourceData::openEndLock() {
 }
 
 bool SourceData::TryReset() {
-  const std::lock_guard<OwnMutex> lock(beginning_);
+  // A transfer that begins meanwhile drops the samples by a Reset of its own, which waits for this.
+  const DataLock data(dataMutex);
   if (inTransfer && feedingThread_ != std::this_thread::get_id())
     return false;
   Reset();
@@ -23,7 +24,6 @@ bool SourceData::TryReset() {
 }
 
 void SourceData::InitDataTransfer(bool isWaveform) {
-  const std::lock_guard<OwnMutex> begin(beginning_);
   feedingThread_ = std::this_thread::get_id();
   {
     const std::lock_guard<std::mutex> lock(openEndLock());
@@ -34,9 +34,9 @@ void SourceData::InitDataTransfer(bool isWaveform) {
 }
 
 bool SourceData::InitBlockTransfer() {
-  const std::lock_guard<OwnMutex> begin(beginning_);
   feedingThread_ = std::this_thread::get_id();
   nToAtBlockStart = GetTo();
+  sizeAtBlockStart_ = nSamples.load();
   nBlockSamples = 0;
   if (!firstBlockPending)
     return false;
@@ -48,13 +48,16 @@ bool SourceData::InitBlockTransfer() {
     nTo = 0;
   }
   nToAtBlockStart = 0;
+  sizeAtBlockStart_ = 0;
   firstBlockPending = false;
   return true;
 }
 
 void SourceData::TermBlockTransfer() {
-  const unsigned end = GetTo();
-  nBlockSamples = end - std::min<unsigned>(end, nToAtBlockStart);
+  const unsigned end = GetTo(), size = nSamples;
+  // Not by the end of the interval, which stands still in a series that is zoomed, or follows
+  // another one.
+  nBlockSamples = size - std::min<unsigned>(size, sizeAtBlockStart_);
   if (const unsigned shown = nLastSamplesToDraw; shown != 0)
     nFrom = end - std::min(end, shown);
   SetIntervalParams();
@@ -90,6 +93,9 @@ bool SourceData::TermDataTransfer() {
 
 void SourceData::AdjustSizeTo() {
   const unsigned size = nSamples;
+  // A start that no Reset has set yet would show nothing.
+  if (nFrom >= size)
+    nFrom = 0;
   nTo = size;
   adjusted = true;
   if (size == 0)

@@ -10,7 +10,9 @@ struct AxisRange {
   double min = 0.0;
   double max = 0.0;
   bool autoRange = true;
-  std::string unit;  ///< without prefix
+  std::string unit;       ///< without prefix
+  bool log = false;       ///< both ends have to be above 0
+  bool confirmed = true;  ///< the user did not cancel
 };
 
 /// Has the user edit the range of an axis: the dialog that Graph::OnXRange and OnYRange run.

@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "sparlow/axis/PixelMapping.h"
-#include "sparlow/graph/Offset.h"
 #include "sparlow/graph/SelectedPen.h"
 
 namespace sparlow {
@@ -46,9 +45,9 @@ void Cursor::Clear(HDC dc, HDC memDC) const {
   area.NormalizeRect();
   if (area.IsRectEmpty())
     return;
-  // A square pen end on a diagonal reaches 1.71 pen widths from the middle of a cross, and rect
-  // only 1.6; a broken screen scale adds a pixel to a pen. rect is 3.2 pen widths wide or more.
-  const int overhang = 2 + area.Width() / 24;
+  // The last pixel of a thin pen lies on the edge that a rectangle leaves out, and a broken screen
+  // scale adds a pixel to a pen.
+  constexpr int overhang = 2;
   CDC(dc).BitBlt(area.left - overhang, area.top - overhang, area.Width() + 2 * overhang,
                  area.Height() + 2 * overhang, memDC, area.left - overhang, area.top - overhang,
                  SRCCOPY);
@@ -63,7 +62,7 @@ void Cursor::Draw(HDC dc, HDC memDC, int x, int y, int height) {
   if (memDC)
     Clear(dc, memDC);
   CDC target(dc);
-  const int pen = Offset::ToDevice(penPixels());
+  const int pen = target.LogicalToDevice(penPixels());
   const SelectedPen selected(&target, PS_SOLID, pen, color);
   target.SetROP2(R2_COPYPEN);
   // A host may give any int, and so may its mapping.

@@ -132,7 +132,7 @@ std::vector<ViewData*> Graph::AllSeries() const {
 void Graph::defineMinMax() {
   ViewData* const series = activeViewData;
   series->SetIntervalParams();
-  const IntervalBounds bounds = series->GetIntervalBounds();
+  const IntervalBounds bounds = series->GetBoundsOnShow();
   xMin = bounds.xMin;
   xMax = bounds.xMax;
   yMin = bounds.yMin;
@@ -169,9 +169,14 @@ COLORREF Graph::GetPixel(CPoint point) {
   return color;
 }
 
+COLORREF Graph::CurvePixel(CPoint point) {
+  const COLORREF color = GetPixel(point);
+  return color == frameBackground ? 0xFFFFFFFF : color;
+}
+
 bool Graph::GetViewDataByPoint(ViewData** series, int* index, bool* isMask, CPoint point) {
   ViewData* const candidate = activeViewData;
-  if (!candidate || GetPixel(point) != candidate->GetColor())
+  if (!candidate || CurvePixel(point) != candidate->GetColor())
     return false;
   if (series)
     *series = candidate;

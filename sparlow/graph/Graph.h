@@ -114,7 +114,8 @@ class Graph {
 
   /// @name On paper
   /// Draws the graph inside rect of a page: in the colours of scheme 0, with text of 11 points and
-  /// margins and pens of seven pixels for one, at the resolution of dc. Renders on the caller's
+  /// margins and pens of seven pixels for one, which hooks of a host find in CDC::GetPixelFactor, at
+  /// the resolution of dc. Renders on the caller's
   /// thread, whatever the interval; stops a render for the window, which goes on afterwards, and
   /// waits for analyses of the series on show, whose boxes are answered meanwhile. The window is
   /// then brought back to its own pixels.
@@ -136,18 +137,21 @@ class Graph {
   /// Moves the interval by samples, toward higher ones if positive, or to a first sample.
   void Scroll(int samples);
   void ScrollTo(unsigned first);
-  /// Moves the vertical range by a twentieth of its span.
+  /// Moves the vertical range by a twentieth of its span, if CanYScroll.
   void yScroll(bool up);
-  /// Moves the vertical range to where the thumb of the vertical scroll bar is dragged.
+  /// Moves the vertical range to where the thumb of the vertical scroll bar is dragged, if
+  /// CanYScroll.
   void yScrollDo();
   /// Lets the vertical range follow the samples on show, or not any more; without data too.
   void OnYAutoZoom();
+  /// A logarithmic axis has no steps of one size to scroll by.
   bool CanYScroll() const { return axis && !axis->ver.log; }
   bool GetYAutoZoom() const { return axis && axis->yAutoZoom; }
   bool GetYAutoRange() const { return axis && axis->ver.autoRange; }
   bool GetXAutoRange() const { return axis && axis->hor.autoRange; }
   /// Has the user fix the range of an axis, or give it back to automatic ranging, through the
   /// AxisRangeEditor that is installed. OnXRange then shows all samples, or those in the range.
+  /// Automatic ranging, as any zoom, ends a range that was set by GraphAxis::Preset.
   void OnXRange();
   void OnYRange();
 
@@ -167,6 +171,8 @@ class Graph {
   /// Takes the mouse for a cursor until EndDragCursor.
   void BeginDragLeftCursor();
   void BeginDragRightCursor();
+  /// What both do: takes the mouse and shows the pointer of a drag.
+  void beginDragCursor();
   /// One step of a drag, to a point of the client area, which is clipped. A cursor that crosses the
   /// other hands the mouse over to it.
   void DragCursor(CPoint& point);
@@ -178,8 +184,9 @@ class Graph {
   void SetColors(GraphColors* scheme);
   /// Turns a point of the client area into one of the plot, clamped to it.
   void Clip(CPoint& point) const;
-  /// The series whose colour the last frame has at a point of the client area. Null out-arguments
-  /// are skipped; false, and nothing is stored, when there is none.
+  /// The series whose colour the last frame has at a point of the client area; a curve that has the
+  /// colour of the background isn't found (GraphColors::Visible). Null out-arguments are skipped;
+  /// false, and nothing is stored, when there is none.
   virtual bool GetViewDataByPoint(ViewData** series, int* index, bool* isMask, CPoint point);
   /// Loads the popup menu of the active series into menu and gives its first sub-menu, which menu
   /// owns. Null without a series or a menu resource.
@@ -246,6 +253,8 @@ class Graph {
   bool analyze(ViewData* series, bool (SourceData::*how)(), bool onlyEmpty = false);
   /// The colour of the last frame at a point of the client area; 0xFFFFFFFF outside the plot.
   COLORREF GetPixel(CPoint point);
+  /// The same of a curve: 0xFFFFFFFF for the background too.
+  COLORREF CurvePixel(CPoint point);
 
   /// @name Painting
   /// Paints the frame of the graph inside area: caption, grid, axes, labels, legend, curves.
@@ -276,6 +285,9 @@ class Graph {
   /// thread reads: with both scales it is published under layoutLock.
   CopyableAtomic<int> height{0};
   CopyableAtomic<int> width{0};
+  /// What this graph's margins, pens and marks are multiplied by besides Offset::LogPixelSize: 7
+  /// while it is printed. A context that it paints on has it as its CDC::GetPixelFactor.
+  CopyableAtomic<double> pixelFactor{1.0};
 
  private:
   friend class GraphTest;
@@ -312,6 +324,7 @@ class Graph {
   bool whileNobodyRenders(const std::function<bool()>& change);
   bool canZoom() const;
   bool zoomVertically();
+  bool zoomedByUser(bool zoomed);
   void zoomBySample(bool in);
   double verticalStep() const;
   void editRange(AxisData GraphAxis::*which);
@@ -319,6 +332,9 @@ class Graph {
   // Layout.
   void layOut();
   void SetGraphArea(const CRect& area);
+  /// Of the plot, as the last layout of such an area has it: what it was worked out from may have
+  /// changed since.
+  CPoint plotOriginIn(const CRect& area) const;
   /// The box for a window or a page that has more pixels than a series has columns.
   void tellTooLarge(bool isTooLarge);
 
@@ -351,7 +367,6 @@ class Graph {
   void DrawCursors(HDC dc, const CRect& area);
   /// frame: holds what the markers lie on; null on paper.
   void drawMarkers(HDC dc, HDC frame, const CRect& area);
-  void beginDragCursor();
   static void tellCursorMoves();
   /// The largest interval of all series: what decides who renders.
   unsigned largestInterval() const;
@@ -366,11 +381,13 @@ class Graph {
   static inline CopyableAtomic<bool> LockResize{false};
 
   mutable std::mutex layoutLock;
+  CPoint plotOrigin{Offset::Left(0), Offset::Top()};  // in its area; guarded by layoutLock
   Units units;  // of axes and series, for readouts on workers; guarded by layoutLock
 
   // The window's thread.
   HDC memDC = nullptr;
   HBITMAP memBitmap = nullptr;
+  COLORREF frameBackground = 0xFFFFFF;  // of the last frame
   struct ToldSeries {
     ViewData* series;
     bool signalled;  // its terminator, and not by its host

@@ -33,7 +33,42 @@ constexpr ColorRow table[] = {
     {&GraphColors::aux5, {0xA7A7A7, 0x2F7F7F, 0x27A6A6, 0x007F00}},
 };
 
+constexpr int kShades = 16;
+
+int channel(COLORREF color, int shift) {
+  return static_cast<int>(color >> shift & 0xFFu);
+}
+
+COLORREF mix(COLORREF color, COLORREF other, int shades) {
+  COLORREF mixed = 0;
+  for (const int shift : {0, 8, 16}) {
+    const int sum = channel(color, shift) * (kShades - shades) + channel(other, shift) * shades;
+    mixed |= static_cast<COLORREF>(sum / kShades) << shift;
+  }
+  return mixed;
+}
+
+/// By the distance of the two in the cube of red, green and blue.
+bool differ(COLORREF a, COLORREF b) {
+  constexpr int least = 150;
+  int square = 0;
+  for (const int shift : {0, 8, 16}) {
+    const int d = channel(a, shift) - channel(b, shift);
+    square += d * d;
+  }
+  return square >= least * least;
+}
+
 }  // namespace
+
+COLORREF GraphColors::Visible(COLORREF color) const {
+  for (int shades = 0; shades < kShades; ++shades) {
+    const COLORREF shade = mix(color, text, shades);
+    if (differ(shade, backActive) && differ(shade, backInactive))
+      return shade;
+  }
+  return text;
+}
 
 void GraphColors::LoadScheme(int number) {
   scheme = number;

@@ -12,6 +12,9 @@ struct GraphColors {
 
   /// Takes the colours of a built-in scheme; a number that none has gives those of scheme 0.
   void LoadScheme(int number);
+  /// A colour for a curve that can be told from both backgrounds: the one given, if it can, else
+  /// one mixed of it and the colour of text.
+  COLORREF Visible(COLORREF color) const;
 
   COLORREF trace;        ///< the curve of a single series, and its caption
   COLORREF aux1;         ///< for hosts, as are aux2 to aux5

@@ -34,10 +34,10 @@ void Graph::drawMarkers(HDC dc, HDC frame, const CRect& area) {
   if (!dc || !DataAndAxisValid() || !series->ValidCursor())
     return;
   const SavedDC before(dc);
-  const int left = area.left + Offset::Left(axis->ver.maxLabelLength);
-  const int top = area.top + TopOffset(series);
-  CDC(dc).SetViewportOrg(left, top);
-  CDC(frame).SetViewportOrg(left, top);
+  const CPoint origin = plotOriginIn(area);
+  CDC(dc).SetPixelFactor(pixelFactor);
+  CDC(dc).SetViewportOrg(origin.x, origin.y);
+  CDC(frame).SetViewportOrg(origin.x, origin.y);
   // Both before either is drawn: where one stood the other may come to stand.
   if (frame) {
     lCursor->Erase(dc, frame);
@@ -123,7 +123,7 @@ void Graph::DragCursor(CPoint& point) {
   const unsigned last = samples.size() - 1;
   // The value of the last pixel is a rounding away from the last sample on show.
   const double x = axis->xPointValue(point.x);
-  unsigned i = std::min(series->GetxValueIndex(point.x < width ? x : std::max(x, hor.max)), last);
+  unsigned i = std::min(series->SampleAtOrBefore(point.x < width ? x : std::max(x, hor.max)), last);
   // Whichever is held: one that crosses the other gives the other its own sample.
   if (!hor.autoRange)
     i = FirstNotBelow(samples, i, last, hor.fixedMin);

@@ -22,7 +22,8 @@ void Graph::DrawAll() {
   CreateTextFont(&font, &frame);
   frame.SelectObject(&font);
 
-  frame.FillSolidRect(client, active ? colors->backActive : colors->backInactive);
+  frameBackground = active ? colors->backActive : colors->backInactive;
+  frame.FillSolidRect(client, frameBackground);
   // Asked once: a render that is done in between has invalidated the window again.
   const bool rendering = RenderDue();
   const bool ready = !rendering && DataAndAxisValid();

@@ -27,7 +27,7 @@ void Graph::DrawLabels(CDC* dc) {
 }
 
 void Graph::DrawVerticalLabels(CDC* dc) {
-  const int right = -Offset::ToDevice(4);
+  const int right = -dc->LogicalToDevice(4);
   dc->SetTextAlign(TA_RIGHT | TA_BOTTOM);
   dc->TextOut(right, 0, axis->ver.GetName());
 
@@ -48,8 +48,8 @@ void Graph::DrawVerticalLabels(CDC* dc) {
 }
 
 void Graph::DrawHorizontalLabels(CDC* dc) {
-  const int top = height + Offset::ToDevice(4);
-  const int rightEdge = width + Offset::ToDevice(16);
+  const int top = height + dc->LogicalToDevice(4);
+  const int rightEdge = width + dc->LogicalToDevice(16);
   const CString unit = axis->hor.GetName();
   dc->SetTextAlign(TA_RIGHT | TA_TOP);
   dc->TextOut(rightEdge, top, unit);

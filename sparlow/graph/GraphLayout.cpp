@@ -12,17 +12,24 @@ namespace sparlow {
 void Graph::SetGraphArea(const CRect& area) {
   constexpr int columns = static_cast<int>(ViewData::kMaxColumns);
   tooLarge = area.Width() >= columns || area.Height() >= columns;
-  int plotHeight = std::max(area.Height(), Offset::hMin());
-  int plotWidth = std::max(area.Width(), Offset::wMin());
-  plotHeight -= TopOffset(activeViewData) + Offset::Bottom();
-  plotWidth -= Offset::Left(axis->ver.maxLabelLength) + Offset::Right();
+  const double factor = pixelFactor;
+  const int left = Offset::Left(axis->ver.maxLabelLength, factor);
+  const int top = TopOffset(activeViewData, factor);
+  int plotHeight = std::max(area.Height(), Offset::hMin(factor)) - top - Offset::Bottom(factor);
+  const int plotWidth = std::max(area.Width(), Offset::wMin(factor)) - left - Offset::Right(factor);
   if (IsLegend())
     plotHeight -= LegendOffset();
   const std::lock_guard whole(layoutLock);
+  plotOrigin = {left, top};
   height = std::max(plotHeight, 1);
   width = std::max(plotWidth, 1);
   axis->ver.CalculateScale(static_cast<unsigned>(height.load()));
   axis->hor.CalculateScale(static_cast<unsigned>(width.load()));
+}
+
+CPoint Graph::plotOriginIn(const CRect& area) const {
+  const std::lock_guard whole(layoutLock);
+  return {area.left + plotOrigin.x, area.top + plotOrigin.y};
 }
 
 void Graph::layOut() {
@@ -40,13 +47,10 @@ void Graph::tellTooLarge(bool isTooLarge) {
 }
 
 void Graph::Clip(CPoint& point) const {
-  // Calls a host's series: not under the lock.
-  const int left = Offset::Left(axis->ver.maxLabelLength);
-  const int top = TopOffset(activeViewData);
   const std::lock_guard whole(layoutLock);
   // In 64 bits: a host may pass any point.
-  const std::int64_t x = static_cast<std::int64_t>(point.x) - left;
-  const std::int64_t y = static_cast<std::int64_t>(point.y) - top;
+  const std::int64_t x = static_cast<std::int64_t>(point.x) - plotOrigin.x;
+  const std::int64_t y = static_cast<std::int64_t>(point.y) - plotOrigin.y;
   point.x = static_cast<int>(std::clamp<std::int64_t>(x, 0, width));
   point.y = static_cast<int>(std::clamp<std::int64_t>(y, 0, height));
 }

@@ -18,8 +18,8 @@ void drawLine(CDC* dc, int x0, int y0, int x1, int y1) {
 }  // namespace
 
 void Graph::GraphToDC(CDC* dc, const CRect& area) {
-  const int x0 = area.left + Offset::Left(axis->ver.maxLabelLength);
-  const int y0 = area.top + TopOffset(activeViewData);
+  const auto [x0, y0] = plotOriginIn(area);
+  dc->SetPixelFactor(pixelFactor);
   dc->SetViewportOrg(x0, y0);
   DrawCaption(dc);
   DrawGrid(dc);
@@ -60,7 +60,7 @@ void Graph::DrawCaption(CDC* dc) {
     constexpr int digits = 6;
     DrawCaptionStrLeft(dc, "Source interval: " + FormatNumber(from, digits) + " " + unitFrom +
                                " - " + FormatNumber(to, digits) + " " + unitTo);
-    dc->SetViewportOrg(origin.x, origin.y - Offset::CaptionLine());
+    dc->SetViewportOrg(origin.x, origin.y - Offset::CaptionLine(pixelFactor));
   }
   DrawCaptionStrLeft(dc, series->GetName());
 
@@ -74,16 +74,16 @@ void Graph::DrawCaption(CDC* dc) {
 
 void Graph::DrawCaptionStrLeft(CDC* dc, const CString& text) {
   dc->SetTextAlign(TA_LEFT | TA_BOTTOM);
-  dc->TextOut(0, -Offset::FromGraphEdge(), text);
+  dc->TextOut(0, -Offset::FromGraphEdge(pixelFactor), text);
 }
 
 void Graph::DrawCaptionStrRight(CDC* dc, const CString& text) {
   dc->SetTextAlign(TA_RIGHT | TA_BOTTOM);
-  dc->TextOut(width, -Offset::FromGraphEdge(), text);
+  dc->TextOut(width, -Offset::FromGraphEdge(pixelFactor), text);
 }
 
 void Graph::DrawGrid(CDC* dc) {
-  const SelectedPen pen(dc, PS_DOT, Offset::ToDevice(1), colors->grid);
+  const SelectedPen pen(dc, PS_DOT, dc->LogicalToDevice(1), colors->grid);
   dc->SetROP2(R2_COPYPEN);
   // A line at pixel 0 would lie on the frame.
   AxisData::StepIter& row = axis->ver.iter;
@@ -101,14 +101,14 @@ void Graph::DrawGrid(CDC* dc) {
 void Graph::DrawAxis(CDC* dc) {
   dc->SetROP2(R2_COPYPEN);
   {
-    const SelectedPen pen(dc, PS_SOLID, Offset::ToDevice(1), colors->frame);
+    const SelectedPen pen(dc, PS_SOLID, dc->LogicalToDevice(1), colors->frame);
     dc->MoveTo(0, 0);
     dc->LineTo(0, height);
     dc->LineTo(width, height);
     dc->LineTo(width, 0);
     dc->LineTo(0, 0);
   }
-  const SelectedPen heavy(dc, PS_SOLID, Offset::ToDevice(2), colors->fixedAxis);
+  const SelectedPen heavy(dc, PS_SOLID, dc->LogicalToDevice(2), colors->fixedAxis);
   if (!axis->ver.autoRange)
     drawLine(dc, 0, 0, 0, height);
   if (!axis->hor.autoRange)

@@ -18,12 +18,12 @@ class Graph::PaperLooks {
         colors_(graph.colors),
         series_(graph.activeViewData),
         trace_(series_->GetColor()) {
-    constexpr unsigned pixelsOnPaper = 7;
-    Offset::LogPixelSize = pixelsOnPaper;
+    constexpr double pixelsOnPaper = 7;
+    graph.pixelFactor = pixelsOnPaper;
     graph.SetColors(&paper_);
   }
   ~PaperLooks() {
-    Offset::LogPixelSize = 1;
+    graph_.pixelFactor = 1.0;
     graph_.SetColors(colors_);
     // One of several series has a colour that isn't the scheme's.
     series_->SetColor(trace_);

@@ -49,7 +49,8 @@ void Graph::editRange(AxisData GraphAxis::*which) {
   if (!editor || !axis || shared->Closed())
     return;
   const AxisData& before = axis->*which;
-  AxisRange range{before.fixedMin, before.fixedMax, before.autoRange, before.funcName};
+  const bool wasAutomatic = before.autoRange;
+  AxisRange range{before.fixedMin, before.fixedMax, wasAutomatic, before.funcName, before.log};
   editor->Edit(range);
   // Messages are handled while the editor is open, and one of them may have ended the graph.
   if (shared->Closed())
@@ -58,6 +59,8 @@ void Graph::editRange(AxisData GraphAxis::*which) {
     AxisData& edited = axis->*which;
     take(edited, range);
     edited.SetParamsFixed();
+    if (range.autoRange && (range.confirmed || !wasAutomatic))
+      axis->preset = false;
     if (!DataValid())
       return false;
     if (which == &GraphAxis::hor)

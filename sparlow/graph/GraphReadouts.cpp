@@ -40,16 +40,26 @@ void Graph::UpdateCursorsReadout() {
     return;
   const ReadoutSender bar(barWindow);
   const SampleReader samples = series->Read();
-  const auto left = static_cast<unsigned>(series->iLCursor.load());
-  const auto right = static_cast<unsigned>(series->iRCursor.load());
+  unsigned left = 0, right = 0;
+  double yLeft = 0.0, yRight = 0.0;
+  // On a worker, while the user moves a cursor: y is asked of the series, and is to belong to the
+  // same sample as x. Of one who moves it all the time the window's thread sends what is due.
+  int tries = 0;
+  do {
+    if (++tries > 100)
+      return;
+    left = static_cast<unsigned>(series->iLCursor.load());
+    right = static_cast<unsigned>(series->iRCursor.load());
+    yLeft = series->yLCursorGet();
+    yRight = series->yRCursorGet();
+  } while (left != static_cast<unsigned>(series->iLCursor.load()) ||
+           right != static_cast<unsigned>(series->iRCursor.load()));
   // A new data set may have begun since.
   if (left >= samples.size() || right >= samples.size())
     return;
   const Units unit = unitsOnShow();
   const char* const xUnit = unit.hor.c_str();
   const char* const yUnit = unit.ver.c_str();
-  const double yLeft = series->yLCursorGet();
-  const double yRight = series->yRCursorGet();
   bar.Send(WM_READOUT_LEFT_X, samples.x(left), xUnit);
   bar.Send(WM_READOUT_LEFT_Y, yLeft, yUnit);
   bar.Send(WM_READOUT_RIGHT_X, samples.x(right), xUnit);

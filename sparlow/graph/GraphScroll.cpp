@@ -30,7 +30,7 @@ void Graph::ScrollTo(unsigned first) {
 
 void Graph::yScroll(bool up) {
   const bool moved = whileNobodyRenders([&] {
-    if (!DataAndAxisValid())
+    if (!DataAndAxisValid() || !CanYScroll())
       return false;
     const AxisData& ver = axis->ver;
     const double step = up ? verticalStep() : -verticalStep();
@@ -46,7 +46,7 @@ void Graph::yScrollDo() {
   if (!GetScrollInfo(hWnd, SB_VERT, &bar))
     return;
   const bool moved = whileNobodyRenders([&] {
-    if (!DataAndAxisValid())
+    if (!DataAndAxisValid() || !CanYScroll())
       return false;
     const double top = activeViewData.load()->yGlobalMaxGet() - bar.nTrackPos * verticalStep();
     axis->SetVer(top - axis->ver.range, top);

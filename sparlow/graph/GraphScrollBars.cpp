@@ -43,7 +43,7 @@ bool Graph::hsbValid() const {
 }
 
 bool Graph::vsbValid() const {
-  return hsbValid() && !axis->yAutoZoom &&
+  return hsbValid() && CanYScroll() && !axis->yAutoZoom &&
          activeViewData.load()->yGlobalIntervalGet() > axis->ver.range;
 }
 

@@ -55,10 +55,11 @@ Graph::Update Graph::update(GraphWorkers& shared) {
     updateMissed = false;
     axis->SetUnits(series->GetxUnit(), series->GetyUnit());
     noteUnits();
-    bool fullRender = axis->preset || SetAxisAutoRange();
-    layOut();
+    // Before the range of what is on show is asked for.
     if (!axis->hor.autoRange && series->adjusted)
       ResetInterval();
+    bool fullRender = axis->preset || SetAxisAutoRange();
+    layOut();
     // Columns of another data set, interval or scale can't be continued, whatever the axes say.
     fullRender = fullRender || !series->CanContinueRender(*axis);
     if (fullRender && largestInterval() > updateRenderLimit)

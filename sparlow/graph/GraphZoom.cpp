@@ -35,6 +35,7 @@ void Graph::ZoomInByPoint() {
     const double left = axis->xPointValue(zoomStart.x), right = axis->xPointValue(zoomEnd.x);
     zoomed = zoomVertically();
     zoomed = activeViewData.load()->ZoomInByPoint(left, right, &axis->hor) || zoomed;
+    zoomedByUser(zoomed);
     return true;
   });
   if (!tried)
@@ -48,17 +49,33 @@ void Graph::ZoomInByPoint() {
 bool Graph::zoomVertically() {
   if (axis->yAutoZoom)
     return false;
-  const double top = axis->yPointValue(zoomStart.y), bottom = axis->yPointValue(zoomEnd.y);
-  const double least = kLeastShare * std::fabs(activeViewData.load()->yGlobalIntervalGet());
-  const double span = std::fabs(top - bottom);
+  const ViewData* const series = activeViewData;
+  const AxisData& ver = axis->ver;
+  const double top = ver.GetValueByPosInv(zoomStart.y), bottom = ver.GetValueByPosInv(zoomEnd.y);
+  // In decades where the axis counts in them.
+  const auto spanOf = [&](double low, double high) {
+    const auto place = [&](double y) { return std::log10(y > 0.0 ? y : ver.min); };
+    return std::fabs(ver.log ? place(high) - place(low) : high - low);
+  };
+  const double least = kLeastShare * spanOf(series->yGlobalMinGet(), series->yGlobalMaxGet());
+  const double span = spanOf(bottom, top);
   if (!(span > least) || !std::isfinite(span))
     return false;
   axis->SetVer(bottom, top);
   return true;
 }
 
+// A range that the host has preset holds until the user wants another one.
+bool Graph::zoomedByUser(bool zoomed) {
+  if (zoomed)
+    axis->preset = false;
+  return zoomed;
+}
+
 void Graph::ZoomInByCursor() {
-  if (whileNobodyRenders([this] { return canZoom() && activeViewData.load()->ZoomInByCursor(); }))
+  const bool zoomed = whileNobodyRenders(
+      [this] { return canZoom() && zoomedByUser(activeViewData.load()->ZoomInByCursor()); });
+  if (zoomed)
     UpdateGraph();
 }
 
@@ -73,7 +90,8 @@ void Graph::ZoomOutBySample() {
 void Graph::zoomBySample(bool in) {
   constexpr int factor = 2;
   const bool zoomed = whileNobodyRenders([&] {
-    return canZoom() && activeViewData.load()->SetIntervalBySample(in, &axis->hor, factor);
+    return canZoom() &&
+           zoomedByUser(activeViewData.load()->SetIntervalBySample(in, &axis->hor, factor));
   });
   if (zoomed)
     UpdateGraph();
@@ -85,7 +103,7 @@ void Graph::ZoomOutFull() {
       return false;
     zoomOutFullPrimary();
     zoomOutFullSecondary();
-    return true;
+    return zoomedByUser(true);
   });
   if (zoomed)
     UpdateGraph();
@@ -94,8 +112,10 @@ void Graph::ZoomOutFull() {
 void Graph::DrawZoomBox(CDC* dc) {
   if (!axis->hor.autoRange)
     return;
-  dc->SetViewportOrg(Offset::Left(axis->ver.maxLabelLength), TopOffset(activeViewData));
-  const SelectedPen pen(dc, PS_DASHDOTDOT, Offset::ToDevice(1), 0x000000);
+  const CPoint origin = plotOriginIn({});
+  dc->SetPixelFactor(pixelFactor);
+  dc->SetViewportOrg(origin.x, origin.y);
+  const SelectedPen pen(dc, PS_DASHDOTDOT, dc->LogicalToDevice(1), 0x000000);
   dc->SetROP2(R2_NOTXORPEN);
   // Drawn a second time, the old box gives back what it lay on.
   drawBox(dc, zoomStart, zoomPrev);

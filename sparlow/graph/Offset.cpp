@@ -6,15 +6,15 @@
 
 namespace sparlow {
 
-int Offset::Left(unsigned labelLength) {
+int Offset::Left(unsigned labelLength, double factor) {
   // A label slot holds 63 characters; more would be a host's own invention.
   const int characters = static_cast<int>(std::min(labelLength, 1000u));
-  return ToDevice(std::max(7 * characters, 50) + 8);
+  return ToDevice(std::max(7 * characters, 50) + 8, factor);
 }
 
-int TopOffset(const ViewData* series) {
+int TopOffset(const ViewData* series, double factor) {
   const bool interval = series && series->GetxAnalyzeTo() > series->GetxAnalyzeFrom();
-  return Offset::Top() + (interval ? Offset::CaptionLine() : 0);
+  return Offset::Top(factor) + (interval ? Offset::CaptionLine(factor) : 0);
 }
 
 }  // namespace sparlow

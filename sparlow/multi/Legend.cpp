@@ -14,8 +14,8 @@ constexpr int gap = 5;         // to what lies right of the names
 }  // namespace
 
 CRect MultiGraph::GetLegendRect(const SourceDataList& list) const {
-  const int top = height + Offset::ToDevice(topMargin);
-  return {0, top, width, top + Offset::ToDevice(linePitch * list.count + 4)};
+  const int top = height + Offset::ToDevice(topMargin, pixelFactor);
+  return {0, top, width, top + Offset::ToDevice(linePitch * list.count + 4, pixelFactor)};
 }
 
 int MultiGraph::LegendOffset() const {
@@ -24,7 +24,7 @@ int MultiGraph::LegendOffset() const {
 
 void MultiGraph::DrawLegend(CDC* dc) {
   CRect rect = GetLegendRect(viewDataList);
-  rect.right -= Offset::ToDevice(gap) + legendMaskWidth;
+  rect.right -= dc->LogicalToDevice(gap) + legendMaskWidth;
   DrawSubLegend(dc, rect, viewDataList);
 }
 
@@ -33,7 +33,7 @@ void MultiGraph::DrawSubLegend(CDC* dc, CRect rect, const SourceDataList& list) 
   for (const ViewData* const data : list) {
     const COLORREF colorBefore = dc->SetTextColor(data->GetColor());
     dc->DrawText(data->GetName(), rect, DT_SINGLELINE | DT_WORD_ELLIPSIS);
-    rect.top += Offset::ToDevice(linePitch);
+    rect.top += dc->LogicalToDevice(linePitch);
     dc->SetTextColor(colorBefore);
   }
   dc->SetTextAlign(alignBefore);

@@ -46,8 +46,7 @@ bool MultiGraph::AddViewData(ViewData* data) {
 
 bool MultiGraph::add(SourceDataList& list, ViewData* data, const COLORREF* colorTable,
                      void (*refuse)(), bool makeActive) {
-  const std::vector<ViewData*> all = AllSeries();
-  if (!data || std::find(all.begin(), all.end(), data) != all.end())
+  if (!data || IsListed(data))
     return false;
   if (list.count == maxSeries) {
     refuse();
@@ -155,7 +154,7 @@ bool MultiGraph::analyzeList(const SourceDataList& list, bool (SourceData::*how)
 }
 
 bool MultiGraph::GetViewDataByPoint(ViewData** data, int* index, bool* isMask, CPoint point) {
-  if (!findColor(viewDataList, GetPixel(point), data, index))
+  if (!findColor(viewDataList, CurvePixel(point), data, index))
     return false;
   if (isMask)
     *isMask = false;

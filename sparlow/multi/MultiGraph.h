@@ -13,7 +13,9 @@ inline constexpr UINT ID_SELECT_GRAPH = 101;
 inline constexpr UINT ID_SELECT_MASK = 107;
 inline constexpr UINT ID_REMOVE_SELECTED = 113;
 
-/// Colours of overlaid series, in the order in which they are given.
+/// Colours of overlaid series, in the order in which they are given. They are made for the light
+/// scheme: after a change of scheme, a host that shows a dark one gives each series the colour that
+/// GraphColors::Visible makes of its own.
 inline constexpr COLORREF GraphColorTable[] = {0x000000, 0x0000C0, 0x008000,
                                                0xFF0000, 0x20C0FF, 0xFF00FF};
 
@@ -49,6 +51,8 @@ class MultiGraph : public Graph {
   bool AnalyzeEach() override;
   /// The menu of the active series, with a submenu of all and an item that removes the active one.
   CMenu* CreateCustomPopupMenu(CMenu& menu) override;
+  /// The series, in the order in which they were added, as they are now. Any thread.
+  SourceDataList GetViewDataList() const { return Snapshot(viewDataList); }
 
   void defineMinMax() override;
 
@@ -75,6 +79,8 @@ class MultiGraph : public Graph {
   SourceDataList Snapshot(const SourceDataList& list) const;
   /// Adds a series to a list of at most 6, which have the colours of a table in turn. Calls refuse
   /// for the 7th. False when nothing was added.
+  /// One of the graph's lists has the series.
+  virtual bool IsListed(const ViewData* data) const { return viewDataList.Holds(data); }
   bool add(SourceDataList& list, ViewData* data, const COLORREF* colorTable, void (*refuse)(),
            bool makeActive);
   /// Stops whoever works at a series and takes it out. False when the graph was closed meanwhile,
@@ -88,9 +94,17 @@ class MultiGraph : public Graph {
   bool renderList(const SourceDataList& list, bool followAxis);
   /// Widens the range of the axes to a series.
   void include(const ViewData& data, bool horizontally);
+  struct XRange {
+    double from, to;
+  };
+  /// What the horizontal axis is going to show.
+  XRange windowOnShow() const;
+  /// A sample of the series' interval lies there.
+  static bool hasSampleIn(const ViewData& data, XRange window);
   bool findColor(const SourceDataList& list, COLORREF color, ViewData** data, int* index) const;
-  /// One item for each series of a list; the active one has the mark.
-  void appendSelection(const SourceDataList& list, UINT firstId);
+  /// One item for each series of a list; the active one has the mark. One without samples is gray
+  /// where onlyFilled is true.
+  void appendSelection(const SourceDataList& list, UINT firstId, bool onlyFilled);
 
   /// Changed by the window's thread, under listLock; other threads read a Snapshot.
   SourceDataList viewDataList;

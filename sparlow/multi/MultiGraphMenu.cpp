@@ -24,7 +24,7 @@ CMenu* MultiGraph::CreateCustomPopupMenu(CMenu& menu) {
   if (!popup || !IsMultiple() || primary->inTransfer)
     return popup;
   selectMenu.CreatePopupMenu();
-  appendSelection(viewDataList, ID_SELECT_GRAPH);
+  appendSelection(viewDataList, ID_SELECT_GRAPH, false);
   popup->AppendMenu(MF_SEPARATOR);
   popup->AppendMenu(MF_POPUP, selectMenu, "&Select");
   if (viewDataList.Holds(primary) && viewDataList.count >= 2) {
@@ -34,10 +34,11 @@ CMenu* MultiGraph::CreateCustomPopupMenu(CMenu& menu) {
   return popup;
 }
 
-void MultiGraph::appendSelection(const SourceDataList& list, UINT firstId) {
+void MultiGraph::appendSelection(const SourceDataList& list, UINT firstId, bool onlyFilled) {
   UINT id = firstId;
   for (const ViewData* const data : list)
-    selectMenu.AppendMenu(MF_STRING, id++, menuText(data->GetName()).c_str());
+    selectMenu.AppendMenu(onlyFilled && !data->Valid() ? MF_GRAYED : MF_STRING, id++,
+                          menuText(data->GetName()).c_str());
   if (const int position = list.Find(activeViewData); position >= 0) {
     id = firstId + static_cast<UINT>(position);
     selectMenu.CheckMenuRadioItem(id, id, id, MF_BYCOMMAND);

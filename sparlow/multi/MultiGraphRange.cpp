@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "sparlow/data/SampleSearch.h"
 #include "sparlow/multi/MultiGraph.h"
 #include "sparlow/view/ViewData.h"
 
@@ -10,26 +11,40 @@ namespace sparlow {
 void MultiGraph::defineMinMax() {
   Graph::defineMinMax();
   const ViewData* const primary = activeViewData;
-  const bool whole = primary->IntervalWhole();
+  const bool whole = primary->IntervalWhole(), fixed = !axis->hor.autoRange;
+  const XRange window = windowOnShow();
   for (ViewData* const data : Snapshot(viewDataList)) {
     if (data == primary || !data->Valid())
       continue;
-    if (whole) {
+    // What it will show, not what it has shown: the vertical axis must fit at once.
+    if (whole || fixed)
       data->ResetInterval(&axis->hor);
-    } else {
-      // What it will show, not what it has shown: the vertical axis must fit at once. A search sees
-      // no more than the interval before it.
-      data->SetFrom(0);
-      data->SetTo(data->GetSize());
-      data->SetIntervalByX(xMin, xMax);
-    }
+    else
+      data->SetIntervalByX(window.from, window.to);
+    if ((!whole || fixed) && !hasSampleIn(*data, window))
+      continue;
     data->SetIntervalParams();
     include(*data, whole);
   }
 }
 
+MultiGraph::XRange MultiGraph::windowOnShow() const {
+  const AxisData& hor = axis->hor;
+  return hor.autoRange ? XRange{xMin, xMax} : XRange{hor.fixedMin, hor.fixedMax};
+}
+
+bool MultiGraph::hasSampleIn(const ViewData& data, XRange window) {
+  const SampleReader samples = data.Read();
+  const unsigned from = data.GetFrom(), end = std::min(data.GetTo(), samples.size());
+  // Only the class itself knows where a mapping of its own puts samples.
+  if (from >= end || !samples.ascending() || !data.MapsByAxes())
+    return from < end;
+  const double x = samples.x(FirstNotBelow(samples, from, end - 1, window.from));
+  return x >= window.from && x <= window.to;
+}
+
 void MultiGraph::include(const ViewData& data, bool horizontally) {
-  const IntervalBounds bounds = data.GetIntervalBounds();
+  const IntervalBounds bounds = data.GetBoundsOnShow();
   // A new data set that begins just now has none yet.
   if (!data.Valid() || (bounds == IntervalBounds{} && data.GetSize() > 1))
     return;

@@ -35,7 +35,8 @@ bool MultiGraphWithMasks::RemoveMaskData(ViewData* data) {
   if (!data)
     return true;
   const std::shared_ptr<GraphWorkers> shared = workers;
-  if (data == activeViewData)
+  const bool wasActive = data == activeViewData;
+  if (wasActive)
     SetActive(0);
   if (shared->Closed() || !maskList.Holds(data))
     return true;
@@ -43,8 +44,12 @@ bool MultiGraphWithMasks::RemoveMaskData(ViewData* data) {
     return true;
   if (maskList.count == 0)
     longestMaskName = 0;
-  if (activeViewData)
+  if (activeViewData) {
+    // The range and the legend still have room for it.
+    if (wasActive)
+      UpdateGraph();
     return true;
+  }
   const HWND window = hWnd;
   SetActive(0);
   // Without a series there is nothing to update, but the mask is still on the screen.
@@ -74,7 +79,7 @@ bool MultiGraphWithMasks::GetViewDataByPoint(ViewData** data, int* index, bool* 
                                              CPoint point) {
   if (MultiGraph::GetViewDataByPoint(data, index, isMask, point))
     return true;
-  if (!findColor(maskList, GetPixel(point), data, index))
+  if (!findColor(maskList, CurvePixel(point), data, index))
     return false;
   if (isMask)
     *isMask = true;
@@ -86,7 +91,7 @@ CMenu* MultiGraphWithMasks::CreateCustomPopupMenu(CMenu& menu) {
   const ViewData* const primary = activeViewData;
   if (popup && maskList.count != 0 && primary && !primary->inTransfer) {
     selectMenu.AppendMenu(MF_SEPARATOR);
-    appendSelection(maskList, ID_SELECT_MASK);
+    appendSelection(maskList, ID_SELECT_MASK, true);
   }
   return popup;
 }

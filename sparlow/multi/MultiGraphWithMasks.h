@@ -34,6 +34,8 @@ class MultiGraphWithMasks : public MultiGraph {
   /// Any thread.
   bool AnalyzeEachNewMask() override;
   CMenu* CreateCustomPopupMenu(CMenu& menu) override;
+  /// The masks, as GetViewDataList.
+  SourceDataList GetMaskList() const { return Snapshot(maskList); }
 
   void defineMinMax() override;
 
@@ -45,6 +47,9 @@ class MultiGraphWithMasks : public MultiGraph {
   std::vector<ViewData*> AllSeries() const override;
   void ResetInterval() override;
   void zoomOutFullSecondary() override;
+  bool IsListed(const ViewData* data) const override {
+    return maskList.Holds(data) || MultiGraph::IsListed(data);
+  }
 
   /// As viewDataList.
   SourceDataList maskList;

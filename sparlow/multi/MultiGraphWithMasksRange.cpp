@@ -10,8 +10,12 @@ namespace sparlow {
 void MultiGraphWithMasks::defineMinMax() {
   MultiGraph::defineMinMax();
   const ViewData* const primary = activeViewData;
+  const bool fixed = !axis->hor.autoRange;
+  const XRange window = windowOnShow();
   for (ViewData* const data : Snapshot(maskList)) {
     if (data == primary || !data->Valid())
+      continue;
+    if (fixed && !hasSampleIn(*data, window))
       continue;
     data->SetIntervalParams();
     include(*data, primary->IntervalWhole());
@@ -49,7 +53,9 @@ void MultiGraphWithMasks::DrawLegend(CDC* dc) {
   if (!IsMultiple())
     return;
   constexpr int characterWidth = 7;
-  legendMaskWidth = maskList.count == 0 ? 0 : longestMaskName * Offset::ToDevice(characterWidth);
+  legendMaskWidth = maskList.count == 0 ? 0 : longestMaskName * dc->LogicalToDevice(characterWidth);
+  // The graphs have names too.
+  legendMaskWidth = std::min(legendMaskWidth, width / 2);
   MultiGraph::DrawLegend(dc);
   if (legendMaskWidth == 0)
     return;

@@ -38,6 +38,11 @@ int MulDiv(int a, int b, int c) {
              : static_cast<int>(result);
 }
 
+void CDC::SetPixelFactor(double factor) {
+  if (dc_)
+    dc_->pixelFactor = factor;
+}
+
 HDC CDC::Detach() {
   return std::exchange(dc_, nullptr);
 }

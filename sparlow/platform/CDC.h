@@ -49,6 +49,7 @@ class DeviceContext {
   COLORREF textColor = 0x000000;
   COLORREF backgroundColor = 0xFFFFFF;  ///< of text cells, unless backgroundMode is TRANSPARENT
   COLORREF brushColor = 0xFFFFFF;
+  double pixelFactor = 1.0;
 };
 
 /// The drawing operations on a device context. Coordinates are logical: the viewport origin is
@@ -91,6 +92,14 @@ class CDC {
   unsigned SetTextAlign(unsigned align);
   COLORREF SetTextColor(COLORREF color);
   COLORREF GetTextColor() const;
+  /// What margins, pens and marks are multiplied by on this device, besides
+  /// LogicalPixel::LogPixelSize: 1 on the screen, more on the page of a printer.
+  double GetPixelFactor() const { return dc_ ? dc_->pixelFactor : 1.0; }
+  void SetPixelFactor(double factor);
+  /// Logical pixels in pixels of this device.
+  int LogicalToDevice(int logical) const {
+    return LogicalPixel::ToDevice(logical, GetPixelFactor());
+  }
 
   /// @name Pixels
   /// Copies from another context; honours both origins, and a rectangle whose edges are the wrong

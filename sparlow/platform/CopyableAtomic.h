@@ -1,6 +1,7 @@
 #pragma once
 
 #include <atomic>
+#include <type_traits>
 
 namespace sparlow {
 
@@ -9,6 +10,8 @@ namespace sparlow {
 /// Threads: any; each operation is atomic on its own, a copy is a load and a store.
 template <class T>
 class CopyableAtomic {
+  static constexpr bool kCounts = std::is_arithmetic_v<T> && !std::is_same_v<T, bool>;
+
  public:
   constexpr CopyableAtomic(T value = T{}) noexcept : value_(value) {}
   CopyableAtomic(const CopyableAtomic& other) noexcept : value_(other.load()) {}
@@ -21,6 +24,12 @@ class CopyableAtomic {
     return value;
   }
   operator T() const noexcept { return load(); }
+  T operator->() const noexcept requires std::is_pointer_v<T> { return load(); }
+  /// Each gives the new value, and loses no other thread's change.
+  T operator+=(T by) noexcept requires kCounts { return value_.fetch_add(by) + by; }
+  T operator-=(T by) noexcept requires kCounts { return value_.fetch_sub(by) - by; }
+  T operator++() noexcept requires kCounts { return *this += T{1}; }
+  T operator--() noexcept requires kCounts { return *this -= T{1}; }
 
   T load(std::memory_order order = std::memory_order_acquire) const noexcept {
     return value_.load(order);

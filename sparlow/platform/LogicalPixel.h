@@ -1,16 +1,23 @@
 #pragma once
 
+#include <cmath>
+
+#include "sparlow/platform/CopyableAtomic.h"
+
 namespace sparlow {
 
 /// The size of a logical pixel, which margins, pens and marks are multiples of.
-/// Threads: any; each has a size of its own, so that a page being printed leaves alone the layout
-/// of other graphs that workers make meanwhile.
+/// Threads: any.
 struct LogicalPixel {
-  /// Device pixels per logical pixel: 1 on the screen, 7 while a page is printed.
-  static inline thread_local unsigned LogPixelSize = 1;
+  /// Device pixels per logical pixel of all graphs on the screen; the host's to set, before they are
+  /// laid out.
+  static inline CopyableAtomic<unsigned> LogPixelSize{1u};
 
-  /// logical pixels in device pixels.
-  static int ToDevice(int logical) { return logical * static_cast<int>(LogPixelSize); }
+  /// Logical pixels in device pixels. factor: what the device that is drawn on multiplies all of them
+  /// by, 1 on the screen (CDC::GetPixelFactor).
+  static int ToDevice(int logical, double factor = 1.0) {
+    return static_cast<int>(std::lround(logical * LogPixelSize.load() * factor));
+  }
 };
 
 }  // namespace sparlow

@@ -70,6 +70,8 @@ class WindowSystem {
   /// Opens a help file with whatever shows it, at a topic if that can be done. Nothing happens when
   /// there is no such file.
   virtual void OpenHelp(const std::string& path, std::uintptr_t topic) = 0;
+  /// What stands between the whole and the decimals of a number as the user writes it; UTF-8.
+  virtual std::string DecimalSign() const { return "."; }
   /// A window has ended: its handle names nothing any more.
   virtual void WindowGone(HWND) {}
 

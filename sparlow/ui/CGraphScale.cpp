@@ -4,12 +4,12 @@
 #include "sparlow/platform/Help.h"
 #include "sparlow/platform/Text.h"
 #include "sparlow/platform/UiThread.h"
+#include "sparlow/ui/ValueText.h"
 
 namespace sparlow {
 
 namespace {
 
-constexpr double largestNumber = 99999.999;
 /// What a text that is refused may take of the box that says so.
 constexpr std::size_t quotedChars = 60;
 /// The topics of dialogs begin here; the number of the dialog follows.
@@ -56,18 +56,18 @@ void CGraphScale::DoDataExchange(CDataExchange* exchange) {
 
 bool CGraphScale::OnInitDialog() {
   CDialog::OnInitDialog();
-  setUp(maxCtrl, IDC_MAX_VALUE, "Maximum", maxValue);
-  setUp(minCtrl, IDC_MIN_VALUE, "Minimum", minValue);
+  setUp(maxCtrl, IDC_MAX_VALUE, "Maximum", maxValue, minValue);
+  setUp(minCtrl, IDC_MIN_VALUE, "Minimum", minValue, maxValue);
   autoRangeCheck.SetCheck(autoRange);
   EnableValues();
   return true;
 }
 
-void CGraphScale::setUp(ValueField& field, int id, const char* name, double value) {
+void CGraphScale::setUp(ValueField& field, int id, const char* name, double value, double other) {
   field.Attach(*this, id);
-  field.Initialize(name, -largestNumber, largestNumber);
+  field.Initialize(name);
   field.SetupUnits(units.c_str());
-  field.SetValue(value);
+  field.SetValue(value, DigitsToTell(value, other));
 }
 
 void CGraphScale::EnableValues() {
@@ -88,6 +88,12 @@ void CGraphScale::OnOK() {
       return refuse(min ? maxCtrl : minCtrl);
     if (!(*max > *min)) {
       ShowErrorBox(MB_ICONHAND, "Input error", "Maximum value must be greater than minimum value.");
+      return;
+    }
+    if (log && !(*min > 0.0)) {
+      ShowErrorBox(MB_ICONHAND, "Input error",
+                   "Minimum value of a logarithmic axis must be greater than zero.");
+      minCtrl.SetFocus();
       return;
     }
   }
@@ -112,8 +118,9 @@ void AxisDialog::Edit(AxisRange& range) {
   dialog.SetLimit(range.min, true);
   dialog.SetLimit(range.max, false);
   dialog.SetUnits(range.unit.c_str());
+  dialog.SetLog(range.log);
   dialog.SetAutoRange(range.autoRange);
-  dialog.DoModal();
+  range.confirmed = dialog.DoModal() == IDOK;
   range.min = dialog.GetLimit(true);
   range.max = dialog.GetLimit(false);
   range.autoRange = dialog.GetAutoRange();

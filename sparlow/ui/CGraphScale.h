@@ -16,8 +16,8 @@ inline constexpr int IDC_MIN_VALUE = 32959;
 inline constexpr int IDC_MAX_VALUE = 32960;
 
 /// The dialog "Define Axis": fixes the range of an axis, or gives it back to automatic ranging. Set
-/// all four values, run it, read them back, however it was closed: after a cancel the limits are
-/// those that were set, but the automatic mode is what the user last chose.
+/// the values, run it, read them back, however it was closed: after a cancel the limits are those
+/// that were set, but the automatic mode is what the user last chose.
 /// Threads: the window's.
 class CGraphScale : public CDialog {
  public:
@@ -29,6 +29,8 @@ class CGraphScale : public CDialog {
   double GetLimit(bool min) const { return min ? minValue : maxValue; }
   /// Without prefix; null is none.
   void SetUnits(const char* text) { units = text ? text : ""; }
+  /// The axis is logarithmic: a minimum that isn't above 0 is refused.
+  void SetLog(bool on) { log = on; }
   void SetAutoRange(bool on) { autoRange = on; }
   bool GetAutoRange() const { return autoRange; }
 
@@ -50,10 +52,11 @@ class CGraphScale : public CDialog {
   double minValue = 0.0;
   CString units;
   bool autoRange = true;
+  bool log = false;
   CButton autoRangeCheck;
 
  private:
-  void setUp(ValueField& field, int id, const char* name, double value);
+  void setUp(ValueField& field, int id, const char* name, double value, double other);
   void EnableValues();
   void OnAutoRange();
   LRESULT OnHelpInfo(WPARAM, LPARAM);

@@ -51,6 +51,7 @@ const MessageEntry View::messageEntries[] = {
     {WM_HSCROLL, Handle<View, &View::OnHScroll>},
     {WM_VSCROLL, Handle<View, &View::OnVScroll>},
     {WM_SETFOCUS, Handle<View, &View::OnSetFocus>},
+    {WM_KILLFOCUS, Handle<View, &View::OnKillFocus>},
     {WM_ACTIVATE, Handle<View, &View::OnActivate>},
 };
 const MessageMap View::messageMap{&CView::messageMap, messageEntries};

@@ -41,6 +41,8 @@ class CSingleGraphView : public CView {
   bool AddViewData(ViewData* data);
   /// True when the graph has samples and axes that can be painted.
   bool DataValid() const;
+  /// True when the horizontal axis follows the data; false without a graph.
+  bool GetXAutoRange() const { return graph && graph->GetXAutoRange(); }
   /// Brings the window up to date after any change of data or settings.
   void UpdateGraph();
   /// Changes the axes while no worker reads them, then updates. Once a graph has been updated, a
@@ -93,7 +95,8 @@ class CSingleGraphView : public CView {
   std::unique_ptr<Graph> graph;
   /// A zoom box follows the mouse.
   bool zoomDrag = false;
-  /// How often an arrow key has been pressed or has repeated since one was let go.
+  /// How often an arrow key has been pressed or has repeated since one was let go, or could have
+  /// been without this window being told: in a menu, in another window.
   int keyRepeat = 0;
   /// Where the thumb of a horizontal bar was dragged last; a user drags one at a time.
   static inline std::uint32_t thumbTrackPos = 0;
@@ -129,6 +132,7 @@ class CSingleGraphView : public CView {
   LRESULT OnHScroll(WPARAM wParam, LPARAM);
   LRESULT OnVScroll(WPARAM wParam, LPARAM);
   LRESULT OnSetFocus(WPARAM, LPARAM);
+  LRESULT OnKillFocus(WPARAM, LPARAM);
   LRESULT OnActivate(WPARAM, LPARAM);
 
   bool inTransfer() const;

@@ -229,11 +229,10 @@ LRESULT View::OnKeyDown(WPARAM key, LPARAM) {
 }
 
 LRESULT View::OnKeyUp(WPARAM key, LPARAM) {
-  if (!DataValid() || !graph->GetActiveViewData()->ValidCursor() ||
-      (key != VK_LEFT && key != VK_RIGHT))
+  if (key != VK_LEFT && key != VK_RIGHT)
     return 0;
   keyRepeat = 0;
-  return Default();
+  return DataValid() && graph->GetActiveViewData()->ValidCursor() ? Default() : 0;
 }
 
 LRESULT View::OnHScroll(WPARAM wParam, LPARAM) {
@@ -307,6 +306,11 @@ LRESULT View::OnSetFocus(WPARAM, LPARAM) {
   if (!graph || !graph->active)
     SendMessage(AfxGetMainWnd(), WM_VIEW_FOCUSED, reinterpret_cast<WPARAM>(this), 0);
   return result;
+}
+
+LRESULT View::OnKillFocus(WPARAM, LPARAM) {
+  keyRepeat = 0;
+  return Default();
 }
 
 LRESULT View::OnActivate(WPARAM, LPARAM) {

@@ -27,6 +27,8 @@ void check(CMenu& menu, UINT command, bool on) {
 void View::CreatePopupMenu(CPoint point) {
   if (!graph)
     return;
+  // A key that is let go while the menu is open is let go there.
+  keyRepeat = 0;
   CMenu menu;
   const CMenu* const popup = graph->CreateCustomPopupMenu(menu);
   // The view may be gone when the menu is closed; what was chosen is posted to it.

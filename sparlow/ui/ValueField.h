@@ -11,13 +11,14 @@ namespace sparlow {
 /// Threads: the window's.
 class ValueField : public CDialogItem {
  public:
-  /// name is what the field is called. min and max limit the number shown, before its prefix.
-  void Initialize(const char* name, double min, double max);
+  /// name is what the field is called.
+  void Initialize(const char* name);
   /// The unit without prefix; null is none. Before SetValue.
   void SetupUnits(const char* unit);
-  void SetValue(double value);
+  /// Shown with that many digits at most.
+  void SetValue(double value, int digits);
   /// The value in the unit itself. A field that its user left alone gives back what was set, bit
-  /// for bit, within the limits or not. Nothing when the text isn't a value (ReadValue).
+  /// for bit. Nothing when the text isn't a value (ReadValue).
   std::optional<double> GetValue() const;
 
   const std::string& Name() const { return name_; }
@@ -29,8 +30,6 @@ class ValueField : public CDialogItem {
   std::string unit_;
   std::string shown_;
   double value_ = 0.0;
-  double min_ = 0.0;
-  double max_ = 0.0;
 };
 
 }  // namespace sparlow

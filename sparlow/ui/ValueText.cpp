@@ -1,5 +1,6 @@
 #include "sparlow/ui/ValueText.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -44,16 +45,22 @@ struct Decimal {
   int exponent = 0;
 };
 
-Decimal decimalOf(double magnitude) {
+Decimal decimalOf(double magnitude, int mostDigits) {
   std::array<char, 40> buffer{};
-  const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), magnitude,
-                                 std::chars_format::scientific);
-  const std::string_view text(buffer.data(), static_cast<std::size_t>(end.ptr - buffer.data()));
+  char* const first = buffer.data();
+  char* const last = first + buffer.size();
+  auto end = std::to_chars(first, last, magnitude, std::chars_format::scientific);
+  std::string_view text(first, static_cast<std::size_t>(end.ptr - first));
+  if (text.find('e') > static_cast<std::size_t>(mostDigits) + 1) {
+    end = std::to_chars(first, last, magnitude, std::chars_format::scientific, mostDigits - 1);
+    text = {first, static_cast<std::size_t>(end.ptr - first)};
+  }
   const std::size_t e = text.find('e');
   Decimal decimal;
   decimal.digits = text.substr(0, 1);
   if (e > 1)
     decimal.digits += text.substr(2, e - 2);
+  decimal.digits.resize(std::max<std::size_t>(decimal.digits.find_last_not_of('0') + 1, 1));
   const std::size_t sign = text[e + 1] == '+' ? 1 : 0;
   std::from_chars(text.data() + e + 1 + sign, text.data() + text.size(), decimal.exponent);
   return decimal;
@@ -106,6 +113,16 @@ std::string_view takeNumber(std::string_view& text) {
   return number;
 }
 
+/// With a point in place of another sign between two digits, or before the first one.
+std::string withPoint(std::string_view text, std::string_view decimalSign) {
+  std::string pointed(text);
+  const std::size_t at = decimalSign.empty() ? text.npos : text.find(decimalSign);
+  const std::size_t sign = text.starts_with('-') ? 1 : 0;
+  if (at != text.npos && text.find_first_not_of("0123456789", sign) == at)
+    pointed.replace(at, decimalSign.size(), ".");
+  return pointed;
+}
+
 std::optional<double> toDouble(std::string_view number) {
   double value = 0.0;
   const auto result = std::from_chars(number.data(), number.data() + number.size(), value);
@@ -134,13 +151,13 @@ std::optional<double> scaled(std::string_view number, int exponent) {
 
 }  // namespace
 
-std::string ShowValue(double value, const std::string& unit) {
+std::string ShowValue(double value, const std::string& unit, int digits) {
   if (!std::isfinite(value))
     return FormatText("%g", value);
   int power = FindUnitPower(value, unit.c_str());
   if (std::abs(power) > largestPrefix)
     power = 0;
-  Decimal decimal = decimalOf(std::fabs(value));
+  Decimal decimal = decimalOf(std::fabs(value), digits);
   if (value != 0.0)
     decimal.exponent += power;
   const std::string number = numberText(std::move(decimal));
@@ -148,18 +165,26 @@ std::string ShowValue(double value, const std::string& unit) {
   return (value < 0.0 ? "-" : "") + number + (suffix.empty() ? "" : " ") + suffix;
 }
 
-std::optional<double> ReadValue(std::string_view text, const std::string& unit, double min,
-                                double max) {
-  text = trimmed(text);
-  if (text.starts_with('+') && !text.starts_with("+-"))
-    text.remove_prefix(1);
+int DigitsToTell(double end, double other) {
+  constexpr double least = 8, most = 17;
+  const double digits =
+      std::ceil(std::log10(std::max(std::fabs(end), std::fabs(other)) / std::fabs(end - other))) +
+      4;
+  // Of two ends that are one, or none, all that there are.
+  return static_cast<int>(digits <= most ? std::max(digits, least) : most);
+}
+
+std::optional<double> ReadValue(std::string_view written, const std::string& unit,
+                                std::string_view decimalSign) {
+  written = trimmed(written);
+  if (written.starts_with('+') && !written.starts_with("+-"))
+    written.remove_prefix(1);
+  const std::string pointed = withPoint(written, decimalSign);
+  std::string_view text = pointed;
   const std::string_view number = takeNumber(text);
   const std::string shownUnit = ToUtf8(unit);
   const auto exponent = exponentOf(trimmed(text), trimmed(shownUnit));
   if (number.empty() || !exponent)
-    return std::nullopt;
-  const std::optional<double> plain = toDouble(number);
-  if (!plain || *plain < min || *plain > max)
     return std::nullopt;
   return scaled(number, *exponent);
 }

@@ -5,11 +5,12 @@
 namespace sparlow {
 
 void Analysis::SetInterval(unsigned from, unsigned to) {
-  if (!analyzeFrom)
+  const SourceData* const source = analyzeFrom;
+  if (!source)
     return;
   nAnalyzeFrom = from;
   nAnalyzeTo = to;
-  const SampleReader samples = analyzeFrom->Read();
+  const SampleReader samples = source->Read();
   const bool range = from < to && !samples.empty();
   const auto xAt = [&](unsigned sample) { return samples.x(std::min(sample, samples.size() - 1)); };
   xAnalyzeFrom = range ? xAt(from) : 0.0;
@@ -17,45 +18,44 @@ void Analysis::SetInterval(unsigned from, unsigned to) {
 }
 
 bool Analysis::Analyze() {
-  if (!analyzeFrom || analyzeFrom == this || !analyzeFrom->Valid())
+  const SourceData* const source = analyzeFrom;
+  if (!source || source == this || !source->Valid())
     return false;
   const DataLock threads(threadsMutex);
   if (AnalyzeDataBetweenCursors) {
     // A user may drag one cursor across the other meanwhile.
-    const unsigned to = analyzeFrom->GetAnalyzeTo();
-    SetInterval(std::min(analyzeFrom->GetAnalyzeFrom(), to), to);
+    const unsigned to = source->GetAnalyzeTo();
+    SetInterval(std::min(source->GetAnalyzeFrom(), to), to);
   } else {
     SetInterval(kWholeSource, kWholeSource);
   }
-  return calculate(&Analysis::empty);
+  return calculate(true);
 }
 
 bool Analysis::ApplyMask() {
   const DataLock threads(threadsMutex);
-  return calculate(&Analysis::endTransfer);
+  return calculate(false);
 }
 
-bool Analysis::calculate(void (Analysis::*afterFailure)()) {
+// A failure leaves no half result on show where onlyWhole asks that, and no graph locked by a transfer
+// that Calculate has begun.
+bool Analysis::calculate(bool onlyWhole) {
+  const bool transferBefore = inTransfer;
+  const auto afterFailure = [&] {
+    if (onlyWhole)
+      Reset();
+    if (inTransfer && !transferBefore)
+      TermDataTransfer();
+  };
   try {
     if (Calculate())
       return true;
   } catch (...) {
-    (this->*afterFailure)();
+    afterFailure();
     throw;
   }
-  (this->*afterFailure)();
+  afterFailure();
   return false;
-}
-
-// No half result on show, and no graph locked by a transfer that goes on.
-void Analysis::empty() {
-  Reset();
-  endTransfer();
-}
-
-void Analysis::endTransfer() {
-  if (inTransfer)
-    TermDataTransfer();
 }
 
 }  // namespace sparlow

@@ -48,9 +48,7 @@ class Analysis : public ViewData {
   virtual bool Calculate() = 0;
 
  private:
-  bool calculate(void (Analysis::*afterFailure)());
-  void empty();
-  void endTransfer();
+  bool calculate(bool onlyWhole);
 };
 
 }  // namespace sparlow

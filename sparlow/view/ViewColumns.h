@@ -22,6 +22,8 @@ struct RenderKey {
   static Axis Of(const AxisData& axis) { return {axis.min, axis.max, axis.scale, axis.log}; }
 
   std::uint64_t dataSet = 0;  ///< SampleStore::Serial; 0 is no columns
+  unsigned changes = 0;       ///< SampleStore::Changes
+  unsigned mapping = 0;       ///< how often the series' own mapping had changed
   unsigned from = 0;          ///< first sample of the interval
   Axis hor;
   Axis ver;

@@ -124,6 +124,8 @@ void ViewData::CopyTo(ViewData* destination) const {
   if (!destination || destination == this)
     return;
   const SampleReader samples = Read();
+  // Edges don't go over, and the limit of those who have some isn't theirs.
+  destination->waveform = false;
   destination->Reset();
   for (unsigned i = 0; i < samples.size(); ++i)
     destination->Add(samples.x(i), samples.y(i), false);

@@ -2,6 +2,10 @@
 
 namespace sparlow {
 
+ViewData::ViewData() {
+  noteOwnTable();
+}
+
 ViewData::ViewData(const ViewData& other) : ViewData(other, DataLock(other.dataMutex)) {}
 
 // The lock spans the copying of both bases, so that it is one state of the source.
@@ -9,7 +13,9 @@ ViewData::ViewData(const ViewData& other, const DataLock& /*held*/)
     : SourceData(other),
       ViewColumns(other),
       color(other.color),
-      standardMapping_(other.standardMapping_) {}
+      standardMapping_(other.standardMapping_) {
+  noteOwnTable();
+}
 
 ViewData& ViewData::operator=(const ViewData& other) {
   if (this == &other)

@@ -4,6 +4,7 @@
 
 #include "sparlow/data/DataLock.h"
 #include "sparlow/data/SourceData.h"
+#include "sparlow/data/VirtualTable.h"
 #include "sparlow/platform/Geometry.h"
 #include "sparlow/view/ViewColumns.h"
 
@@ -18,7 +19,7 @@ class CDC;
 /// more than one thread that renders. A copy waits for a render of its source.
 class ViewData : public SourceData, public ViewColumns {
  public:
-  ViewData() = default;
+  ViewData();
   ViewData(const ViewData& other);
   ViewData& operator=(const ViewData& other);
 
@@ -48,10 +49,28 @@ class ViewData : public SourceData, public ViewColumns {
   OwnRequest renderStop;
 
   /// Pixel of a sample, counted from the top left of the plot: the way of hor, and of ver
-  /// inverted. 0 for a sample that doesn't exist.
+  /// inverted. 0 for a sample that doesn't exist. A class that overrides one of them has a mapping
+  /// of its own: a render then asks it for each sample, and for no more than it overrides.
   /// Threads: any.
   virtual int xPosGet(unsigned sample, const GraphAxis* axis) const;
   virtual int yPosGet(unsigned sample, const GraphAxis* axis) const;
+  /// Pixels of samples in a row, which exist, for a class whose mapping is cheaper so: what a render
+  /// calls in place of the two above, where one of those is overridden. The numbers must be theirs.
+  /// Threads: those that render.
+  virtual void PosGet(unsigned first, unsigned count, const GraphAxis* axis, int* xs,
+                      int* ys) const;
+  /// What the mapping of a class gives has changed: the next render is a full one. UpdateGraph is
+  /// due.
+  /// Threads: any.
+  void MappingChanged() { ++mappingChanges_; }
+  /// The samples lie where the axes put them: xPosGet and yPosGet are the ones of this class.
+  /// Threads: any.
+  bool MapsByAxes() const;
+  /// The samples of the interval in x, as SetIntervalParams gives them, and the range of their y:
+  /// exact where SetIntervalParams and the mapping are those of this class, else as
+  /// SetIntervalParams gives it.
+  /// Threads: any.
+  IntervalBounds GetBoundsOnShow() const;
   ///@}
 
   /// @name Cursors
@@ -119,12 +138,11 @@ class ViewData : public SourceData, public ViewColumns {
   /// Fills one entry through xPosGet and yPosGet.
   void SetViewData(unsigned column, unsigned sample, const GraphAxis* axis);
   /// Declares, from its constructor, that a derived class leaves xPosGet and yPosGet as they are
-  /// here, so that a render need not call them for each sample. It holds for objects of exactly
-  /// that type: a class derived further declares for itself.
+  /// here. It holds for objects of exactly that type. Only for compilers of which VirtualTable knows
+  /// nothing: with all others a render sees by itself what a class has overridden.
   void UseStandardMapping(const std::type_info& type) { standardMapping_ = &type; }
 
  private:
-  class SamplesInHand;
   struct Column;
   struct Fold;
   struct Range {
@@ -138,7 +156,14 @@ class ViewData : public SourceData, public ViewColumns {
   void setMadeFor(const RenderKey& key);
   void renderWaveform(const SampleReader& samples, const GraphAxis& axis);
   bool renderPlain(Fold& fold, const GraphAxis& axis, const RenderKey& key);
-  bool mapsByAxes() const;
+  /// The object's class leaves a virtual function as it is here.
+  template <class Function>
+  bool keeps(Function function) const {
+    return VirtualTable::Same(VirtualTable(*this), ownTable, function);
+  }
+  void noteOwnTable();
+  void foldByOwnMapping(Fold& fold, const GraphAxis& axis);
+  RenderKey keyOf(const SampleReader& samples, unsigned from, const GraphAxis& axis) const;
   void foldByAxes(Fold& fold, const GraphAxis& axis);
   static bool isDense(const Fold& fold, const GraphAxis& axis);
   /// False when the samples are to be folded one by one.
@@ -156,7 +181,9 @@ class ViewData : public SourceData, public ViewColumns {
   void putColumn(unsigned i, const Column& column);
 
   static inline CopyableAtomic<int> DrawStyle{0x100};
+  static inline VirtualTable ownTable;  // of a ViewData itself
   const std::type_info* standardMapping_ = &typeid(ViewData);
+  CopyableAtomic<unsigned> mappingChanges_ = 0u;
 };
 
 }  // namespace sparlow

@@ -1,5 +1,4 @@
 #include "sparlow/platform/CDC.h"
-#include "sparlow/platform/LogicalPixel.h"
 #include "sparlow/view/ViewData.h"
 
 namespace sparlow {
@@ -9,7 +8,7 @@ void ViewData::Draw(CDC* dc, int /*height*/, bool bold) const {
     return;
   const std::lock_guard<OwnMutex> lock(columnsLock_);
   const unsigned columns = nColumns;
-  const int width = LogicalPixel::ToDevice(bold ? 2 : 1);
+  const int width = dc->LogicalToDevice(bold ? 2 : 1);
   const COLORREF curve = color;
   const CPen pen(PS_SOLID, width, curve);
   const CPen* const before = dc->SelectObject(&pen);
@@ -42,10 +41,10 @@ void ViewData::DrawWaveform(CDC* dc, COLORREF falling, COLORREF rising) const {
   if (!dc)
     return;
   const std::lock_guard<OwnMutex> lock(columnsLock_);
-  const int width = LogicalPixel::ToDevice(2);
+  const int width = dc->LogicalToDevice(2);
   const CPen fallingPen(PS_SOLID, width, falling);
   const CPen risingPen(PS_SOLID, width, rising);
-  const int d = LogicalPixel::LogPixelSize <= 1 ? 2 : 8;
+  const int d = dc->LogicalToDevice(1) <= 1 ? 2 : 8;
   const unsigned columns = nColumns;
   for (unsigned i = 0; i < columns; ++i) {
     const int x = xPos[i], y = yPos[i];

@@ -2,33 +2,9 @@
 #include <utility>
 
 #include "sparlow/view/RenderFold.h"
+#include "sparlow/view/SamplesInHand.h"
 
 namespace sparlow {
-
-// The samples that a render of this thread has in hand, for the pixel calls that come out of it:
-// taking a share of the store for each sample would cost more than the mapping.
-class ViewData::SamplesInHand {
- public:
-  SamplesInHand(const ViewData* view, const SampleReader* samples)
-      : view_(view), samples_(samples), outer_(innermost) {
-    innermost = this;
-  }
-  ~SamplesInHand() { innermost = outer_; }
-  SamplesInHand(const SamplesInHand&) = delete;
-  SamplesInHand& operator=(const SamplesInHand&) = delete;
-
-  static const SampleReader* Of(const ViewData* view) {
-    return innermost && innermost->view_ == view ? innermost->samples_ : nullptr;
-  }
-
- private:
-  const ViewData* view_;
-  const SampleReader* samples_;
-  SamplesInHand* outer_;
-  static thread_local SamplesInHand* innermost;
-};
-
-thread_local ViewData::SamplesInHand* ViewData::SamplesInHand::innermost = nullptr;
 
 namespace {
 
@@ -47,10 +23,11 @@ struct AxisPixels : Pixels<SampleBlock::kRunSamples> {
   Hor hor;
   Ver ver;
   AxisPixels(const Hor& horizontal, const Ver& vertical) : hor(horizontal), ver(vertical) {}
-  void map(const SampleBlock& block, unsigned sample, unsigned count) {
+  unsigned map(const SampleBlock& block, unsigned sample, unsigned count) {
     const unsigned place = sample & SampleBlock::kMask;
     hor.Map([&](unsigned i) { return block.xAt(place + i); }, count, x);
     ver.Map([&](unsigned i) { return block.yAt(place + i); }, count, y);
+    return count;
   }
 };
 
@@ -59,44 +36,51 @@ int nearPixel(int pixel) {
   return std::clamp(pixel, -kFarPixel, kFarPixel);
 }
 
-// Whatever a derived class makes of its samples: one by one, so that a render that is stopped asks
-// it no more.
-struct VirtualPixels : Pixels<1> {
+// What a class overrides is asked, and the rest comes from the axes. Asking may take long, so a render
+// that is told to stop asks no more.
+template <class Told>
+struct OwnPixels : Pixels<SampleBlock::kRunSamples> {
   const ViewData* view;
   const GraphAxis* axis;
-  VirtualPixels(const ViewData* mapped, const GraphAxis* axes) : view(mapped), axis(axes) {}
-  void map(const SampleBlock&, unsigned sample, unsigned) {
-    x[0] = nearPixel(view->xPosGet(sample, axis));
-    y[0] = nearPixel(view->yPosGet(sample, axis));
+  bool ownX, ownY;
+  Told toldToStop;
+  OwnPixels(const ViewData* mapped, const GraphAxis* axes, bool xIsOwn, bool yIsOwn, Told told)
+      : view(mapped), axis(axes), ownX(xIsOwn), ownY(yIsOwn), toldToStop(told) {}
+  unsigned map(const SampleBlock& block, unsigned sample, unsigned most) {
+    unsigned count = 0;
+    do {
+      if (ownX)
+        x[count] = nearPixel(view->xPosGet(sample + count, axis));
+      if (ownY)
+        y[count] = nearPixel(view->yPosGet(sample + count, axis));
+      ++count;
+    } while (count < most && !toldToStop());
+    const unsigned place = sample & SampleBlock::kMask;
+    for (unsigned i = 0; !ownX && i < count; ++i)
+      x[i] = axis->hor.GetPos(block.xAt(place + i));
+    for (unsigned i = 0; !ownY && i < count; ++i)
+      y[i] = axis->ver.GetPosInv(block.yAt(place + i));
+    return count;
+  }
+};
+
+// The same, many at a time, by a class that can do that.
+struct RowPixels : Pixels<SampleBlock::kRunSamples> {
+  const ViewData* view;
+  const GraphAxis* axis;
+  RowPixels(const ViewData* mapped, const GraphAxis* axes) : view(mapped), axis(axes) {}
+  unsigned map(const SampleBlock&, unsigned sample, unsigned count) {
+    view->PosGet(sample, count, axis, x, y);
+    std::transform(x, x + count, x, nearPixel);
+    std::transform(y, y + count, y, nearPixel);
+    return count;
   }
 };
 
 // Of a series without events.
 const Event never;
 
-template <class OfSample>
-int pixelOf(const SampleReader* inHand, const SourceData& series, unsigned sample,
-            const GraphAxis* axis, OfSample ofSample) {
-  if (!axis)
-    return 0;
-  if (inHand)
-    return sample < inHand->size() ? ofSample(*inHand) : 0;
-  const SampleReader samples = series.Read();
-  return sample < samples.size() ? ofSample(samples) : 0;
-}
-
 }  // namespace
-
-int ViewData::xPosGet(unsigned sample, const GraphAxis* axis) const {
-  return pixelOf(SamplesInHand::Of(this), *this, sample, axis,
-                 [&](const SampleReader& samples) { return axis->hor.GetPos(samples.x(sample)); });
-}
-
-int ViewData::yPosGet(unsigned sample, const GraphAxis* axis) const {
-  return pixelOf(SamplesInHand::Of(this), *this, sample, axis, [&](const SampleReader& samples) {
-    return axis->ver.GetPosInv(samples.y(sample));
-  });
-}
 
 void ViewData::SetViewData(unsigned column, unsigned sample, const GraphAxis* axis) {
   if (column >= kMaxColumns)
@@ -121,8 +105,7 @@ bool ViewData::Render(GraphAxis* axis, bool full) {
     ResetViewData();
     return true;
   }
-  const RenderKey key{samples.serial(), range.from, RenderKey::Of(axis->hor),
-                      RenderKey::Of(axis->ver)};
+  const RenderKey key = keyOf(samples, range.from, *axis);
   if (!full && !continues(key, range)) {
     ResetViewData();
     full = true;
@@ -147,9 +130,12 @@ bool ViewData::continues(const RenderKey& key, Range range) const {
 bool ViewData::CanContinueRender(const GraphAxis& axis) const {
   const SampleReader samples = Read();
   const Range range = rangeOf(samples);
-  return !waveform &&
-         continues({samples.serial(), range.from, RenderKey::Of(axis.hor), RenderKey::Of(axis.ver)},
-                   range);
+  return !waveform && continues(keyOf(samples, range.from, axis), range);
+}
+
+RenderKey ViewData::keyOf(const SampleReader& samples, unsigned from, const GraphAxis& axis) const {
+  return {samples.serial(),        samples.changes(),      mappingChanges_, from,
+          RenderKey::Of(axis.hor), RenderKey::Of(axis.ver)};
 }
 
 void ViewData::setMadeFor(const RenderKey& key) {
@@ -178,8 +164,8 @@ bool ViewData::renderPlain(Fold& fold, const GraphAxis& axis, const RenderKey& k
       rising_.reset();
     nextSample = 0;
   }
-  if (!mapsByAxes())
-    foldWith(fold, VirtualPixels{this, &axis});
+  if (!MapsByAxes())
+    foldByOwnMapping(fold, axis);
   else if (!renderDense(fold, axis))
     foldByAxes(fold, axis);
   if (fold.full)
@@ -193,10 +179,12 @@ bool ViewData::renderPlain(Fold& fold, const GraphAxis& axis, const RenderKey& k
   return true;
 }
 
-// A ViewData itself does, also one that was copied from a class which has declared another type.
-bool ViewData::mapsByAxes() const {
-  const std::type_info& own = typeid(*this);
-  return own == typeid(ViewData) || own == *standardMapping_;
+void ViewData::foldByOwnMapping(Fold& fold, const GraphAxis& axis) {
+  if (!keeps(&ViewData::PosGet))
+    return foldWith(fold, RowPixels{this, &axis});
+  const auto told = [this, stoppable = fold.full] { return stoppable && toldToStop(); };
+  foldWith(fold,
+           OwnPixels{this, &axis, !keeps(&ViewData::xPosGet), !keeps(&ViewData::yPosGet), told});
 }
 
 void ViewData::foldByAxes(Fold& fold, const GraphAxis& axis) {
@@ -222,8 +210,8 @@ void ViewData::foldWith(Fold& fold, Pixels pixels) {
   while ((begins || fold.sample < fold.end) && fold.column < kMaxColumns && !fold.stopped) {
     const unsigned blockEnd = std::min(fold.end, (fold.sample | SampleBlock::kMask) + 1);
     const unsigned most = begins ? std::max(blockEnd, fold.sample + 1) : blockEnd;
-    const unsigned count = std::min(Pixels::kBatch, most - fold.sample);
-    pixels.map(fold.samples.block(fold.sample >> SampleBlock::kShift), fold.sample, count);
+    const unsigned count = pixels.map(fold.samples.block(fold.sample >> SampleBlock::kShift),
+                                      fold.sample, std::min(Pixels::kBatch, most - fold.sample));
     const unsigned begun = begins ? 1 : 0;
     if (std::exchange(begins, false)) {
       const int y = pixels.y[0];

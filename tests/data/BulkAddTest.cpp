@@ -51,6 +51,7 @@ void expectSameBlock(const SampleBlock& a, const SampleBlock& b, unsigned count)
 
 void expectSame(const SourceData& bulk, const SourceData& single) {
   ASSERT_EQ(bulk.GetSize(), single.GetSize());
+  EXPECT_EQ(bulk.GetDroppedSamples().notFinite, single.GetDroppedSamples().notFinite);
   EXPECT_EQ(bulk.xGlobalMin, single.xGlobalMin);
   EXPECT_EQ(bulk.xGlobalMax, single.xGlobalMax);
   EXPECT_EQ(bulk.yGlobalMin, single.yGlobalMin);

@@ -49,9 +49,9 @@ TEST_F(Interval, FindsTheSampleAtOrBeforeX) {
 
 TEST_F(Interval, ReachesOneSampleBeyondARangeWithTheCursorsInside) {
   EXPECT_EQ(setInterval(100.5, 200.5), (Shown{100, 202, 101, 200}));
-  // Begins before the first sample: the end isn't looked for.
-  EXPECT_EQ(setInterval(-5, 300), (Shown{0, 1000, 0, 300}));
+  EXPECT_EQ(setInterval(-5, 300), (Shown{0, 301, 0, 300}));
   EXPECT_EQ(setInterval(990.5, 5000), (Shown{990, 1000, 991, 999}));
+  EXPECT_EQ(setInterval(5000, 6000), (Shown{0, 1000, 0, 999})) << "nothing there";
   EXPECT_EQ(setInterval(500, 500.5), (Shown{500, 502, 500, 501}));
   for (const double bad : {kNan, kInf, -kInf}) {
     EXPECT_EQ(setInterval(bad, 900), (Shown{500, 502, 500, 501}));
@@ -62,6 +62,39 @@ TEST_F(Interval, ReachesOneSampleBeyondARangeWithTheCursorsInside) {
   EXPECT_EQ(setInterval(1.5, 5.5), (Shown{1, 7, 2, 5}));
   s.fillRamp(20000);
   EXPECT_EQ(setInterval(8000.5, 17000.5), (Shown{8000, 17002, 8001, 17000}));
+}
+
+// Whole blocks with pauses between them, as a segmented acquisition gives them, and one sample more
+// or less than whole blocks.
+TEST_F(Interval, ReachesAcrossTheEndsOfBlocks) {
+  const auto fillSegments = [this](unsigned size) {
+    s.Reset();
+    for (unsigned i = 0; i < size; ++i)
+      s.Add(1 + i + 1000.0 * (i / 8192), 0);
+    s.AdjustSizeTo();
+  };
+  for (const unsigned size : {8191u, 8192u, 8193u, 16384u, 16385u}) {
+    SCOPED_TRACE(size);
+    const int last = static_cast<int>(size) - 1;
+    fillSegments(size);
+    EXPECT_EQ(setInterval(0, 1e9), (Shown{0, size, 0, last}));
+    EXPECT_EQ(setInterval(0.5, 10.5), (Shown{0, 11, 0, 9}));
+    if (size > 8192) {
+      // From one pause to the next, and into one.
+      EXPECT_EQ(setInterval(100.5, 8500), (Shown{99, 8193, 100, 8191}));
+      setInterval(8500, 17900);
+      EXPECT_EQ(s.GetInterval(), (SampleInterval{8191, size}));
+      EXPECT_EQ(s.SampleAtOrBefore(8500), 8191u);
+      EXPECT_EQ(s.GetxValueIndex(8500), size > 16384 ? 16384u : 8192u);
+    }
+    s.ResetInterval(nullptr);
+    EXPECT_TRUE(s.ZoomInByPoint(-7, 20, &hor));
+    EXPECT_EQ(s.GetInterval(), (SampleInterval{0, 20}));
+    fix(0, 40);
+    s.ResetInterval(&hor);
+    EXPECT_EQ(s.GetInterval(), (SampleInterval{0, 40}));
+    hor.autoRange = true;
+  }
 }
 
 TEST_F(Interval, ResetShowsAllOrTheFixedRange) {
@@ -84,7 +117,8 @@ TEST_F(Interval, IsCutToTheSamplesForEveryReader) {
 
 TEST_F(Interval, ZoomByPointAndByCursor) {
   EXPECT_EQ(after(s.ZoomInByPoint(100.5, 200.5, &hor)), (Moved{true, {100, 202, 100, 201}}));
-  EXPECT_EQ(after(s.ZoomInByPoint(100.5, 200.5, &hor)), (Moved{false, {100, 202, 101, 200}}));
+  s.iLCursor += 7;
+  EXPECT_EQ(after(s.ZoomInByPoint(100.5, 200.5, &hor)), (Moved{false, {100, 202, 107, 201}}));
   s.ResetInterval(nullptr);
   fix(300, 400);
   EXPECT_EQ(after(s.ZoomInByPoint(-50, 900, &hor)), (Moved{true, {300, 401, 300, 400}}));
@@ -124,6 +158,21 @@ TEST_F(Interval, ZoomBySample) {
   }
 }
 
+TEST_F(Interval, ZoomingOutEndsInTheWholeSeriesWhichMayGoOnGrowing) {
+  for (const unsigned size : {1000u, 1001u, 1003u, 4097u}) {
+    s.fillRamp(size);
+    for (int i = 0; i < 5; ++i)
+      s.SetIntervalBySample(true, &hor, 2);
+    s.inTransfer = true;
+    for (int i = 0; i < 20; ++i)
+      s.SetIntervalBySample(false, &hor, 2);
+    EXPECT_TRUE(s.IntervalWhole());
+    s.Add(size, 0);
+    EXPECT_TRUE(s.IntervalWhole()) << size;
+    s.inTransfer = false;
+  }
+}
+
 TEST_F(Interval, Scroll) {
   const Shown atStart{0, 100, 0, 99}, atEnd{900, 1000, 900, 999};
   show(30, 130);
@@ -135,6 +184,9 @@ TEST_F(Interval, Scroll) {
     EXPECT_EQ(after(s.Scroll(samples, &hor)), moved) << samples;
   s.ScrollTo(7);
   EXPECT_EQ(shown(), (Shown{7, 107, 7, 106}));
+  --s.iRCursor;
+  s.ScrollTo(7);
+  EXPECT_EQ(shown(), (Shown{7, 107, 7, 105})) << "where it was";
   s.ScrollTo(UINT_MAX);
   EXPECT_EQ(shown(), atEnd);
 }

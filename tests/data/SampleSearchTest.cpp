@@ -2,33 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <random>
 
 #include "tests/data/Series.h"
 
 namespace sparlow::test {
 namespace {
-
-/// What a search through the blocks is to find, by asking each in turn.
-int findInTurn(const SampleReader& samples, unsigned& b, unsigned last, double value,
-               bool roundUp) {
-  for (unsigned block = b; block <= last; ++block) {
-    const int place = FindSample(samples.block(block), 0, samples.countIn(block), value, roundUp);
-    if (place < 0)
-      continue;
-    b = block;
-    return static_cast<int>(block << SampleBlock::kShift) + place;
-  }
-  return -1;
-}
-
-unsigned blockInTurn(const SampleReader& samples, unsigned last, double value) {
-  unsigned b = 0;
-  while (b < last &&
-         (value < samples.block(b).xAt(0) || value > samples.block(b).xAt(samples.countIn(b) - 1)))
-    ++b;
-  return b;
-}
 
 class SampleSearch : public testing::Test {
  protected:
@@ -59,25 +39,48 @@ class SampleSearch : public testing::Test {
   Series s;
 };
 
-TEST_F(SampleSearch, FindsWhatEachBlockInTurnWouldFind) {
+// Told by the neighbours of what is found, so that any of several samples at one x will do.
+TEST_F(SampleSearch, FindsTheSampleAtAValueOrBesideIt) {
   for (int round = 0; round < 40; ++round) {
     const unsigned sizes[] = {1, 2, 8192, 8193, 3 * 8192 + 1, 50000};
-    fill(sizes[round % 6], round % 4 != 0);
+    fill(sizes[round % 6], true);
     const SampleReader samples = s.Read();
+    const auto end = static_cast<int>(samples.size());
+    const auto x = [&](int sample) { return samples.x(static_cast<unsigned>(sample)); };
     for (int i = 0; i < 500; ++i) {
-      const double x = someX(samples);
-      const unsigned last = static_cast<unsigned>(random()) % samples.blockCount();
-      const unsigned from = static_cast<unsigned>(random()) % (last + 2);
-      unsigned b = from, expected = from;
+      const double value = someX(samples);
       const bool up = i % 2;
-      const int sample = findInTurn(samples, expected, last, x, up);
-      ASSERT_EQ(FindSampleInBlocks(samples, b, last, x, up), sample)
-          << "round " << round << ", " << x;
-      if (sample >= 0) {
-        ASSERT_EQ(b, expected);
+      SCOPED_TRACE(testing::Message() << "round " << round << ", " << value << " up " << up);
+      unsigned b = 0;
+      const int found = FindSampleInBlocks(samples, b, value, up);
+      if (found < 0) {
+        ASSERT_TRUE(value > x(end - 1) || (!up && value < x(0)));
+        continue;
       }
-      ASSERT_EQ(BlockAround(samples, last, x), blockInTurn(samples, last, x)) << x;
+      ASSERT_EQ(b, static_cast<unsigned>(found) >> SampleBlock::kShift);
+      if (std::fabs(x(found) - value) < kSearchTolerance)
+        continue;
+      const int below = up ? found - 1 : found;
+      ASSERT_TRUE(below < 0 || x(below) < value);
+      ASSERT_TRUE(below + 1 == end || x(below + 1) > value);
     }
+  }
+}
+
+TEST_F(SampleSearch, OutOfOrderAsksBlockByBlock) {
+  fill(3 * 8192 + 1, false);
+  const SampleReader samples = s.Read();
+  ASSERT_FALSE(samples.ascending());
+  for (int i = 0; i < 500; ++i) {
+    const double value = someX(samples);
+    int expected = -1;
+    for (unsigned block = 0; block < 3 && expected < 0; ++block)
+      if (const int place = FindSample(samples.block(block), 0, 8192, value, false); place >= 0)
+        expected = static_cast<int>(block * 8192) + place;
+    if (expected < 0 && std::fabs(value - samples.x(3 * 8192)) < kSearchTolerance)
+      expected = 3 * 8192;
+    unsigned b = 0;
+    ASSERT_EQ(FindSampleInBlocks(samples, b, value, false), expected) << value;
   }
 }
 

@@ -18,6 +18,7 @@ TEST(SourceData, DropsBadSamplesAndNeverNarrowsItsBounds) {
   }
   s.Set(1, 1e6, 1e6);  // there is no such sample
   EXPECT_EQ(s.GetSize(), 1u);
+  EXPECT_EQ(s.GetDroppedSamples().notFinite, 6u);
   EXPECT_EQ(s.xGlobalIntervalGet() + s.yGlobalIntervalGet(), 0);
   s.Set(0, -1, 1);
   EXPECT_EQ(s.xGet(0), -1);

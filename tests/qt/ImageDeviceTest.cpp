@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <random>
 
+#include "sparlow/graph/Cursor.h"
 #include "sparlow/platform/CDC.h"
 #include "tests/qt/Pixels.h"
 
@@ -203,7 +204,7 @@ class ImageCopy : public testing::TestWithParam<double> {
   CDC dc{&windowContext};
 };
 
-INSTANTIATE_TEST_SUITE_P(Scales, ImageCopy, testing::Values(1.0, 1.5, 2.0));
+INSTANTIATE_TEST_SUITE_P(Scales, ImageCopy, testing::Values(1.0, 1.25, 1.5, 2.0));
 
 TEST_P(ImageCopy, ASavedAreaComesBackExactly) {
   const HDC memory = CreateCompatibleDC(&windowContext);
@@ -222,6 +223,30 @@ TEST_P(ImageCopy, ASavedAreaComesBackExactly) {
   DeleteDC(memory);
   DeleteObject(bitmap);
   EXPECT_EQ(dc.GetPixel({40, 0}), 0xFFFFFFFFu) << "outside";
+}
+
+TEST_P(ImageCopy, AMarkerOfAnyShapeIsTakenAwayExactly) {
+  constexpr CSize room{100, 100};
+  ImageDevice frame(room, GetParam(), white);
+  test::MakeNoise(frame);
+  ImageDevice shown(room, GetParam(), white);
+  shown.Copy({0, 0, 100, 100}, frame, {0, 0}, {});
+  const QImage before = shown.Image().copy();
+  DeviceContext onFrame{&frame}, onWindow{&shown};
+  for (int style = 0; style < 3; ++style) {
+    Cursor::SetStyle(style);
+    for (int width = 1; width <= 9; ++width) {
+      Cursor::PenWidth = width;
+      for (const int y : {-1, 43, 100}) {
+        Cursor cursor;
+        cursor.Draw(&onWindow, &onFrame, 50, y, 90);
+        EXPECT_NE(shown.Image(), before);
+        cursor.Clear(&onWindow, &onFrame);
+        ASSERT_EQ(shown.Image(), before) << style << ' ' << width << ' ' << y;
+      }
+    }
+  }
+  Cursor::SetStyleCross();
 }
 
 TEST_P(ImageCopy, CopiesOntoItselfInEveryDirection) {

@@ -11,35 +11,61 @@ namespace {
 
 using test::TestDialog;
 
-constexpr double kNoLimit = std::numeric_limits<double>::infinity();
-
 TEST(ValueTextTest, ReadsWhatPeopleWrite) {
-  const auto read = [](const char* text, const char* unit) {
-    return ReadValue(text, unit, -99999.999, 99999.999);
-  };
   const struct {
     const char* text;
     const char* unit;
     double value;
+    const char* decimalSign = ".";
   } cases[] = {
-      {"12.5m", "s", 12.5e-3},   {" -.5e-3 ", "s", -.5e-3},
-      {"5 m", "m", 5.0},         {"5 mm", "m", 5e-3},
-      {"3\xC2\xB5V", "V", 3e-6}, {"3 \xCE\xBCV", "V", 3e-6},
-      {"4MV", "V", 4e6},         {"20 \xC2\xB0", "\xB0", 20.0},
-      {"5e0 1/s", "1/s", 5.0},   {"99999.999", "V", 99999.999},
+      {"12.5m", "s", 12.5e-3},
+      {" -.5e-3 ", "s", -.5e-3},
+      {"5 m", "m", 5.0},
+      {"5 mm", "m", 5e-3},
+      {"3\xC2\xB5V", "V", 3e-6},
+      {"3 \xCE\xBCV", "V", 3e-6},
+      {"4MV", "V", 4e6},
+      {"20 \xC2\xB0", "\xB0", 20.0},
+      {"5e0 1/s", "1/s", 5.0},
+      {"259000", "s", 259000.0},
+      {"-1e300", "V", -1e300},
+      {"1,5", "V", 1.5, ","},
+      {"-,5 mV", "V", -5e-4, ","},
+      {"1.5", "V", 1.5, ","},
+      {"2Ù«"
+       "5",
+       "V", 2.5, "Ù«"},
+      {"1,5 a.u.", "a.u.", 1.5, ","},
   };
   for (const auto& c : cases)
-    EXPECT_EQ(read(c.text, c.unit), c.value) << c.text;
+    EXPECT_EQ(ReadValue(c.text, c.unit, c.decimalSign), c.value) << c.text;
   for (const char* const text :
-       {"100000", "-1e5", "1e400", "1e-400", "1e99999999999", "five", "", "V", "1,5", "1 2", "nan",
-        "inf", "0x10", "+-1", "1 kHz", "1 KV", "1e", "."})
-    EXPECT_EQ(read(text, "V"), std::nullopt) << text;
+       {"1e400", "1e-400", "1e99999999999", "five", "", "V", "1,5", "1 2", "nan", "inf", "0x10",
+        "+-1", "1 kHz", "1 KV", "1e", ".", "1,234.5"})
+    EXPECT_EQ(ReadValue(text, "V", "."), std::nullopt) << text;
+  for (const char* const text : {"1.234,5", "1,234,5", "1 234,5", "1'234", ","})
+    EXPECT_EQ(ReadValue(text, "V", ","), std::nullopt) << text;
+}
+
+TEST(ValueTextTest, TellsTheEndsOfARangeApart) {
+  const struct {
+    double min, max;
+    const char* shown;
+  } cases[] = {{0, 1.0 / 3, "333.33333 mV"},
+               {1e6, 1e6 + 1.0 / 3, "1.0000003333 MV"},
+               {1e9 + 1.0 / 3, 1e9 + 2e-3 / 3, "1.0000000000007 GV"},
+               {1e15, 1e15 + 0.25, "1.0000000000000002e15 V"},
+               {0, 0.25, "250 mV"},
+               {0, 1e300, "1e300 V"},
+               {-1e30, 0.0, "0 V"}};
+  for (const auto& c : cases)
+    EXPECT_EQ(ShowValue(c.max, "V", DigitsToTell(c.max, c.min)), c.shown);
 }
 
 TEST(ValueTextTest, ShowsThePrefixOfTheAxisAndEveryDigit) {
-  EXPECT_EQ(ShowValue(0.0125, "s"), "12.5 ms");
-  EXPECT_EQ(ShowValue(0.0, "V"), "0 V");
-  EXPECT_EQ(ShowValue(20.0, "\xB0"), "20 \xC2\xB0");
+  EXPECT_EQ(ShowValue(0.0125, "s", 17), "12.5 ms");
+  EXPECT_EQ(ShowValue(0.0, "V", 17), "0 V");
+  EXPECT_EQ(ShowValue(20.0, "\xB0", 17), "20 \xC2\xB0");
 
   std::mt19937_64 bits(4711);
   for (int i = 0; i < 20000; ++i) {
@@ -49,7 +75,7 @@ TEST(ValueTextTest, ShowsThePrefixOfTheAxisAndEveryDigit) {
     // Every other one of a size that prefixes are for.
     const double shown = i % 2 == 0 ? value : std::ldexp(value, -std::ilogb(value) + i % 100 - 50);
     for (const char* const unit : {"", "s", "m", "V", "e5"})
-      ASSERT_EQ(ReadValue(ShowValue(shown, unit), unit, -kNoLimit, kNoLimit), shown) << unit;
+      ASSERT_EQ(ReadValue(ShowValue(shown, unit, 17), unit, "."), shown) << unit;
   }
 }
 
@@ -125,7 +151,8 @@ TEST_F(AxisDialogTest, WhatIsRefusedIsToldAndTheDialogStays) {
   } cases[] = {
       {"1", "1", "Maximum value must be greater than minimum value.", 0},
       {"1", "900 m", "Maximum value must be greater than minimum value.", 0},
-      {"1", "high", "Maximum: \"high\" is not a number from -99999.999 to 99999.999",
+      {"1", "high",
+       "Maximum: \"high\" is not a number, with a prefix (p n u m k M G T) and s if need be.",
        IDC_MAX_VALUE},
       {"1e400", "1", "Minimum: \"1e400\" is not a number", IDC_MIN_VALUE},
   };
@@ -138,9 +165,36 @@ TEST_F(AxisDialogTest, WhatIsRefusedIsToldAndTheDialogStays) {
     ExpectRange(before.fixedMin, before.fixedMax, false);
     axis.ver.autoRange = true;
   }
+  axis.ver.log = true;
+  Edit("0", "1");
+  EXPECT_EQ(
+      boxes,
+      (std::vector<std::string>{"Minimum value of a logarithmic axis must be greater than zero."}));
+  EXPECT_EQ(focus, IDC_MIN_VALUE);
+  axis.ver = before;
   Edit("5", "7", IDCANCEL);
   EXPECT_TRUE(closed);
   ExpectRange(before.fixedMin, before.fixedMax, false);
+}
+
+// The box shows a tick on an axis that the host has preset, too.
+TEST_F(AxisDialogTest, AutoRangeEndsAPresetRangeUnlessItIsCancelled) {
+  const auto preset = [this] {
+    axis.Preset(-5, 5, 0, 10);
+    view->UpdateGraph();
+  };
+  for (const auto& [button, ends] : {std::pair{IDCANCEL, false}, {IDOK, true}}) {
+    preset();
+    EXPECT_EQ(axis.ver.power, 0);
+    Run([button = button](TestDialog& dialog) { dialog.Click(button); });
+    EXPECT_EQ(axis.preset, !ends);
+    EXPECT_EQ(axis.ver.max < 5, ends);
+  }
+  preset();
+  Edit("1", "2");
+  EXPECT_TRUE(axis.preset);
+  Run([](TestDialog& dialog) { dialog.Click(IDC_AUTO_RANGE), dialog.Click(IDCANCEL); });
+  EXPECT_FALSE(axis.preset) << "ticked, and a tick holds after a cancel";
 }
 
 TEST_F(AxisDialogTest, WithAutoRangeNothingIsCompared) {

@@ -101,8 +101,9 @@ bool InkBatch::join(const Segment& next) {
   return false;
 }
 
-QPen InkBatch::pen() const {
-  QPen pen(QColor(ToQt(color_)), width_, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin);
+QPen InkBatch::pen(bool oblique) const {
+  QPen pen(QColor(ToQt(color_)), width_, Qt::SolidLine, oblique ? Qt::RoundCap : Qt::SquareCap,
+           Qt::RoundJoin);
   const DashPattern dashes(style_);
   if (!dashes.IsSolid()) {
     QList<qreal> lengths;
@@ -117,11 +118,14 @@ QPen InkBatch::pen() const {
 /// Each line is a path of its own within the path, with caps: joints would change its ends. The
 /// caps of a solid pen make it cover both end points; a pattern, which can't have caps, begins and
 /// ends that much further out.
-QPainterPath InkBatch::strokes() const {
+QPainterPath InkBatch::strokes(bool oblique) const {
   const bool isSolid = DashPattern(style_).IsSolid();
   QPainterPath path;
   path.reserve(2 * static_cast<int>(segments_.size()));
   for (const Segment& segment : segments_) {
+    const bool straight = isLevel(segment.from, segment.to) || isUpright(segment.from, segment.to);
+    if (straight == oblique)
+      continue;
     QPointF from(centre(segment.from.x, width_), centre(segment.from.y, width_));
     QPointF to(centre(segment.to.x, width_), centre(segment.to.y, width_));
     if (!isSolid && isLevel(segment.from, segment.to)) {
@@ -152,9 +156,11 @@ void InkBatch::Flush() {
   // Painting knows the pen that it has set.
   const QPen before = painter.pen();
   painter.setBrush(Qt::NoBrush);
-  const QPainterPath path = strokes();
-  if (!path.isEmpty()) {
-    painter.setPen(pen());
+  for (const bool oblique : {false, true}) {
+    const QPainterPath path = strokes(oblique);
+    if (path.isEmpty())
+      continue;
+    painter.setPen(pen(oblique));
     painter.drawPath(path);
   }
   if (!rects_.empty()) {

@@ -35,8 +35,10 @@ class InkBatch {
   /// Makes room for more of a colour; false when nothing of it could be seen.
   bool open(COLORREF color, const Clip& clip, const CRect& extent);
   bool join(const Segment& next);
-  QPen pen() const;
-  QPainterPath strokes() const;
+  QPen pen(bool oblique) const;
+  /// The lines that follow the pixels, or those that don't: ends of the first are square, as on an
+  /// image.
+  QPainterPath strokes(bool oblique) const;
 
   Painting& painting_;
   const CRect bounds_;

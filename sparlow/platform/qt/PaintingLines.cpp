@@ -55,9 +55,11 @@ bool isShort(CPoint from, CPoint to) {
          most;
 }
 
+/// Round ends: of an oblique line they reach no farther than half the pen, as those of a line along
+/// the pixels do, which are square.
 QPen makePen(const Stroke& stroke, int width, double offset) {
   const DashPattern dashes(stroke.style);
-  QPen pen(QColor(ToQt(stroke.color)), width, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin);
+  QPen pen(QColor(ToQt(stroke.color)), width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
   if (dashes.IsSolid())
     return pen;
   QList<qreal> lengths;

@@ -157,6 +157,7 @@ void QtDialog::SetItemText(int id, const std::string& utf8) {
   const QString text = FromUtf8(utf8);
   if (auto* const edit = findAs<QLineEdit>(id)) {
     edit->setText(text);
+    makeRoom(*edit);
     // Of a long text the beginning is what counts.
     edit->setCursorPosition(0);
   } else if (auto* const button = findAs<QAbstractButton>(id)) {
@@ -164,6 +165,19 @@ void QtDialog::SetItemText(int id, const std::string& utf8) {
   } else if (auto* const label = findAs<QLabel>(id)) {
     label->setText(text);
   }
+}
+
+/// All fields as wide as the text of one takes, and the dialog with them.
+void QtDialog::makeRoom(const QLineEdit& field) {
+  // A field's own size hint is that of 17 characters and its frame.
+  const QFontMetrics metrics(field.font());
+  const int frame = field.sizeHint().width() - 17 * metrics.horizontalAdvance(QLatin1Char('x'));
+  const int more = metrics.horizontalAdvance(field.text()) + frame - field.width();
+  if (more <= 0)
+    return;
+  for (QLineEdit* const each : widget_->findChildren<QLineEdit*>())
+    each->resize(each->width() + more, each->height());
+  widget_->setFixedSize(widget_->size() + QSize(more, 0));
 }
 
 std::string QtDialog::ItemText(int id) const {

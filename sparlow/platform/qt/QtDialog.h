@@ -8,6 +8,7 @@
 #include "sparlow/platform/Resources.h"
 
 class QDialog;
+class QLineEdit;
 class QWidget;
 
 namespace sparlow::qt {
@@ -35,6 +36,7 @@ class QtDialog final : public DialogPeer {
 
  private:
   QWidget* makeItem(const DialogItemTemplate& item);
+  void makeRoom(const QLineEdit& field);
   QWidget* find(int id) const;
   template <class Widget>
   Widget* findAs(int id) const;

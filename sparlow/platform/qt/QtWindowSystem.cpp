@@ -4,6 +4,7 @@
 #include <QDesktopServices>
 #include <QFile>
 #include <QFileInfo>
+#include <QLocale>
 #include <QUrl>
 
 #include "sparlow/platform/WindowSite.h"
@@ -31,6 +32,10 @@ void QtWindowSystem::OpenHelp(const std::string& path, std::uintptr_t) {
   const QString file = QFile::decodeName(path.c_str());
   if (QFileInfo::exists(file))
     QDesktopServices::openUrl(QUrl::fromLocalFile(file));
+}
+
+std::string QtWindowSystem::DecimalSign() const {
+  return QLocale::system().decimalPoint().toStdString();
 }
 
 void QtWindowSystem::WindowGone(HWND window) {

@@ -17,6 +17,7 @@ class QtWindowSystem final : public WindowSystem {
   std::unique_ptr<DialogPeer> CreateDialogPeer(const DialogTemplate& form, HWND dialog,
                                                HWND owner) override;
   void OpenHelp(const std::string& path, std::uintptr_t topic) override;
+  std::string DecimalSign() const override;
   void WindowGone(HWND window) override;
 
   CPoint PointerPosition() const override;
