@@ -37,7 +37,7 @@ bool MultiGraph::hasSampleIn(const ViewData& data, XRange window) {
   const SampleReader samples = data.Read();
   const unsigned from = data.GetFrom(), end = std::min(data.GetTo(), samples.size());
   // Only the class itself knows where a mapping of its own puts samples.
-  if (from >= end || !samples.ascending() || !data.MapsByAxes())
+  if (from >= end || !samples.ascending() || !data.MapsXByAxis())
     return from < end;
   const double x = samples.x(FirstNotBelow(samples, from, end - 1, window.from));
   return x >= window.from && x <= window.to;

@@ -63,11 +63,13 @@ class ViewData : public SourceData, public ViewColumns {
   /// due.
   /// Threads: any.
   void MappingChanged() { ++mappingChanges_; }
-  /// The samples lie where the axes put them: xPosGet and yPosGet are the ones of this class.
+  /// Samples lie where the axis puts them: xPosGet, yPosGet, both are the ones of this class.
   /// Threads: any.
-  bool MapsByAxes() const;
+  bool MapsXByAxis() const;
+  bool MapsYByAxis() const;
+  bool MapsByAxes() const { return MapsXByAxis() && MapsYByAxis(); }
   /// The samples of the interval in x, as SetIntervalParams gives them, and the range of their y:
-  /// exact where SetIntervalParams and the mapping are those of this class, else as
+  /// exact where SetIntervalParams and yPosGet are those of this class, else as
   /// SetIntervalParams gives it.
   /// Threads: any.
   IntervalBounds GetBoundsOnShow() const;
@@ -162,6 +164,7 @@ class ViewData : public SourceData, public ViewColumns {
     return VirtualTable::Same(VirtualTable(*this), ownTable, function);
   }
   void noteOwnTable();
+  bool isDeclared() const;
   void foldByOwnMapping(Fold& fold, const GraphAxis& axis);
   RenderKey keyOf(const SampleReader& samples, unsigned from, const GraphAxis& axis) const;
   void foldByAxes(Fold& fold, const GraphAxis& axis);

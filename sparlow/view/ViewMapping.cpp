@@ -49,10 +49,16 @@ void ViewData::noteOwnTable() {
   std::call_once(ownTableNoted, [this] { ownTable = VirtualTable(*this); });
 }
 
-bool ViewData::MapsByAxes() const {
-  if (keeps(&ViewData::xPosGet) && keeps(&ViewData::yPosGet))
-    return true;
-  // A ViewData itself does, also one that was copied from a class which has declared another type.
+bool ViewData::MapsXByAxis() const {
+  return keeps(&ViewData::xPosGet) || isDeclared();
+}
+
+bool ViewData::MapsYByAxis() const {
+  return keeps(&ViewData::yPosGet) || isDeclared();
+}
+
+// A ViewData itself is, also one that was copied from a class which has declared another type.
+bool ViewData::isDeclared() const {
   const std::type_info& own = typeid(*this);
   return own == typeid(ViewData) || own == *standardMapping_;
 }
@@ -64,7 +70,7 @@ IntervalBounds ViewData::GetBoundsOnShow() const {
   const SampleInterval whole{0, samples.size()};
   // All of them have bounds of their own, and none that were never worked out are made up here.
   if (interval.Size() == 0 || interval == whole || bounds == IntervalBounds{} ||
-      !keeps(&ViewData::SetIntervalParams) || !MapsByAxes())
+      !keeps(&ViewData::SetIntervalParams) || !MapsYByAxis())
     return bounds;
   const YRange range = samples.RangeOfY(interval.from, interval.end);
   bounds.yMin = range.low;

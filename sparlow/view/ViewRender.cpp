@@ -183,8 +183,7 @@ void ViewData::foldByOwnMapping(Fold& fold, const GraphAxis& axis) {
   if (!keeps(&ViewData::PosGet))
     return foldWith(fold, RowPixels{this, &axis});
   const auto told = [this, stoppable = fold.full] { return stoppable && toldToStop(); };
-  foldWith(fold,
-           OwnPixels{this, &axis, !keeps(&ViewData::xPosGet), !keeps(&ViewData::yPosGet), told});
+  foldWith(fold, OwnPixels{this, &axis, !MapsXByAxis(), !MapsYByAxis(), told});
 }
 
 void ViewData::foldByAxes(Fold& fold, const GraphAxis& axis) {

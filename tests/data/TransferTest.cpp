@@ -25,7 +25,7 @@ struct Transfer : testing::Test {
     s.InitBlockTransfer();
     for (unsigned i = 0; i < samples; ++i) {
       s.Add(s.GetSize(), 1);
-      EXPECT_TRUE(s.adjusted || s.GetTo() == s.GetSize());
+      EXPECT_TRUE(s.adjusted || s.nTo != 0u || s.GetTo() == s.GetSize());
     }
     s.TermBlockTransfer();
   }
@@ -59,6 +59,22 @@ TEST_F(Transfer, ShowsAllThatHasComeAndPinsTheEndAtItsOwn) {
   EXPECT_EQ(s.GetTo(), 50u);
 }
 
+TEST_F(Transfer, CountsTheSamplesOfABlockWhateverIsOnShow) {
+  s.InitDataTransfer(false);
+  for (int i = 0; i < 3; ++i) {
+    block(100);
+    EXPECT_EQ(s.nBlockSamples, 100u);
+    s.SetIntervalByX(10, 20);  // as a series that follows another one's axis
+  }
+}
+
+TEST_F(Transfer, AFillWithoutOneIsPinnedToAllSamples) {
+  for (int i = 0; i < 7; ++i)
+    s.Add(i, i);
+  s.AdjustSizeTo();
+  EXPECT_TRUE(s.IntervalWhole());
+}
+
 TEST_F(Transfer, WithoutSamplesEndsWithFalse) {
   s.fillRamp(10);
   s.InitDataTransfer(false);
@@ -85,6 +101,7 @@ TEST_F(Transfer, AWaveformEndsWithItsBlock) {
   s.InitDataTransfer(true);
   block(8200);
   EXPECT_EQ(s.GetSize(), 8192u);
+  EXPECT_EQ(s.GetDroppedSamples().beyondLimit, 8u);
   EXPECT_EQ(s.xGlobalMax, 8191);
   EXPECT_TRUE(s.TermDataTransfer());
   EXPECT_EQ(s.GetTo(), 8192u);

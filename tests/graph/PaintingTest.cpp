@@ -2,6 +2,8 @@
 // 480.
 
 #include <algorithm>
+#include <set>
+#include <span>
 
 #include "tests/graph/GraphTest.h"
 
@@ -59,7 +61,8 @@ TEST_F(PaintingTest, AFrameFromBackgroundToCurve) {
 TEST_F(PaintingTest, TheCaptionTellsTheIntervalAndItsSource) {
   struct FromInterval : GatedSeries {
     double GetxAnalyzeFrom() const override { return 0.0005; }
-    double GetxAnalyzeTo() const override { return 0.002; }
+    double GetxAnalyzeTo() const override { return to; }
+    double to = 0.002;
   } derived;
   derived.Init("Derived", nullptr);
   Fill(derived, 10000);
@@ -71,8 +74,28 @@ TEST_F(PaintingTest, TheCaptionTellsTheIntervalAndItsSource) {
   EXPECT_TRUE(Has("Text 58,15 \"Source interval: 500 us - 2 ms\" height 15 color 0x505050"));
   EXPECT_TRUE(Has("Text 58,2 \"Derived\" height 15 color 0x505050"));
   EXPECT_TRUE(Shows("10000(250) Samples"));
+  const std::string frame = "Line 58,34 58,459 style 0 width 1 color 0x000000";
+  EXPECT_TRUE(Has(frame));
+  derived.to = 0;  // recalculated, and not yet updated
+  RedrawWindow(view->GetSafeHwnd());
+  Pump();
+  EXPECT_TRUE(Has(frame)) << "the plot stays where its columns were made for";
   CloseView();
   derived.Term();
+}
+
+TEST(ColorTest, EachCurveCanBeToldFromTheBackgroundsAndTheOthers) {
+  for (int scheme = 0; scheme < 4; ++scheme) {
+    const GraphColors colors(scheme);
+    std::set<COLORREF> seen{colors.backActive, colors.backInactive};
+    for (const auto& table : {GraphColorTable, MaskColorTable})
+      for (const COLORREF color : std::span(table, 6)) {
+        const COLORREF visible = colors.Visible(color);
+        EXPECT_TRUE(seen.insert(visible).second) << scheme << ": " << color;
+        EXPECT_EQ(colors.Visible(visible), visible);
+        EXPECT_TRUE(scheme != 0 || visible == color);
+      }
+  }
 }
 
 }  // namespace

@@ -109,6 +109,32 @@ TEST_F(ReadoutsTest, ValuesUnitsAndOrder) {
   EXPECT_EQ(Values(), "0 , 1 V, 7 V, 6 V, 3.25 V, 2.2776 V, 2.2361 V, ");
 }
 
+TEST_F(ReadoutsTest, XAndYOfACursorAreOfOneSample) {
+  struct Moving : GatedSeries {
+    double yLCursorGet() const override {
+      const double y = ViewData::yLCursorGet();
+      if (moves-- > 0)  // as a user does while a worker asks
+        const_cast<Moving*>(this)->iLCursor += 1;
+      return y;
+    }
+    mutable int moves = 0;
+  } moving;
+  moving.Init("Moving", nullptr);
+  Fill(moving, {{0, 0}, {10, 1}, {20, 2}, {30, 3}, {40, 4}});
+  OpenView({640, 480}, moving);
+  TheGraph().active = true;
+  view->UpdateGraph();
+  moving.moves = 2;
+  CursorReadouts();
+  EXPECT_EQ(Told(Readout::leftX).value, 20);
+  EXPECT_EQ(Told(Readout::leftY).value, 2);
+  moving.iLCursor = 0;
+  moving.moves = 1000;
+  EXPECT_EQ(CursorReadouts(), "") << "whoever moves it sends";
+  CloseView();
+  moving.Term();
+}
+
 TEST_F(ReadoutsTest, WhatHasNoDivisorIsNotSent) {
   const struct {
     Points samples;

@@ -108,6 +108,48 @@ TEST_F(UpdateTest, LayoutLeavesRoomForLabelsAndNeverLessThanAPixel) {
   }
 }
 
+// A host's pixel size is that of all threads; a page doesn't change it.
+TEST_F(UpdateTest, LogicalPixelsAreTheSameOnWorkers) {
+  Offset::LogPixelSize = 2u;
+  Show(100);
+  const CSize plot{640 - 2 * (58 + 20), 480 - 2 * (21 + 21)};
+  EXPECT_EQ(Plot(), plot);
+  Show(20000);
+  Window().Resize({700, 480});
+  EXPECT_TRUE(AwaitIdle());
+  EXPECT_EQ(Plot(), (CSize{plot.cx + 60, plot.cy}));
+  Offset::LogPixelSize = 1u;
+}
+
+// The window's thread clears a series while the one that feeds it waits for a worker, which waits for
+// the window's thread to answer its box.
+TEST_F(UpdateTest, ClearAnswersTheBoxThatTheFeedWaitsFor) {
+  std::atomic<int> stage{0};
+  std::thread worker([&] {
+    const CSingleLock lock(series.dataMutex);
+    stage = 1;
+    while (stage != 2)
+      std::this_thread::yield();
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    AfxMessageBox("in the way");
+  });
+  while (stage != 1)
+    std::this_thread::yield();
+  std::thread feeder([&] {
+    series.InitDataTransfer(false);
+    stage = 2;
+    series.InitBlockTransfer();
+    series.Add(1, 1);
+  });
+  while (stage != 2)
+    std::this_thread::yield();
+  EXPECT_FALSE(series.TryReset());
+  worker.join();
+  feeder.join();
+  EXPECT_EQ(series.GetSize(), 1u);
+  EXPECT_EQ(system.boxes.size(), 1u);
+}
+
 TEST_F(UpdateTest, ClearEmptiesASeriesUnlessAnotherThreadFeedsIt) {
   Show(100);
   Begin(series);

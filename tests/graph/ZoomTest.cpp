@@ -1,6 +1,9 @@
 // What zooms, scrolls and edited ranges make of interval, axes and scroll bars.
 
+#include <cstdio>
+#include <cstdlib>
 #include <limits>
+#include <random>
 
 #include "sparlow/graph/AxisRangeEditor.h"
 #include "tests/graph/GraphTest.h"
@@ -59,6 +62,80 @@ TEST_F(ZoomTest, ABoxZoomsVerticallyFromAFortiethOfTheDataOn) {
     EXPECT_EQ(axis.ver.max == yMax, height == 24);
     ExpectTrueColumns();
   }
+}
+
+/// Sine, noise, a random walk, or pulses: samples of several blocks.
+std::vector<std::pair<double, double>> Shape(int shape, std::mt19937& random) {
+  std::normal_distribution<double> normal;
+  std::vector<std::pair<double, double>> points;
+  double walk = 0;
+  for (int i = 0; i < 60000; ++i) {
+    const double noise = normal(random);
+    walk += noise;
+    const double ys[] = {std::sin(i * 1e-3), noise, walk, i % 997 == 0 ? noise : 0};
+    points.emplace_back(i * 1e-3, ys[shape]);
+  }
+  return points;
+}
+
+// 2000 zooms, or SPARLOW_ZOOMS of them.
+TEST_F(ZoomTest, NoZoomCutsAPeakOff) {
+  const char* const asked = std::getenv("SPARLOW_ZOOMS");
+  const int count = asked ? std::atoi(asked) : 2000;
+  std::mt19937 random(static_cast<unsigned>(count));
+  int cut = 0, loose = 0;
+  for (int i = 0; i < count; ++i) {
+    if (i % (count / 4 + 1) == 0)
+      Fill(series, Shape(i / (count / 4 + 1), random));
+    const auto a = static_cast<unsigned>(random()) % 60000,
+               b = static_cast<unsigned>(random()) % 60000;
+    series.SetFrom(std::min(a, b));
+    series.SetTo(std::max(a, b) + 2);
+    view->UpdateGraph();
+    YRange shown;
+    for (unsigned k = series.GetFrom(); k < series.GetTo(); ++k)
+      shown.Include(series.yGet(k));
+    cut += shown.low < axis.ver.min || shown.high > axis.ver.max;
+    loose += shown.low < shown.high && (shown.low > axis.ver.min || shown.high < axis.ver.max);
+  }
+  std::printf("of %d zooms %d cut the curve\n", count, cut);
+  EXPECT_EQ(cut, 0);
+  EXPECT_EQ(loose, 0) << "no more than what is on show, either";
+  EXPECT_TRUE(AwaitIdle());
+}
+
+TEST_F(ZoomTest, ABoxOnALogarithmicAxisTakesDecades) {
+  Window().Resize({640, 400 + 42});
+  axis.ver.log = true;
+  axis.yAutoZoom = false;
+  Points points{{0, 1e-12}};
+  for (int i = 1; i < 100; ++i)
+    points.emplace_back(i, 1e-9);
+  Fill(series, points);
+  view->UpdateGraph();
+  EXPECT_DOUBLE_EQ(axis.ver.min, 1e-12);
+  Box({0, 100}, {500, 300});
+  EXPECT_NEAR(std::log10(axis.ver.max), -9.75, 1e-9);
+  EXPECT_NEAR(std::log10(axis.ver.min), -11.25, 1e-9);
+  TheGraph().yScroll(true);
+  Window().bars[SB_VERT].nTrackPos = 7;
+  TheGraph().yScrollDo();
+  EXPECT_NEAR(std::log10(axis.ver.max), -9.75, 1e-9) << "it has no steps to scroll by";
+  EXPECT_EQ(Bars(), "h");
+}
+
+TEST_F(ZoomTest, AZoomByTheUserEndsAPresetRangeWhoseUnitsFollowUntilThen) {
+  axis.Preset(-5000, 5000, 0, 10);
+  series.SetUnits("V");
+  Show(1000);
+  EXPECT_STREQ(axis.ver.GetName(), "kV");
+  EXPECT_STREQ(axis.ver.GetStr(0), "-5");
+  series.SetUnits("%");
+  view->UpdateGraph();
+  EXPECT_STREQ(axis.ver.GetStr(0), "-5000");
+  TheGraph().ZoomInBySample();
+  EXPECT_FALSE(axis.preset);
+  EXPECT_DOUBLE_EQ(axis.hor.max, 0.749);
 }
 
 TEST_F(ZoomTest, ZoomsAndScrollsOfTheInterval) {

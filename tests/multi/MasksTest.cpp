@@ -52,8 +52,23 @@ TEST_F(MasksTest, AllAreNamedInTheLegendAndTheActiveOneIsThickAndOnTop) {
   EXPECT_FALSE(Multi().GetViewDataByPoint(nullptr, &index, &isMask, {5, 5}) || index != -1);
   EXPECT_TRUE(Multi().GetViewDataByPoint(nullptr, &index, &isMask, {300, 200}));
   EXPECT_TRUE(index == 0 && isMask);
+  GraphColors black(3);
+  black.backInactive = 0;
+  view->SetColors(black);
+  EXPECT_FALSE(Multi().GetViewDataByPoint(nullptr, nullptr, nullptr, {300, 200})) << "background";
+  GraphColors light;
+  view->SetColors(light);
   EXPECT_TRUE(Multi().RemoveMaskData(&shorter) && Active() == &series && AddTo(true, &shorter));
   EXPECT_EQ(maskColumn(3), 21) << "after the last mask had gone";
+  Doubled& endless = AddDoubled(std::string(200, 'm'));
+  EXPECT_EQ(maskColumn(3), Plot().cx / 2);
+  EXPECT_TRUE(endless.ApplyMask());
+  Fill(endless, {{0, 0}, {1, 1000}});
+  Multi().SetActiveMask(1);
+  EXPECT_TRUE(Paint());
+  EXPECT_EQ(axis.ver.max, 1000);
+  EXPECT_TRUE(Multi().RemoveMaskData(&endless));
+  EXPECT_LT(axis.ver.max, 1000) << "the window is as if it had never been there";
   Multi().SetActive(1);
   EXPECT_TRUE(Multi().RemoveMaskData(&second) && Active() == &series) << "though no mask";
 }

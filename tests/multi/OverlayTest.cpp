@@ -12,7 +12,7 @@ struct OverlayTest : MultiTest {
       text += item.text + "|";
       if (item.subMenu)
         for (const MenuItem& choice : item.subMenu->Items())
-          text += choice.text + (choice.radio ? "* " : " ");
+          text += (choice.enabled ? "" : "~") + choice.text + (choice.radio ? "* " : " ");
     }
     return text;
   }
@@ -39,7 +39,13 @@ TEST_F(OverlayTest, SixOfAKindHaveColoursInTurnAndASeventhIsRefused) {
             (std::vector<std::string>{"Cannot view more than 6 graphs simultaneously.",
                                       "Cannot apply more than 6 masks simultaneously."}));
   EXPECT_EQ(Menu(),
-            "|&Select|Delay G1 G2 G4 G5 more*  M0 M1 M3 M4 M5 more |&Remove Selected Graph|");
+            "|&Select|Delay G1 G2 G4 G5 more*  ~M0 ~M1 ~M3 ~M4 ~M5 ~more |&Remove Selected Graph|")
+      << "masks that aren't calculated yet can't be chosen";
+  Fill(*Multi().GetMaskList().GetAt(0), 3);
+  Multi().SetActive(0);
+  EXPECT_NE(Menu().find(" M0 ~M1 "), std::string::npos) << Menu();
+  EXPECT_EQ(Multi().GetViewDataList().count, 6);
+  EXPECT_EQ(Multi().GetMaskList().GetAt(0)->GetName(), "M0");
   Begin(*Active());
   EXPECT_EQ(Menu(), "");
 }
@@ -76,6 +82,53 @@ TEST_F(OverlayTest, TheActiveOneRulesTheAxesAndTheOthersFollowButMasks) {
   Multi().RemoveActiveGraph();
   EXPECT_FALSE(Multi().RemoveViewData(&active)) << "the last one";
   EXPECT_EQ(empty.nFrom, 7u) << "has nothing to show";
+}
+
+// Peaks beyond the active series' samples, and a curve that has none in the window.
+TEST_F(OverlayTest, AFixedAxisFitsTheCurvesInItsRange) {
+  ViewData &peak = Make<ViewData>("Peak"), &elsewhere = Make<ViewData>("Elsewhere");
+  EXPECT_TRUE(AddTo(false, &peak));
+  EXPECT_TRUE(AddTo(false, &elsewhere));
+  Fill(series, {{-50, 0}, {0, 1}, {60, 0}});
+  Fill(peak, {{-40, 0}, {80, 9}, {90, 0}, {200, 50}, {201, 0}});
+  Fill(elsewhere, {{-90, 99}, {-80, 99}});
+  Multi().SetActive(0);
+  view->ChangeAxes([](GraphAxis& axes) {
+    axes.hor.autoRange = false;
+    axes.hor.fixedMin = 0;
+    axes.hor.fixedMax = 100;
+  });
+  EXPECT_EQ(axis.ver.max, 50) << "with the sample behind the range, which its curve runs to";
+  Fill(peak, {{-40, 0}, {80, 9}, {90, 0}, {99, 0}, {101, 2}, {201, 50}});
+  view->UpdateGraph();
+  EXPECT_EQ(axis.ver.max, 9);
+  EXPECT_EQ(axis.ver.min, 0);
+}
+
+// What begins as the only one, put there by SetViewData, can be listed later.
+TEST_F(OverlayTest, TheActiveSeriesCanBeAdded) {
+  GatedSeries& other = Make("Other");
+  Fill(other, 11);
+  Multi().SetViewData(&other);
+  EXPECT_FALSE(Multi().GetViewDataList().Holds(&other));
+  EXPECT_TRUE(AddTo(false, &other));
+  EXPECT_TRUE(Multi().GetViewDataList().Holds(&other));
+  EXPECT_FALSE(AddTo(false, &other));
+  EXPECT_EQ(Menu(), "|&Select|Delay Other* |&Remove Selected Graph|");
+}
+
+TEST_F(OverlayTest, AWriteToASecondarySampleOfALiveGraphIsSeen) {
+  GatedSeries& other = Add("Other");
+  Multi().SetActive(0);
+  Begin(series);
+  AddBlock(series, 10);
+  view->UpdateGraph();
+  view->UpdateGraph();
+  EXPECT_FALSE(other.lastWasFull && other.nColumns == 0);
+  const int before = other.yPos[3];
+  other.Set(3, other.xGet(3), other.yGet(3) + 0.01);
+  view->UpdateGraph();
+  EXPECT_NE(other.yPos[3], before);
 }
 
 TEST_F(OverlayTest, AViewPicksByMenu) {

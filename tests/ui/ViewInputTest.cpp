@@ -38,6 +38,21 @@ TEST_F(ViewInputTest, AHeldArrowKeyAcceleratesAndShiftMovesTheRightCursor) {
   LetGo(VK_RIGHT);
   Press(VK_LEFT);
   EXPECT_EQ(series.iRCursor, 5000 - 4 - 5 - 1);
+  // A key that is let go where the view isn't told.
+  const std::function<void()> elsewhere[]{
+      [this] { SendMessage(window, WM_KILLFOCUS, 0, 0); },
+      [this] {
+        Mouse(WM_RBUTTONDOWN, {9, 9});
+      },
+      [this] { series.Reset(), LetGo(VK_LEFT), Show(size), PutCursors(); },
+  };
+  for (const auto& letGo : elsewhere) {
+    Press(VK_LEFT);
+    letGo();
+    const int before = series.iRCursor;
+    Press(VK_LEFT);
+    EXPECT_EQ(series.iRCursor, before - 1);
+  }
 }
 
 TEST_F(ViewInputTest, TheThumbScrollsWhenItIsReleasedAlsoBeyond16Bits) {
@@ -47,6 +62,13 @@ TEST_F(ViewInputTest, TheThumbScrollsWhenItIsReleasedAlsoBeyond16Bits) {
   ASSERT_TRUE(AwaitIdle());
   SCROLLINFO& bar = Window().bars[SB_HORZ];
   const Range before = Interval();
+  EXPECT_TRUE(view->GetXAutoRange());
+  PutCursors(before.first + 5, before.first + 9);
+  bar.nTrackPos = bar.nPos;
+  ScrollBar(WM_HSCROLL, SB_THUMBTRACK);
+  ScrollBar(WM_HSCROLL, SB_THUMBPOSITION);
+  EXPECT_EQ(series.iRCursor, static_cast<int>(before.first) + 9) << "taken and let go";
+  ASSERT_TRUE(AwaitIdle());
   bar.nTrackPos = 131072 + 5;
   ScrollBar(WM_HSCROLL, SB_THUMBTRACK);
   EXPECT_EQ(Interval(), before);

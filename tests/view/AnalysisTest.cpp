@@ -62,6 +62,23 @@ TEST_F(AnalysisTest, WithoutASourceNothingRunsAndAFailureLeavesNoHalfResult) {
   }
 }
 
+TEST_F(AnalysisTest, AFailureEndsNoTransferButItsOwn) {
+  analysis.InitDataTransfer(false);
+  analysis.end = Doubled::fails;
+  EXPECT_FALSE(analysis.ApplyMask());
+  EXPECT_TRUE(analysis.inTransfer) << "begun before";
+}
+
+TEST_F(AnalysisTest, ItsSourceMayChangeWhileAWorkerAsksForIt) {
+  std::thread worker([&] {
+    for (int i = 0; i < 1000; ++i)
+      source.IsCalculated();
+  });
+  for (int i = 0; i < 1000; ++i)
+    source.SetAnalyzeFromSource(i % 2 ? &analysis : nullptr);
+  worker.join();
+}
+
 TEST_F(AnalysisTest, ItsSourceMayGrowMeanwhile) {
   std::thread feed([&] {
     for (int i = 8; i < 50000; ++i)

@@ -136,6 +136,7 @@ TEST_F(DataCursors, GiveTheirSamplesAndNothingWhereThereIsNone) {
 }
 
 TEST_F(DataCursors, CopyToReplacesTheSamplesOnly) {
+  fill(10000);
   Live<ViewData> other;
   other.waveform = true;
   other.Add(7, 7, true);
@@ -145,12 +146,12 @@ TEST_F(DataCursors, CopyToReplacesTheSamplesOnly) {
   view.CopyTo(nullptr);
   EXPECT_EQ(placed(false), (Placed{false, 110, 120})) << "nothing happens";
   view.CopyTo(&other);
-  ASSERT_EQ(other.GetSize(), 1000u);
+  ASSERT_EQ(other.GetSize(), 10000u) << "though it was a waveform";
   EXPECT_EQ(other.xGet(999), 1998);
   EXPECT_EQ(other.yGet(1), -1);
   EXPECT_FALSE(other.slopeGet(0));
-  EXPECT_EQ(other.dnCursorGet(), 1000);
-  EXPECT_EQ(other.GetStatParams().span, 999);
+  EXPECT_EQ(other.dnCursorGet(), 10000);
+  EXPECT_EQ(other.GetStatParams().span, 9999);
   fill(0);
   view.CopyTo(&other);
   EXPECT_FALSE(other.Valid() || other.ValidCursor());

@@ -13,7 +13,7 @@ struct Random {
   std::mt19937 engine;
 };
 
-struct Undeclared : ViewData {};
+struct Derived : ViewData {};
 
 std::vector<Sample> randomSamples(Random& random, std::size_t count) {
   std::uniform_real_distribution<double> unit(0, 1);
@@ -49,17 +49,14 @@ GraphAxis randomAxis(Random& random, const std::vector<Sample>& samples) {
 TEST(Fold, GivesWhatThePlainOneGivesOverManyShapes) {
   Random random(2101);
   Live<ViewData> own;
-  Live<Undeclared> declared;
-  Undeclared undeclared;
-  undeclared.Init("undeclared");
+  Live<Derived> derived;
   for (unsigned round = 0; round < 120; ++round) {
     SCOPED_TRACE(round);
     const std::vector<Sample> samples = randomSamples(random, 2 + random() % 20000);
     const GraphAxis axis = randomAxis(random, samples);
     GraphAxis handed = axis;
     const auto from = static_cast<unsigned>(random() % samples.size());
-    for (ViewData* view : {static_cast<ViewData*>(&own), static_cast<ViewData*>(&declared),
-                           static_cast<ViewData*>(&undeclared)}) {
+    for (ViewData* view : {static_cast<ViewData*>(&own), static_cast<ViewData*>(&derived)}) {
       // The first part in one go, the rest as it comes in.
       Random pieces(round);
       std::size_t added = 0;
@@ -82,23 +79,74 @@ TEST(Fold, GivesWhatThePlainOneGivesOverManyShapes) {
       }
     }
   }
-  undeclared.Term();
 }
 
-TEST(Fold, LeavesADerivedClassItsOwnMapping) {
-  // Declared further up, but with a way of its own.
-  struct : Live<ViewData> {
-    int xPosGet(unsigned sample, const GraphAxis* axis) const override {
-      return ViewData::xPosGet(sample, axis) / 3;
+// Classes that map samples in their own way, and count how often they are asked.
+struct OwnX : Live<ViewData> {
+  int xPosGet(unsigned sample, const GraphAxis* axis) const override {
+    ++asked;
+    return ViewData::xPosGet(sample, axis) / 3;
+  }
+  mutable unsigned asked = 0;
+};
+struct OwnXBelow : OwnX {};
+struct OwnBoth : OwnX {
+  int yPosGet(unsigned sample, const GraphAxis* axis) const override {
+    ++asked;
+    return ViewData::yPosGet(sample, axis) + 7;
+  }
+};
+struct InRows : OwnBoth {
+  void PosGet(unsigned first, unsigned count, const GraphAxis*, int* xs, int* ys) const override {
+    for (unsigned i = 0; i < count; ++i) {
+      xs[i] = static_cast<int>(first + i) / 3;
+      ys[i] = 7;
     }
-  } view;
-  GraphAxis axis = unitAxis();
-  for (int i = 0; i < 9000; ++i)
-    view.Add(i, 0);
-  view.ResetInterval(nullptr);
-  view.Render(&axis, true);
-  EXPECT_EQ(view.nColumns, 3000u);
-  EXPECT_EQ(view.xPos[2999], 2999);
+  }
+};
+struct KeepsAll : Live<ViewData> {};
+
+TEST(Fold, AsksAClassForWhatItOverridesAndForNothingElse) {
+  const auto expect = [](auto&& view, unsigned columns, unsigned asked, int y) {
+    GraphAxis axis = unitAxis();
+    for (int i = 0; i < 90000; ++i)
+      view.Add(i * 0.1, 0);
+    view.ResetInterval(nullptr);
+    view.Render(&axis, true);
+    EXPECT_EQ(view.nColumns, columns);
+    EXPECT_EQ(view.yMaxPos[columns - 1], y);
+    if constexpr (requires { view.asked; }) {
+      EXPECT_EQ(view.asked, asked);
+    }
+    EXPECT_EQ(view.MapsByAxes(), columns == 9000u);
+  };
+  expect(KeepsAll(), 9000, 0, 0);
+  expect(OwnX(), 3000, 90000, 0);
+  expect(OwnXBelow(), 3000, 90000, 0);
+  expect(OwnBoth(), 3000, 180000, 7);
+  expect(InRows(), 16384, 0, 7);
+}
+
+TEST(Fold, TellsTheExactRangeOnShowOfAClassWithoutBoundsOfItsOwn) {
+  struct OwnBounds : Live<ViewData> {
+    void SetIntervalParams() override {
+      ViewData::SetIntervalParams();
+      yIntervalMax = 55;
+    }
+  } ownBounds;
+  KeepsAll keepsAll;
+  OwnBoth ownMapping;
+  for (const auto& [view, yMax] :
+       {std::pair<ViewData*, double>{&keepsAll, 9}, {&ownBounds, 55}, {&ownMapping, 1}}) {
+    // The highest block has its peak outside, and so hides the one inside.
+    for (int i = 0; i < 20000; ++i)
+      view->Add(i, i == 10 ? 99 : i == 50 ? 1 : i == 9000 ? 9 : 0);
+    view->SetFrom(20);
+    view->SetTo(10000);
+    view->SetIntervalParams();
+    EXPECT_EQ(view->GetBoundsOnShow().yMax, yMax);
+    EXPECT_EQ(view->GetBoundsOnShow().xMax, 9999);
+  }
 }
 
 }  // namespace

@@ -43,6 +43,8 @@ TEST_F(Render, BeginsAnewWhenItsColumnsWereForSomethingElse) {
       {"range", [&] { axis.ver.max = 3; }},
       {"logarithm", [&] { axis.ver.log = true; }},
       {"cleared", [&] { view.ResetViewData(); }},
+      {"sample", [&] { view.Set(1, 2, -7); }},
+      {"mapping", [&] { view.MappingChanged(); }},
       {"waveform", [&] { view.waveform = true, render(true), view.waveform = false; }},
   };
   for (const auto& [what, change] : changes) {

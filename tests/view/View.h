@@ -1,6 +1,5 @@
 #pragma once
 
-#include <typeinfo>
 #include <vector>
 
 #include "sparlow/platform/Geometry.h"
@@ -12,10 +11,7 @@ namespace sparlow::test {
 /// A view that is set up and taken down with its object; T is ViewData or a class like it.
 template <class T>
 struct Live : T {
-  Live() {
-    T::UseStandardMapping(typeid(Live));
-    T::Init("view");
-  }
+  Live() { T::Init("view"); }
   ~Live() override { T::Term(); }
   Live(const Live&) = delete;
   Live& operator=(const Live&) = delete;
