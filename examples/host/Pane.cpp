@@ -26,6 +26,12 @@ Pane::Pane(ViewKind kind, GraphColors& colors, int width, int height)
   qt::Resize(View(), width, height);
 }
 
+void Pane::TakeColors(GraphColors& colors) {
+  for (const Item& item : series_)
+    item.series->SetColor(colors.Visible(item.series->GetColor()));
+  View().SetColors(colors);
+}
+
 Pane::~Pane() {
   renamed = nullptr;
   const HWND ending = window();

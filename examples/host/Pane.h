@@ -46,6 +46,9 @@ class Pane {
   const GraphAxis& Axis() const { return axis_; }
   const std::string& Title() const { return document_.GetTitle(); }
 
+  /// Takes another scheme, or one that has changed: curves that can't be seen on it change too.
+  void TakeColors(GraphColors& colors);
+
   /// @name Series
   /// Adds the series of a channel, which becomes the active one. False, and the library has told
   /// so, when there is no room.

@@ -160,7 +160,7 @@ void Panes::Command(ViewCommand command) {
 void Panes::TakeScheme(int scheme) {
   colors_.LoadScheme(scheme);
   for (const auto& pane : panes_)
-    pane->View().SetColors(colors_);
+    pane->TakeColors(colors_);
 }
 
 void Panes::Repaint() {

@@ -51,10 +51,15 @@ struct IntervalBounds {
 /// One series of (x, y) samples, x ascending: its store, the interval of it that is on show, its
 /// two cursors and its units.
 ///
-/// A series lives from Init to Term. Before and after it has no samples and no locks; reading,
-/// searching and navigating are harmless then and change nothing. A copy is a second handle on the
-/// same samples, locks, event and statistics, with a sample count, an interval and cursors of its
-/// own; it keeps its samples when the source starts a new data set. Term is for one of the two.
+/// A series lives from Init to Term. Before and after it has no samples and no locks: there is
+/// nothing to read, to find or to move, and asking for it does no harm. A copy is a second handle on
+/// the same samples, locks, event and statistics, with a sample count, an interval, cursors and
+/// bounds of its own; it keeps its samples when the source starts a new data set. Term is for one of
+/// the two: the other may then be read, be assigned to and be destroyed, and nothing else, since the
+/// locks, the event and the statistics are gone.
+///
+/// The fields read and write as the plain values that they hold; where no type asks for one, as in
+/// an auto or among the arguments of printf, .load() gives it.
 ///
 /// Threads: one thread feeds, the window's thread does the rest, workers render and analyse. Each
 /// group below says who may call it. The fields are atomic one by one; samples are reached through
@@ -81,6 +86,9 @@ class SourceData {
   /// Reset may too.
   ///@{
   /// Empties the series. Samples that somebody reads at the moment go when the reader is done.
+  ///
+  /// A fill without a transfer is Reset, Add..., AdjustSizeTo, and CalculateStatParams for the
+  /// statistics. Without the Reset, samples go behind those that are there, and the interval stays.
   virtual void Reset();
   /// Reset, unless a transfer of another thread's runs: false then. Any thread, but not beside one
   /// that adds samples without a transfer.
@@ -89,7 +97,8 @@ class SourceData {
   /// of a waveform or beyond 2^31 - 1 of any series. slope: the edge of a waveform rises.
   /// Throws Error with code 0xFF04 when there is no memory for the block table, std::bad_alloc when
   /// there is none for a block. Nothing has changed then, and the same sample may be added again.
-  /// Through a copy, samples go to the end of the shared store, which may lie beyond the copy's.
+  /// Through a copy, samples go to the end of the shared store, which may lie beyond the copy's: what
+  /// the other has added in between is then among the copy's samples, but not in its bounds.
   void Add(double x, double y, bool slope = false);
   /// Appends many samples at once, with the result of as many calls of Add, and much faster. The
   /// shorter of the two decides how many. Throws as Add does; the samples before are there then.
@@ -109,9 +118,11 @@ class SourceData {
   bool InitBlockTransfer();
   void TermBlockTransfer();
   /// Shows all samples and works out the statistics; sorts a waveform by x. False when the transfer
-  /// brought no samples: only inTransfer falls then.
+  /// brought no samples: it is over then, the old samples stay, and an open end of the interval
+  /// stands at the last of them.
   bool TermDataTransfer();
-  /// Pins the end of the interval to the present size.
+  /// Pins the end of the interval to the present size and puts the cursors on its ends. A start that
+  /// was never set, or lies beyond the samples, becomes the first one.
   void AdjustSizeTo();
   ///@}
 
@@ -148,9 +159,10 @@ class SourceData {
   ///@}
 
   /// @name Interval on show
-  /// Every operation that moves it answers true when it changed, and declines (false, nothing
-  /// changed) on a series without samples, an empty interval, and an x that is not finite. A null
-  /// axis counts as an automatic one.
+  /// What moves it declines on a series without samples, an empty interval, and an x that is not
+  /// finite; operations with an answer return true when it changed, and false when nothing did. A
+  /// move puts the cursors on the ends of the new interval, unless it says otherwise. A null axis
+  /// counts as an automatic one. Classes that override one of them take a const AxisData*.
   /// Threads: the window's; reading, any.
   ///@{
   /// The interval with its effective end, cut to the samples: from <= end <= GetSize().
@@ -171,7 +183,8 @@ class SourceData {
   IntervalBounds GetIntervalBounds() const;
   /// Works out the bounds of the interval. x is exact. y comes from the blocks with the lowest and
   /// the highest value: what a partly covered one of them has outside of the interval hides a more
-  /// extreme value of a third one.
+  /// extreme value of a third one. A graph fits its axes to the exact range instead, unless a class
+  /// overrides this (ViewData::GetBoundsOnShow).
   /// Threads: any.
   virtual void SetIntervalParams();
 
@@ -186,11 +199,12 @@ class SourceData {
   void SetInterval(const AxisData& axis);
   /// The same from xFrom to xTo.
   void SetIntervalByX(double xFrom, double xTo);
-  /// All samples, open to those to come during a transfer; on a fixed axis its fixed range.
+  /// All samples, open to those to come during a transfer; on a fixed axis its fixed range. The
+  /// bounds become 0, and the cursors move on a fixed axis only.
   void ResetInterval(const AxisData* axis);
   /// The samples from x1 to x2 with one more at each side; on a fixed axis never beyond its range.
   virtual bool ZoomInByPoint(double x1, double x2, const AxisData* axis);
-  /// The samples from cursor to cursor, both included. Declines when one isn't set.
+  /// The samples from cursor to cursor, both included; the cursors stay. Declines when one isn't set.
   virtual bool ZoomInByCursor();
   virtual void ZoomOutFull(const AxisData* axis) { ResetInterval(axis); }
   /// Divides or multiplies the interval about its middle; one that becomes the whole series follows

@@ -52,7 +52,10 @@ bool MultiGraph::add(SourceDataList& list, ViewData* data, const COLORREF* color
     refuse();
     return false;
   }
-  const COLORREF color = GetFirstUnusedColor(list, colorTable, maxSeries);
+  COLORREF visible[maxSeries];
+  std::transform(colorTable, colorTable + maxSeries, visible,
+                 [this](COLORREF color) { return colors->Visible(color); });
+  const COLORREF color = GetFirstUnusedColor(list, visible, maxSeries);
   if (!append(list, data, makeActive))
     return false;
   data->SetColor(color);

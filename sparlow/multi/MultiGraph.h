@@ -13,9 +13,9 @@ inline constexpr UINT ID_SELECT_GRAPH = 101;
 inline constexpr UINT ID_SELECT_MASK = 107;
 inline constexpr UINT ID_REMOVE_SELECTED = 113;
 
-/// Colours of overlaid series, in the order in which they are given. They are made for the light
-/// scheme: after a change of scheme, a host that shows a dark one gives each series the colour that
-/// GraphColors::Visible makes of its own.
+/// Colours of overlaid series, in the order in which they are given, each as GraphColors::Visible
+/// makes it of the scheme in use. After a change of scheme a host does the same:
+/// series.SetColor(scheme.Visible(series.GetColor())).
 inline constexpr COLORREF GraphColorTable[] = {0x000000, 0x0000C0, 0x008000,
                                                0xFF0000, 0x20C0FF, 0xFF00FF};
 
@@ -33,9 +33,10 @@ class MultiGraph : public Graph {
 
   explicit MultiGraph(GraphAxis* sharedAxis) : Graph(sharedAxis) {}
 
-  /// Adds a series, gives it the first free colour and makes it the active one. Paints nothing:
-  /// UpdateGraph is due. False, and nothing changes, for null and for one that is here already, and
-  /// after a box for the 7th.
+  /// Adds a series, gives it the first free colour and makes it the active one; one that SetViewData
+  /// has made active before, too. Paints nothing: UpdateGraph is due. False, and nothing changes, for
+  /// null, for one that a list of the graph has, for the 7th after a box, and when the graph is
+  /// closed.
   bool AddViewData(ViewData* data) override;
   /// Takes a series out, after its analysis, if one runs, has been told to stop and has ended. The
   /// first series becomes active in place of an active one, with everything on show; otherwise

@@ -8,9 +8,10 @@ namespace sparlow {
 inline constexpr COLORREF MaskColorTable[] = {0xFFC000, 0x00C6C6, 0xC600C6,
                                               0x004F9D, 0x0080FF, 0xA8A800};
 
-/// Overlaid series with up to 6 masks over them: series of their own, filled once by ApplyMask on a
-/// worker, named in a column of their own. A mask can be picked and made active as a series can. It
-/// keeps its interval when the graph is zoomed.
+/// Overlaid series with up to 6 masks over them: series of their own, which ApplyMask fills on a
+/// worker while they are empty, named in a column of their own that takes half of the legend at
+/// most. A mask can be picked and made active as a series can, once it has samples. It keeps its
+/// interval when the graph is zoomed; a fixed horizontal axis gives it its range.
 /// Threads: the window's, unless an operation says otherwise.
 class MultiGraphWithMasks : public MultiGraph {
  public:
@@ -18,20 +19,22 @@ class MultiGraphWithMasks : public MultiGraph {
 
   explicit MultiGraphWithMasks(GraphAxis* sharedAxis) : MultiGraph(sharedAxis) {}
 
-  /// Adds a mask and gives it the first free colour; the active series stays. AnalyzeMask, or
-  /// WM_RECALC_MASK to the view, has it calculated. False, and nothing changes, for null and for a
-  /// series that is here already, and after a box for the 7th.
+  /// Adds a mask and gives it the first free colour; the active series stays. Paints nothing:
+  /// AnalyzeMask, or WM_RECALC_MASK to the view, has it calculated, and brings an update. False, and
+  /// nothing changes, for null, for a series that one of the lists has, for the 7th after a box, and
+  /// when the graph is closed.
   bool AddMaskData(ViewData* data) override;
   /// Takes a mask out, after its calculation, if one runs, has been told to stop and has ended. The
-  /// first series becomes active in place of an active mask. True, also for one that isn't here.
+  /// first series becomes active in place of an active mask, with everything on show; otherwise
+  /// UpdateGraph is due. True, also for one that isn't here.
   bool RemoveMaskData(ViewData* data) override;
   /// Makes the mask at that position active and shows all data; an index that isn't there only
   /// shows all data.
   void SetActiveMask(int index) override;
   bool IsMultiple() const override { return maskList.count > 0 || MultiGraph::IsMultiple(); }
   bool GetViewDataByPoint(ViewData** data, int* index, bool* isMask, CPoint point) override;
-  /// Runs ApplyMask of every mask without samples. What one throws is thrown on when all have run.
-  /// Any thread.
+  /// Runs ApplyMask of every mask without samples: true when one of them gave a result. What one
+  /// throws is thrown on when all have run. Any thread.
   bool AnalyzeEachNewMask() override;
   CMenu* CreateCustomPopupMenu(CMenu& menu) override;
   /// The masks, as GetViewDataList.
@@ -53,7 +56,7 @@ class MultiGraphWithMasks : public MultiGraph {
 
   /// As viewDataList.
   SourceDataList maskList;
-  /// Characters of the longest name since the list was empty.
+  /// Characters of the longest name that was added since the list was empty.
   int longestMaskName = 0;
 };
 

@@ -1,12 +1,15 @@
 #include <QAction>
 #include <QApplication>
 #include <QKeyEvent>
+#include <QLineEdit>
+#include <QLocale>
 #include <QMenu>
 #include <QMessageBox>
 #include <QPointer>
 #include <QTimer>
 
 #include "sparlow/platform/CMenu.h"
+#include "sparlow/platform/WindowPeer.h"
 #include "sparlow/platform/qt/QtMessageBox.h"
 #include "sparlow/ui/CGraphScale.h"
 #include "sparlow/ui/Module.h"
@@ -137,6 +140,24 @@ TEST_F(QtMenuDialogTest, AMenuEndsWithAnOwnerThatIsInTheMiddleOfAPress) {
   QApplication::sendEvent(client, &press);
   EXPECT_TRUE(deleted);
   app->ProcessEvents();
+}
+
+TEST_F(QtMenuDialogTest, TheFieldsOfADialogAreAsWideAsTheirTexts) {
+  AxisRange range{-1.0 / 3, -1.0 / 3 + 1e-15, false, "counts"};
+  Steps steps({[] {
+    QWidget* const dialog = QApplication::activeModalWidget();
+    ASSERT_NE(dialog, nullptr);
+    for (const QLineEdit* const field : dialog->findChildren<QLineEdit*>()) {
+      EXPECT_TRUE(field->text().endsWith(" mcounts")) << field->text().toStdString();
+      EXPECT_GT(field->width(), field->fontMetrics().horizontalAdvance(field->text()));
+      EXPECT_LT(field->geometry().right(), dialog->width());
+    }
+    EXPECT_EQ(WindowSystem::Current()->DecimalSign(),
+              QLocale::system().decimalPoint().toStdString());
+    Press(dialog, Qt::Key_Escape);
+  }});
+  AxisDialog().Edit(range);
+  EXPECT_FALSE(range.confirmed);
 }
 
 TEST_F(QtMenuDialogTest, ADialogAndItsBoxEndWithTheirWindow) {
