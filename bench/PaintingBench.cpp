@@ -38,7 +38,6 @@ const Curve kCurves[] = {
 class Painted : public ViewData {
  public:
   explicit Painted(const Curve& curve) {
-    UseStandardMapping(typeid(Painted));
     Init(curve.name);
     Reset();
     for (unsigned i = 0; i < curve.samples; ++i)

@@ -59,6 +59,41 @@ void fold(benchmark::State& state, const Shot& shot) {
   }
 }
 
+/// Classes that map samples in a way of their own: one coordinate, both, and both for many samples in
+/// one call.
+struct OwnY : ViewData {
+  int yPosGet(unsigned sample, const GraphAxis* axis) const override {
+    return ViewData::yPosGet(sample, axis) + 3;
+  }
+};
+struct OwnBoth : OwnY {
+  int xPosGet(unsigned sample, const GraphAxis* axis) const override {
+    return ViewData::xPosGet(sample, axis) + 3;
+  }
+};
+struct OwnRows : OwnBoth {
+  void PosGet(unsigned first, unsigned count, const GraphAxis* axis, int* xs,
+              int* ys) const override {
+    const SampleReader samples = Read();
+    axis->hor.HorLinear().Map([&](unsigned i) { return samples.x(first + i); }, count, xs);
+    axis->ver.VerLinear().Map([&](unsigned i) { return samples.y(first + i); }, count, ys);
+    for (unsigned i = 0; i < count; ++i) {
+      xs[i] += 3;
+      ys[i] += 3;
+    }
+  }
+};
+
+template <class Series>
+void renderOwn(benchmark::State& state, unsigned samples) {
+  WaveSeries& shared = SharedSeries(Steps::even, samples);
+  GraphAxis axis = shared.Show(0, samples, 1000);
+  const auto series = std::make_unique<Series>();
+  static_cast<ViewData&>(*series) = shared;
+  for (auto _ : state)
+    series->Render(&axis, true);
+}
+
 std::pair<std::string, std::string> addPair(const std::string& name, const Shot& shot) {
   benchmark::RegisterBenchmark(("render " + name).c_str(), render, shot);
   benchmark::RegisterBenchmark(("fold " + name).c_str(), fold, shot);
@@ -107,6 +142,13 @@ void RegisterRender() {
   benchmark::RegisterBenchmark("read 100 million samples once", readAll, many);
   AtMost("Full render, to reading all samples once", even.first, "read 100 million samples once",
          1.0 / 10);
+
+  benchmark::RegisterBenchmark("render own y, 1 million", renderOwn<OwnY>, some);
+  benchmark::RegisterBenchmark("render own x and y, 1 million", renderOwn<OwnBoth>, some);
+  benchmark::RegisterBenchmark("render own rows, 1 million", renderOwn<OwnRows>, some);
+  AtMost("A class that overrides yPosGet, to the fold", "render own y, 1 million", fewer.second, 5);
+  AtMost("The same, and xPosGet", "render own x and y, 1 million", fewer.second, 6);
+  AtMost("The same, and PosGet", "render own rows, 1 million", fewer.second, 3);
 
   std::vector<std::pair<std::string, std::string>> zooms, tiny;
   for (unsigned size = 2; size <= many; size = size == 2 ? 10 : 10 * size) {

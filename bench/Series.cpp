@@ -8,7 +8,6 @@
 namespace sparlow::bench {
 
 WaveSeries::WaveSeries(Steps steps, unsigned samples) {
-  UseStandardMapping(typeid(WaveSeries));
   Init("wave");
   InitDataTransfer(false);
   InitBlockTransfer();

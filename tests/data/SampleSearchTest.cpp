@@ -67,22 +67,5 @@ TEST_F(SampleSearch, FindsTheSampleAtAValueOrBesideIt) {
   }
 }
 
-TEST_F(SampleSearch, OutOfOrderAsksBlockByBlock) {
-  fill(3 * 8192 + 1, false);
-  const SampleReader samples = s.Read();
-  ASSERT_FALSE(samples.ascending());
-  for (int i = 0; i < 500; ++i) {
-    const double value = someX(samples);
-    int expected = -1;
-    for (unsigned block = 0; block < 3 && expected < 0; ++block)
-      if (const int place = FindSample(samples.block(block), 0, 8192, value, false); place >= 0)
-        expected = static_cast<int>(block * 8192) + place;
-    if (expected < 0 && std::fabs(value - samples.x(3 * 8192)) < kSearchTolerance)
-      expected = 3 * 8192;
-    unsigned b = 0;
-    ASSERT_EQ(FindSampleInBlocks(samples, b, value, false), expected) << value;
-  }
-}
-
 }  // namespace
 }  // namespace sparlow::test

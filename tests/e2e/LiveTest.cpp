@@ -47,15 +47,6 @@ TEST_F(Live, TheGraphFollowsAWindowThatChangesItsSize) {
   });
 }
 
-TEST_F(Live, TheWindowClosesWhileALongRecordComesIn) {
-  auto source = std::make_unique<SyntheticSource>(20'000'000, 1);
-  Run(std::move(source), HostOptions::Job::synthetic, [this] {
-    Await("a long record", [this] { return Look().size > 2'000'000; });
-    EXPECT_LT(InHost([this] { return Look().size; }), 20'000'000u) << "nothing comes any more";
-    Close();
-  });
-}
-
 }  // namespace
 
 }  // namespace sparlow::host

@@ -20,35 +20,6 @@ class MouseAndKeys : public ScreenTest {
   }
 };
 
-TEST_F(MouseAndKeys, AFileIsShownWithItsReadouts) {
-  RunKnownFile([this] {
-    const Shown shown = Settled();
-    EXPECT_EQ(shown.size, 10001u);
-    EXPECT_EQ(shown.to - shown.from, 10001u);
-    EXPECT_LE(std::fabs(shown.xMin), 0.1);
-    EXPECT_NEAR(shown.xMax, 10, 0.1);
-    Await("readouts", [this] { return !Label("readout.rightX").isEmpty(); });
-    EXPECT_TRUE(Readout("readout.leftX").startsWith("0")) << Readout("readout.leftX").toStdString();
-    EXPECT_TRUE(Readout("readout.rightX").startsWith("10"));
-    // The curve passes (5 s, 2.5 V).
-    const QImage pixels = Pixels();
-    const auto [column, row] = InHost([this] {
-      const QPointF share((5 - Look().xMin) / (Look().xMax - Look().xMin),
-                          (Look().yMax - 2.5) / (Look().yMax - Look().yMin));
-      const QPoint at =
-          PlotOrigin() +
-          QPointF(share.x() * PlotSize().width(), share.y() * PlotSize().height()).toPoint();
-      return std::pair(at.x(), at.y());
-    });
-    int traced = 0;
-    for (int y = row - 2; y <= row + 2; ++y)
-      traced += pixels.pixel(column, y) == qRgb(0x50, 0x50, 0x50);
-    EXPECT_GT(traced, 0) << column << ", " << row;
-    Picture("1-file");
-    Close();
-  });
-}
-
 TEST_F(MouseAndKeys, AZoomBoxZoomsAndLeavesNoTrace) {
   RunKnownFile([this] {
     const Shown whole = Settled();
@@ -76,61 +47,6 @@ TEST_F(MouseAndKeys, AZoomBoxZoomsAndLeavesNoTrace) {
       return true;
     });
     EXPECT_EQ(Pixels(), after) << "the box left something";
-    Close();
-  });
-}
-
-TEST_F(MouseAndKeys, TheThumbScrollsAtItsRelease) {
-  RunKnownFile([this] {
-    Drag(To(0.3, 0.3), To(0.6, 0.7));
-    Do("mouseup 1");
-    AwaitZoom(10001);
-    const Shown before = Settled();
-    const auto onBar = [&](double share) {
-      return To(InHost([=, this] {
-        const QScrollBar* const bar = Widget()->horizontalScrollBar();
-        return bar->mapToGlobal(QPoint(static_cast<int>(share * bar->width()), bar->height() / 2));
-      }));
-    };
-    Drag(onBar((before.from + before.to) / 2.0 / before.size), onBar(0.75));
-    Await("the thumb is dragged", [&] {
-      return Widget()->horizontalScrollBar()->sliderPosition() >
-             static_cast<int>(before.from) + 2000;
-    });
-    Picture("3-thumb");
-    EXPECT_EQ(Settled(), before) << "the graph moves with the thumb";
-    const int track = InHost([this] { return Widget()->horizontalScrollBar()->sliderPosition(); });
-    Do("mouseup 1");
-    Await("another first sample", [&] { return Look().from != before.from; });
-    const Shown after = Settled();
-    EXPECT_EQ(after.from, static_cast<unsigned>(track));
-    EXPECT_EQ(after.to - after.from, before.to - before.from);
-    EXPECT_GT(after.xMin, before.xMin + 2);
-    Picture("3-scrolled");
-    Close();
-  });
-}
-
-TEST_F(MouseAndKeys, ACursorThatCrossesTheOtherTakesItsPart) {
-  RunKnownFile([this] {
-    Settled();
-    Drag(ToCursor(false), To(0.6, 0.5));
-    Do("mouseup 1");
-    Await("the right cursor has moved", [this] { return std::abs(Look().right - 6000) < 50; });
-    const int crossed = Settled().right;
-    Await("its readout", [&] { return Label("readout.rightX") != "10 s"; });
-    const QString rightX = Readout("readout.rightX");
-    const QString rightY = Readout("readout.rightY");
-    Drag(ToCursor(true), To(0.8, 0.2));
-    Picture("4-crossing");
-    Do("mouseup 1");
-    Await("the readouts change parts", [&] { return Label("readout.leftX") == rightX; });
-    EXPECT_EQ(Readout("readout.leftY"), rightY);
-    EXPECT_NE(Readout("readout.rightX"), rightX);
-    const Shown after = Settled();
-    EXPECT_EQ(after.left, crossed);
-    EXPECT_NEAR(after.right, 8000, 50);
-    Picture("4-crossed");
     Close();
   });
 }

@@ -70,13 +70,6 @@ TEST_F(CommandLine, AMeasurementLeavesThreePictures) {
   }
 }
 
-TEST_F(CommandLine, ALongRecordIsRenderedInItsPicture) {
-  Expect({"--synthetic", "300k"}, 0, "");
-  ExpectOutput("300000 samples");
-  EXPECT_GT(Count("pictures/finished.png", qRgb(0x50, 0x50, 0x50)), 20'000)
-      << "the caption alone has 2000 pixels of this colour";
-}
-
 TEST_F(CommandLine, EachFileIsShownOrSaidToBeBad) {
   Write("a b.txt", "# x y\n0 1\n1 2\n2 1\n");
   Write("c", "0,5\n1,6\n");
@@ -86,15 +79,6 @@ TEST_F(CommandLine, EachFileIsShownOrSaidToBeBad) {
          "sparlow-host: word:2: 'two' is not a number\n");
   ExpectOutput("a b.txt: 3 samples, x 0 to 2, y 1 to 2\nc: 2 samples");
   EXPECT_EQ(Pictures("some"), "finished-1.png finished-2.png finished-3.png");
-}
-
-TEST_F(CommandLine, EdgesAreFoundInAFileOfOneColumn) {
-  QByteArray record;
-  for (int i = 0; i < 1000; ++i)
-    record += i / 7 % 3 == 0 ? "-1\n" : "1\n";
-  Write("steps", record);
-  Expect({"steps", "--rate", "1000", "--edges"}, 0, "");
-  ExpectOutput("^steps, edges: 94 samples, x 0.0205 to 0.9935, y 0.007 to 0.014\n");
 }
 
 TEST_F(CommandLine, MasksAnalysesAndAPageAreLeftByTheEnd) {

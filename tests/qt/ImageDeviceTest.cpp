@@ -148,48 +148,6 @@ TEST_P(ImageDeviceTest, AreasExcludeRightAndBottomAndTakeEdgesInAnyOrder) {
   expectInk({});
 }
 
-TEST_P(ImageDeviceTest, EllipsesFillTheirRectangleAndNothingBeyond) {
-  // At a broken scale the outline may be a device pixel thicker than the pixel that it lies on.
-  const int broken = edge(2) == 2 * edge(1) ? 0 : 1;
-  for (const int extent : {1, 2, 3, 4, 6, 21}) {
-    const CRect rect{12, 10, 12 + extent, 10 + extent};
-    clear();
-    device.Ellipse({rect.right, rect.bottom, rect.left, rect.top}, {PS_SOLID, 1, ink}, ink, {});
-    const QRect touched = Find(device.Image(), ink).area;
-    EXPECT_TRUE(touched.contains(area(rect))) << extent;
-    EXPECT_TRUE(area(rect).adjusted(0, 0, broken, broken).contains(touched)) << extent;
-  }
-}
-
-TEST(ImageDeviceLines, DiagonalsOfWidthOneTakeOnePixelAStep) {
-  constexpr int middle = 10;
-  for (int dx = -9; dx <= 9; ++dx) {
-    for (int dy = -9; dy <= 9; ++dy) {
-      ImageDevice device({21, 21}, 1.0, white);
-      device.Line({middle, middle}, {middle + dx, middle + dy}, {PS_SOLID, 1, ink}, {});
-      const int n = std::max(std::abs(dx), std::abs(dy));
-      EXPECT_EQ(Find(device.Image(), ink).count, n + 1) << dx << ", " << dy;
-      EXPECT_EQ(device.PixelAt({middle, middle}), ink);
-      EXPECT_EQ(device.PixelAt({middle + dx, middle + dy}), ink);
-      // On the exact line, to half a pixel across.
-      for (int at = 0; at < 21 * 21; ++at) {
-        const CPoint p{at % 21, at / 21};
-        EXPECT_TRUE(device.PixelAt(p) == white ||
-                    2 * std::abs((p.x - middle) * dy - (p.y - middle) * dx) <= n);
-      }
-    }
-  }
-}
-
-TEST(ImageDeviceLines, WhatLiesFarOutsideKeepsItsCourse) {
-  for (const int w : {1, 3}) {
-    ImageDevice device({100, 100}, 2.0, white);
-    device.Line({-29950, -29950}, {30000, 30000}, {PS_SOLID, w, ink}, {});
-    for (const int c : {0, 50, 99})
-      EXPECT_EQ(device.PixelAt({c, c}), ink);
-  }
-}
-
 class ImageCopy : public testing::TestWithParam<double> {
  protected:
   ImageCopy() {
@@ -249,18 +207,6 @@ TEST_P(ImageCopy, AMarkerOfAnyShapeIsTakenAwayExactly) {
   Cursor::SetStyleCross();
 }
 
-TEST_P(ImageCopy, CopiesOntoItselfInEveryDirection) {
-  for (const CPoint shift : {CPoint{4, 6}, {-4, 6}, {4, -6}, {-4, -6}}) {
-    ImageDevice device({40, 30}, GetParam(), 0);
-    device.Copy({0, 0, 40, 30}, window, {0, 0}, {});
-    const CRect to{10 + shift.x, 8 + shift.y, 26 + shift.x, 20 + shift.y};
-    device.Copy(to, device, {10, 8}, {});
-    const QPoint source = area({10, 8, 11, 9}).topLeft();
-    EXPECT_EQ(device.Image().copy(area(to)), first.copy(QRect(source, area(to).size())));
-    EXPECT_EQ(device.Image().copy(area({0, 0, 40, 2})), first.copy(area({0, 0, 40, 2})));
-  }
-}
-
 TEST(ImageText, FillsItsCellAtEveryScaleAndTakesTheSameRoom) {
   for (const int height : {15, 30}) {
     const FontRequest font{"Arial", height};
@@ -279,16 +225,6 @@ TEST(ImageText, FillsItsCellAtEveryScaleAndTakesTheSameRoom) {
       EXPECT_GT(touched.width(), cell.width() * 3 / 4);
     }
   }
-}
-
-TEST(ImageText, StaysInItsClipAndLeavesNoTransform) {
-  ImageDevice device({160, 80}, 1.5, white);
-  device.Text({20, 10}, "Hgjy|", {"Arial", 30}, ink, CRect{30, 10, 60, 20});
-  const QRect touched = Find(device.Image(), white, true).area;
-  EXPECT_FALSE(touched.isEmpty());
-  EXPECT_TRUE(PixelScale(1.5).Area({30, 10, 60, 20}).contains(touched));
-  device.FillRect({5, 5, 6, 6}, ink, {});
-  EXPECT_EQ(device.PixelAt({5, 5}), ink);
 }
 
 }  // namespace

@@ -218,18 +218,6 @@ TEST_F(QtInputTest, EachWayOfLosingTheMouseIsToldOnce) {
   }
 }
 
-TEST_F(QtInputTest, AShapeOfThePointerLastsUntilTheMouseMovesOn) {
-  bool set = true;
-  then = [&](UINT message, WPARAM) {
-    if (std::exchange(set, false) && message == WM_MOUSEMOVE)
-      SetCursor(LoadCursor(IDC_SIZEALL));
-  };
-  Move({3, 4});
-  EXPECT_EQ(Area().viewport()->cursor().shape(), Qt::SizeAllCursor);
-  Move({5, 4});
-  EXPECT_EQ(Area().viewport()->cursor().shape(), Qt::ArrowCursor);
-}
-
 TEST_F(QtInputTest, AWindowMayEndInsideEachOfItsInputs) {
   const std::function<void(QtInputTest&, QScrollBar&)> inputs[] = {
       [](QtInputTest& t, QScrollBar&) { t.Mouse(QEvent::MouseButtonPress); },

@@ -134,21 +134,5 @@ TEST_F(MenuTest, CodesDoTheSameAlsoDuringATransfer) {
   EXPECT_EQ(dialogs, 2);
 }
 
-TEST(CMenuTest, StatesGoByCommandAlsoInSubmenusThatAreFilledLater) {
-  CMenu menu, series;
-  menu.CreatePopupMenu();
-  series.CreatePopupMenu();
-  menu.AppendMenu(MF_GRAYED, 1, "One");
-  menu.AppendMenu(MF_POPUP, series, "&Select");
-  EXPECT_FALSE(series.AppendMenu(MF_POPUP, menu, "a circle"));
-  for (const UINT id : {101u, 102u})
-    series.AppendMenu(MF_STRING, id, "Series");
-  for (const UINT chosen : {101u, 102u})
-    EXPECT_TRUE(menu.CheckMenuRadioItem(101, 102, chosen, MF_BYCOMMAND));
-  EXPECT_EQ(menu.EnableMenuItem(1, MF_ENABLED), static_cast<int>(MF_GRAYED));
-  series.DestroyMenu();
-  EXPECT_EQ(Lines(menu), "One | &Select {Series | o Series}");
-}
-
 }  // namespace
 }  // namespace sparlow
