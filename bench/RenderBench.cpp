@@ -72,6 +72,7 @@ struct OwnBoth : OwnY {
   }
 };
 struct OwnRows : OwnBoth {
+  OwnRows() { UsePosGet(typeid(OwnRows)); }
   void PosGet(unsigned first, unsigned count, const GraphAxis* axis, int* xs,
               int* ys) const override {
     const SampleReader samples = Read();

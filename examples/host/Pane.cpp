@@ -27,9 +27,16 @@ Pane::Pane(ViewKind kind, GraphColors& colors, int width, int height)
 }
 
 void Pane::TakeColors(GraphColors& colors) {
+  std::vector<COLORREF> before;
   for (const Item& item : series_)
-    item.series->SetColor(colors.Visible(item.series->GetColor()));
+    before.push_back(item.series->GetColor());
+  // It gives the active series the one of a single curve.
   View().SetColors(colors);
+  if (kind_ == ViewKind::single)
+    return;
+  for (std::size_t i = 0; i < series_.size(); ++i)
+    series_[i].series->SetColor(colors.Visible(before[i]));
+  InvalidateRect(window(), nullptr, true);
 }
 
 Pane::~Pane() {

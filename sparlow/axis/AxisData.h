@@ -27,10 +27,10 @@ class AxisData {
   /// stays there, so that "while pos is below the width" suffices.
   /// The axis must outlive the walk.
   /// Threads: the one that paints.
-  /// Of a logarithmic axis, the LogSteps are those of the next step; of a linear one, digit is the
-  /// index of the present step.
-  struct StepIter : LogSteps {
+  struct StepIter : private LogSteps {
     const AxisData* axis = nullptr;
+    /// Logarithmic: the next step. Linear: digit is the index of the present one.
+    using LogSteps::base, LogSteps::digit, LogSteps::stepCur;
     /// Linear: pixel of the first step. Logarithmic: 0.
     int firstPos = 0;
     /// Pixel of the present step, counted from the min end. Not set before Init or InitLabel.

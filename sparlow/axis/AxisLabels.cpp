@@ -63,11 +63,12 @@ int AxisData::WriteLogLabels() {
   if (!layout.valid)
     return 0;
   int count = 0;
-  const double last = max * (1 - kStepsError);
   LogSteps steps = layout.first;
-  for (double value = 0.0; count < kSlots && (count == 0 || value < last); ++count) {
+  for (bool ended = false; count < kSlots && !ended; ++count) {
     const double distance = steps.stepCur;
-    value = TakeLabel(steps, layout.labels);
+    const double value = TakeLabel(steps, layout.labels);
+    // The one that reaches or passes max stays.
+    ended = value >= max - kStepsError * distance;
     if (!std::isfinite(value))
       break;
     if (!WriteLabel(count, value, distance, kLogDigits))

@@ -72,7 +72,7 @@ double LinearStep(double min, double max) {
   const double span = max - min;
   const double error =
       std::min(kSpanError * std::max(std::fabs(min), std::fabs(max)), kMostSpanError * span);
-  const double least = span - error, most = span + error;
+  const double least = span - error, most = span / kLeastSteps + error;
   if (!(least > 0.0) || !std::isfinite(least))
     return 0.0;
   // The power of ten below the span; of a span that is one, the next below it.
@@ -80,7 +80,7 @@ double LinearStep(double min, double max) {
   if (DecimalPower(exponent) == least)
     --exponent;
   double step = DecimalPower(exponent);
-  while (kLeastSteps * step > most)
+  while (step > most)
     step *= 0.5;
   return step;
 }

@@ -39,7 +39,8 @@ struct GraphAxis {
   double xPointValue(int pixel) const { return hor.GetValueByPos(pixel); }
   /// ver.max less the pixels below it times scale, on a logarithmic axis too.
   double yPointValue(int pixel) const { return ver.max - pixel * ver.scale; }
-  /// Takes the units of the series on show, without prefix. Null is none.
+  /// Takes the units of the series on show, without prefix. Null is none. An axis that has a range
+  /// gets the power and the labels of a new unit.
   virtual void SetUnits(const char* xUnit, const char* yUnit);
 
   AxisData hor;

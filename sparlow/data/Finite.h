@@ -9,9 +9,12 @@ namespace sparlow {
 /// fast mathematics has the compiler take every comparison that would tell for granted.
 /// Threads: works on its arguments alone; any.
 inline bool BothFinite(double a, double b) noexcept {
-  constexpr std::uint64_t exponent = 0x7FF0'0000'0000'0000;
-  return (std::bit_cast<std::uint64_t>(a) & exponent) != exponent &&
-         (std::bit_cast<std::uint64_t>(b) & exponent) != exponent;
+  constexpr std::uint64_t limit = 0xFFE0'0000'0000'0000;
+  const auto finite = [](double d) { return std::bit_cast<std::uint64_t>(d) << 1 < limit; };
+  // A sum of what isn't finite isn't either. That of two huge numbers may not be, though they are.
+  if (finite(a + b)) [[likely]]
+    return true;
+  return finite(a) && finite(b);
 }
 
 }  // namespace sparlow

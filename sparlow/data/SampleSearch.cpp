@@ -46,7 +46,7 @@ double lastOf(const SampleReader& samples, unsigned b) {
 
 // The first of the blocks from b on for which reaches(block) holds, or last; it goes on holding.
 template <class Reaches>
-unsigned firstBlock(unsigned b, unsigned last, const Reaches& reaches) {
+unsigned firstBlockThat(unsigned b, unsigned last, const Reaches& reaches) {
   while (b < last) {
     const unsigned middle = b + (last - b) / 2;
     if (reaches(middle))
@@ -59,16 +59,16 @@ unsigned firstBlock(unsigned b, unsigned last, const Reaches& reaches) {
 
 }  // namespace
 
-int FindSampleInBlocks(const SampleReader& samples, unsigned& b, double value, bool roundUp) {
+int FindSampleInBlocks(const SampleReader& samples, double value, bool roundUp,
+                       unsigned firstBlock) {
   const unsigned blocks = samples.blockCount();
-  const auto sampleOf = [&](unsigned block, int place) {
-    b = block;
+  const auto sampleOf = [](unsigned block, int place) {
     return static_cast<int>(block << SampleBlock::kShift) + place;
   };
   if (std::isnan(value))
     return -1;
   if (!samples.ascending()) {
-    for (unsigned block = b; block < blocks; ++block) {
+    for (unsigned block = firstBlock; block < blocks; ++block) {
       // A single sample is found by any value below it, if there is no other.
       if (samples.countIn(block) == 1 && block > 0 && !same(value, samples.block(block).xAt(0)))
         continue;
@@ -78,7 +78,7 @@ int FindSampleInBlocks(const SampleReader& samples, unsigned& b, double value, b
     }
     return -1;
   }
-  const unsigned found = firstBlock(0, blocks, [&](unsigned block) {
+  const unsigned found = firstBlockThat(0, blocks, [&](unsigned block) {
     const double x = lastOf(samples, block);
     return value <= x || same(value, x);
   });
@@ -98,7 +98,7 @@ unsigned BlockAround(const SampleReader& samples, unsigned last, double value) {
   const auto reaches = [&](unsigned b) { return !(value > lastOf(samples, b)); };
   unsigned b = 0;
   if (samples.ascending()) {
-    b = firstBlock(0, last, reaches);
+    b = firstBlockThat(0, last, reaches);
     return begins(b) ? b : last;
   }
   while (b < last && !(begins(b) && reaches(b)))

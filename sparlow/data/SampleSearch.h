@@ -16,8 +16,9 @@ int FindSample(const SampleBlock& block, unsigned lo, unsigned hi, double value,
 /// The sample at value. Between two of them it is the one behind value if roundUp is true, else the
 /// one before it, also where they lie in two blocks. -1 before the first sample, unless roundUp is
 /// true, and -1 beyond the last one. Where x doesn't ascend, what FindSample gives in the first of
-/// the blocks from b on that has a place. b becomes the block of what was found.
-int FindSampleInBlocks(const SampleReader& samples, unsigned& b, double value, bool roundUp);
+/// the blocks from firstBlock on that has a place.
+int FindSampleInBlocks(const SampleReader& samples, double value, bool roundUp,
+                       unsigned firstBlock = 0);
 
 /// The first of the blocks 0 to last whose x goes from value or below to value or above; last when
 /// there is none before it.

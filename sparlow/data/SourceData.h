@@ -88,7 +88,8 @@ class SourceData {
   /// Empties the series. Samples that somebody reads at the moment go when the reader is done.
   ///
   /// A fill without a transfer is Reset, Add..., AdjustSizeTo, and CalculateStatParams for the
-  /// statistics. Without the Reset, samples go behind those that are there, and the interval stays.
+  /// statistics. Without the Reset, samples go behind those that are there, and the interval begins
+  /// where it did.
   virtual void Reset();
   /// Reset, unless a transfer of another thread's runs: false then. Any thread, but not beside one
   /// that adds samples without a transfer.
@@ -159,10 +160,10 @@ class SourceData {
   ///@}
 
   /// @name Interval on show
-  /// What moves it declines on a series without samples, an empty interval, and an x that is not
-  /// finite; operations with an answer return true when it changed, and false when nothing did. A
-  /// move puts the cursors on the ends of the new interval, unless it says otherwise. A null axis
-  /// counts as an automatic one. Classes that override one of them take a const AxisData*.
+  /// Operations with an answer return true when it changed, and false when nothing did, as on a
+  /// series without samples and for an x that is not finite. A move puts the cursors on the ends of
+  /// the new interval, unless it says otherwise. A null axis counts as an automatic one. Classes that
+  /// override one of them take a const AxisData*.
   /// Threads: the window's; reading, any.
   ///@{
   /// The interval with its effective end, cut to the samples: from <= end <= GetSize().
@@ -191,11 +192,11 @@ class SourceData {
   /// Sample at or before x; 0 below the first one and without samples, the last one beyond it. An x
   /// between the samples of two blocks gives the first sample of the last block.
   unsigned GetxValueIndex(double x) const;
-  /// The same, and between two blocks too it is the sample before x.
+  /// The same, and between two blocks too it is the sample before x, where x ascends.
   unsigned SampleAtOrBefore(double x) const;
   /// The samples from min to max of the axis, with one more at each side, and the cursors on the
   /// first and the last one that lie in the range. A range that begins beyond the last sample shows
-  /// all of them.
+  /// all of them. Nothing for ends that aren't finite; a series without samples shows none.
   void SetInterval(const AxisData& axis);
   /// The same from xFrom to xTo.
   void SetIntervalByX(double xFrom, double xTo);
@@ -208,12 +209,13 @@ class SourceData {
   virtual bool ZoomInByCursor();
   virtual void ZoomOutFull(const AxisData* axis) { ResetInterval(axis); }
   /// Divides or multiplies the interval about its middle; one that becomes the whole series follows
-  /// new samples in a transfer. Declines on a fixed axis, zooming in on two samples or fewer,
-  /// zooming out of all, and for a factor below 2.
+  /// new samples in a transfer. Declines on a fixed axis, on an empty interval, zooming in on two
+  /// samples or fewer, zooming out of all, and for a factor below 2.
   bool SetIntervalBySample(bool zoomIn, const AxisData* axis, int factor);
-  /// Shifts the interval, as far as there are samples. Declines on a fixed axis.
+  /// Shifts the interval, as far as there are samples. Declines on a fixed axis, and an empty one.
   bool Scroll(int samples, const AxisData* axis);
-  /// Moves the interval to a first sample, or to the end of the series if it would go beyond.
+  /// Moves the interval to a first sample, or to the end of the series if it would go beyond; not an
+  /// empty one.
   void ScrollTo(unsigned first);
   ///@}
 

@@ -47,10 +47,9 @@ unsigned SourceData::GetAnalyzeTo() const {
 
 unsigned SourceData::SampleAtOrBefore(double x) const {
   const SampleReader samples = Read();
-  unsigned b = 0;
   if (!samples.ascending() || samples.empty() || x > samples.x(samples.size() - 1))
     return GetxValueIndex(x);
-  return static_cast<unsigned>(std::max(FindSampleInBlocks(samples, b, x, false), 0));
+  return static_cast<unsigned>(std::max(FindSampleInBlocks(samples, x, false), 0));
 }
 
 unsigned SourceData::GetxValueIndex(double x) const {
@@ -82,9 +81,9 @@ void SourceData::SetIntervalByX(double xFrom, double xTo) {
 }
 
 SampleInterval SourceData::findInterval(const SampleReader& samples, double xFrom, double xTo) {
-  unsigned b = 0;
-  const int start = FindSampleInBlocks(samples, b, xFrom, false);
-  const int end = FindSampleInBlocks(samples, b, xTo, true);
+  const int start = FindSampleInBlocks(samples, xFrom, false);
+  const unsigned block = static_cast<unsigned>(std::max(start, 0)) >> SampleBlock::kShift;
+  const int end = FindSampleInBlocks(samples, xTo, true, block);
   SampleInterval found{0, samples.size()};
   if (start >= 0)
     found.from = static_cast<unsigned>(start);

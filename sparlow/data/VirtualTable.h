@@ -16,7 +16,7 @@ class VirtualTable {
   /// Of a class whose virtual functions begin with it, as it is with single inheritance.
   template <class Class>
   explicit VirtualTable(const Class& object) {
-    std::memcpy(&entries_, &object, sizeof(entries_));
+    std::memcpy(&entries_, static_cast<const void*>(&object), sizeof(entries_));
   }
 
   /// A call of the function comes to the same code by both tables.
@@ -29,7 +29,9 @@ class VirtualTable {
  private:
   template <class Class, class Function>
   const void* entry(Function Class::*function) const {
-#if defined(__GXX_ABI_VERSION) && !defined(__arm64e__) && !defined(__Fuchsia__)
+#if defined(__GXX_ABI_VERSION) && !defined(__arm64e__) && !defined(__Fuchsia__) &&           \
+    (defined(__x86_64__) || defined(__i386__) || defined(__aarch64__) || defined(__arm__) || \
+     defined(__riscv))
     struct {
       std::ptrdiff_t code, adjustment;
     } parts;

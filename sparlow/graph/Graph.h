@@ -310,6 +310,7 @@ class Graph {
   bool SetAxisAutoRange();
   bool fitLiveAxes();
   void fitAxes(bool wholeInterval);
+  bool muchToRenderBeside() const;
   bool RenderGraph(bool reset);
   void sbRender();
   bool hsbValid() const;
@@ -323,8 +324,8 @@ class Graph {
   /// closed, before or by it.
   bool whileNobodyRenders(const std::function<bool()>& change);
   bool canZoom() const;
+  void zoomInterval(const std::function<bool()>& zoom);
   bool zoomVertically();
-  bool zoomedByUser(bool zoomed);
   void zoomBySample(bool in);
   double verticalStep() const;
   void editRange(AxisData GraphAxis::*which);

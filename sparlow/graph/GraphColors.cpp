@@ -1,6 +1,7 @@
 #include "sparlow/graph/GraphColors.h"
 
 #include <array>
+#include <cmath>
 
 namespace sparlow {
 
@@ -48,15 +49,20 @@ COLORREF mix(COLORREF color, COLORREF other, int shades) {
   return mixed;
 }
 
-/// By the distance of the two in the cube of red, green and blue.
-bool differ(COLORREF a, COLORREF b) {
-  constexpr int least = 150;
-  int square = 0;
-  for (const int shift : {0, 8, 16}) {
-    const int d = channel(a, shift) - channel(b, shift);
-    square += d * d;
-  }
-  return square >= least * least;
+/// Relative luminance, 0 to 1 (W3C, Web Content Accessibility Guidelines 2.1).
+double luminance(COLORREF color) {
+  constexpr std::array<double, 3> weights{0.2126, 0.7152, 0.0722};
+  double sum = 0.0;
+  for (std::size_t i = 0; i < weights.size(); ++i)
+    sum += weights[i] * std::pow(channel(color, static_cast<int>(8 * i)) / 255.0, 2.2);
+  return sum;
+}
+
+/// A thin line on a dark ground has to be brighter; on a light one little is enough.
+bool isSeen(COLORREF color, COLORREF ground) {
+  constexpr double onDark = 3.0, onLight = 1.2, light = 0.5;
+  const double line = luminance(color) + 0.05, under = luminance(ground) + 0.05;
+  return line > under ? line >= onDark * under : under > light && under >= onLight * line;
 }
 
 }  // namespace
@@ -64,7 +70,7 @@ bool differ(COLORREF a, COLORREF b) {
 COLORREF GraphColors::Visible(COLORREF color) const {
   for (int shades = 0; shades < kShades; ++shades) {
     const COLORREF shade = mix(color, text, shades);
-    if (differ(shade, backActive) && differ(shade, backInactive))
+    if (isSeen(shade, backActive) && isSeen(shade, backInactive))
       return shade;
   }
   return text;

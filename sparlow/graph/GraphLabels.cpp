@@ -39,7 +39,8 @@ void Graph::DrawVerticalLabels(CDC* dc) {
     const CString text = labelText(axis->ver, slot);
     const int cellHeight = dc->GetTextExtent(text).cy;
     const int top = height - cellHeight / 2 - step.pos;
-    if (std::abs(top - previous) >= cellHeight) {
+    // A step without a label is in nobody's way.
+    if (!text.empty() && std::abs(top - previous) >= cellHeight) {
       dc->TextOut(right, top, text);
       previous = top;
     }
@@ -63,7 +64,7 @@ void Graph::DrawHorizontalLabels(CDC* dc) {
     const CString text = labelText(axis->hor, slot);
     const int textWidth = dc->GetTextExtent(text).cx;
     const bool overlaps = slot != 0 && std::abs(step.pos - previous) < textWidth;
-    if (!overlaps && step.pos + textWidth / 2 < end) {
+    if (!text.empty() && !overlaps && step.pos + textWidth / 2 < end) {
       dc->TextOut(step.pos, top, text);
       previous = step.pos;
     }

@@ -13,11 +13,12 @@ namespace sparlow {
 /// resolution.
 class Graph::PaperLooks {
  public:
-  explicit PaperLooks(Graph& graph)
-      : graph_(graph),
-        colors_(graph.colors),
-        series_(graph.activeViewData),
-        trace_(series_->GetColor()) {
+  explicit PaperLooks(Graph& graph) : graph_(graph), colors_(graph.colors) {
+    for (ViewData* const series : graph.AllSeries()) {
+      traces_.emplace_back(series, series->GetColor());
+      // One for a dark screen may not be seen on paper.
+      series->SetColor(paper_.Visible(series->GetColor()));
+    }
     constexpr double pixelsOnPaper = 7;
     graph.pixelFactor = pixelsOnPaper;
     graph.SetColors(&paper_);
@@ -25,8 +26,9 @@ class Graph::PaperLooks {
   ~PaperLooks() {
     graph_.pixelFactor = 1.0;
     graph_.SetColors(colors_);
-    // One of several series has a colour that isn't the scheme's.
-    series_->SetColor(trace_);
+    // Those of several series aren't the scheme's.
+    for (const auto& [series, color] : traces_)
+      series->SetColor(color);
   }
   PaperLooks(const PaperLooks&) = delete;
   PaperLooks& operator=(const PaperLooks&) = delete;
@@ -34,9 +36,8 @@ class Graph::PaperLooks {
  private:
   Graph& graph_;
   GraphColors* const colors_;
-  ViewData* const series_;
-  const COLORREF trace_;
   GraphColors paper_;
+  std::vector<std::pair<ViewData*, COLORREF>> traces_;
 };
 
 void Graph::Print(CDC* dc, const CRect& rect) {

@@ -39,21 +39,24 @@ void Graph::UpdateCursorsReadout() {
   if (RestrictGraphOperationInRealTime && series->inTransfer)
     return;
   const ReadoutSender bar(barWindow);
-  const SampleReader samples = series->Read();
+  SampleReader samples;
   unsigned left = 0, right = 0;
   double yLeft = 0.0, yRight = 0.0;
-  // On a worker, while the user moves a cursor: y is asked of the series, and is to belong to the
-  // same sample as x. Of one who moves it all the time the window's thread sends what is due.
+  // On a worker, while the user moves a cursor or a new data set begins: y is asked of the series,
+  // and is to belong to the same sample as x. Of one who moves it all the time the window's thread
+  // sends what is due.
   int tries = 0;
   do {
     if (++tries > 100)
       return;
+    samples = series->Read();
     left = static_cast<unsigned>(series->iLCursor.load());
     right = static_cast<unsigned>(series->iRCursor.load());
     yLeft = series->yLCursorGet();
     yRight = series->yRCursorGet();
   } while (left != static_cast<unsigned>(series->iLCursor.load()) ||
-           right != static_cast<unsigned>(series->iRCursor.load()));
+           right != static_cast<unsigned>(series->iRCursor.load()) ||
+           samples.serial() != series->Read().serial());
   // A new data set may have begun since.
   if (left >= samples.size() || right >= samples.size())
     return;

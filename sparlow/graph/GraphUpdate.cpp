@@ -62,7 +62,7 @@ Graph::Update Graph::update(GraphWorkers& shared) {
     layOut();
     // Columns of another data set, interval or scale can't be continued, whatever the axes say.
     fullRender = fullRender || !series->CanContinueRender(*axis);
-    if (fullRender && largestInterval() > updateRenderLimit)
+    if ((fullRender && largestInterval() > updateRenderLimit) || muchToRenderBeside())
       return Update::worker;
     RenderSecondaryGraphs();
     if (!RenderGraph(fullRender))
@@ -71,6 +71,19 @@ Graph::Update Graph::update(GraphWorkers& shared) {
   UpdateCursorsReadout();
   UpdateStaParams();
   return Update::ready;
+}
+
+// While samples come, a series beside the active one goes on over its columns; one that can't, since
+// its own samples or its mapping have changed, may be long. One that is being analysed is left out.
+bool Graph::muchToRenderBeside() const {
+  for (const ViewData* const series : AllSeries()) {
+    if (series == activeViewData || series->GetIntervalSize() <= updateRenderLimit ||
+        series->CanContinueRender(*axis))
+      continue;
+    if (const DataLock free(series->threadsMutex, std::try_to_lock); free)
+      return true;
+  }
+  return false;
 }
 
 bool Graph::RenderGraph(bool reset) {

@@ -35,7 +35,8 @@ void Graph::ZoomInByPoint() {
     const double left = axis->xPointValue(zoomStart.x), right = axis->xPointValue(zoomEnd.x);
     zoomed = zoomVertically();
     zoomed = activeViewData.load()->ZoomInByPoint(left, right, &axis->hor) || zoomed;
-    zoomedByUser(zoomed);
+    if (zoomed)
+      axis->preset = false;
     return true;
   });
   if (!tried)
@@ -65,16 +66,18 @@ bool Graph::zoomVertically() {
   return true;
 }
 
-// A range that the host has preset holds until the user wants another one.
-bool Graph::zoomedByUser(bool zoomed) {
-  if (zoomed)
-    axis->preset = false;
-  return zoomed;
+void Graph::ZoomInByCursor() {
+  zoomInterval([this] { return activeViewData.load()->ZoomInByCursor(); });
 }
 
-void Graph::ZoomInByCursor() {
-  const bool zoomed = whileNobodyRenders(
-      [this] { return canZoom() && zoomedByUser(activeViewData.load()->ZoomInByCursor()); });
+// A range that the host has preset holds until the user wants another one.
+void Graph::zoomInterval(const std::function<bool()>& zoom) {
+  const bool zoomed = whileNobodyRenders([&] {
+    if (!canZoom() || !zoom())
+      return false;
+    axis->preset = false;
+    return true;
+  });
   if (zoomed)
     UpdateGraph();
 }
@@ -89,24 +92,15 @@ void Graph::ZoomOutBySample() {
 
 void Graph::zoomBySample(bool in) {
   constexpr int factor = 2;
-  const bool zoomed = whileNobodyRenders([&] {
-    return canZoom() &&
-           zoomedByUser(activeViewData.load()->SetIntervalBySample(in, &axis->hor, factor));
-  });
-  if (zoomed)
-    UpdateGraph();
+  zoomInterval([&] { return activeViewData.load()->SetIntervalBySample(in, &axis->hor, factor); });
 }
 
 void Graph::ZoomOutFull() {
-  const bool zoomed = whileNobodyRenders([this] {
-    if (!canZoom())
-      return false;
+  zoomInterval([this] {
     zoomOutFullPrimary();
     zoomOutFullSecondary();
-    return zoomedByUser(true);
+    return true;
   });
-  if (zoomed)
-    UpdateGraph();
 }
 
 void Graph::DrawZoomBox(CDC* dc) {

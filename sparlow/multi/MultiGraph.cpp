@@ -66,7 +66,7 @@ bool MultiGraph::add(SourceDataList& list, ViewData* data, const COLORREF* color
 // answered meanwhile, by a host's code.
 bool MultiGraph::append(SourceDataList& list, ViewData* data, bool makeActive) {
   return changeSeries([&] {
-    if (list.count >= maxSeries || list.Holds(data))
+    if (list.count >= maxSeries || IsListed(data))
       return false;
     workers->Readmit(data);
     {

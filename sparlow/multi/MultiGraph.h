@@ -14,8 +14,8 @@ inline constexpr UINT ID_SELECT_MASK = 107;
 inline constexpr UINT ID_REMOVE_SELECTED = 113;
 
 /// Colours of overlaid series, in the order in which they are given, each as GraphColors::Visible
-/// makes it of the scheme in use. After a change of scheme a host does the same:
-/// series.SetColor(scheme.Visible(series.GetColor())).
+/// makes it of the scheme in use. After SetColors, which gives the active series the trace colour, a
+/// host does the same for all: series.SetColor(scheme.Visible(the colour that it had before)).
 inline constexpr COLORREF GraphColorTable[] = {0x000000, 0x0000C0, 0x008000,
                                                0xFF0000, 0x20C0FF, 0xFF00FF};
 
@@ -76,12 +76,12 @@ class MultiGraph : public Graph {
   void DrawSubLegend(CDC* dc, CRect rect, const SourceDataList& list);
   void DrawList(CDC* dc, const SourceDataList& list);
 
+  /// One of the graph's lists has the series.
+  virtual bool IsListed(const ViewData* data) const { return viewDataList.Holds(data); }
   /// A list as it stands. Any thread.
   SourceDataList Snapshot(const SourceDataList& list) const;
   /// Adds a series to a list of at most 6, which have the colours of a table in turn. Calls refuse
   /// for the 7th. False when nothing was added.
-  /// One of the graph's lists has the series.
-  virtual bool IsListed(const ViewData* data) const { return viewDataList.Holds(data); }
   bool add(SourceDataList& list, ViewData* data, const COLORREF* colorTable, void (*refuse)(),
            bool makeActive);
   /// Stops whoever works at a series and takes it out. False when the graph was closed meanwhile,

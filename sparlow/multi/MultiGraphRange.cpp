@@ -1,6 +1,7 @@
 // What several series on one pair of axes show: their intervals, the range of the axes, the columns.
 
 #include <algorithm>
+#include <cmath>
 
 #include "sparlow/data/SampleSearch.h"
 #include "sparlow/multi/MultiGraph.h"
@@ -30,7 +31,11 @@ void MultiGraph::defineMinMax() {
 
 MultiGraph::XRange MultiGraph::windowOnShow() const {
   const AxisData& hor = axis->hor;
-  return hor.autoRange ? XRange{xMin, xMax} : XRange{hor.fixedMin, hor.fixedMax};
+  if (hor.autoRange)
+    return {xMin, xMax};
+  if (!std::isfinite(hor.fixedMin) || !std::isfinite(hor.fixedMax))
+    return {hor.min, hor.max};
+  return {std::min(hor.fixedMin, hor.fixedMax), std::max(hor.fixedMin, hor.fixedMax)};
 }
 
 bool MultiGraph::hasSampleIn(const ViewData& data, XRange window) {

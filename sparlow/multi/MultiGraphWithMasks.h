@@ -10,8 +10,9 @@ inline constexpr COLORREF MaskColorTable[] = {0xFFC000, 0x00C6C6, 0xC600C6,
 
 /// Overlaid series with up to 6 masks over them: series of their own, which ApplyMask fills on a
 /// worker while they are empty, named in a column of their own that takes half of the legend at
-/// most. A mask can be picked and made active as a series can, once it has samples. It keeps its
-/// interval when the graph is zoomed; a fixed horizontal axis gives it its range.
+/// most. A mask can be picked and made active as a series can; the menu offers those that have
+/// samples. It keeps its interval when the graph is zoomed, and the vertical axis holds all of that; a
+/// fixed horizontal axis gives it its range.
 /// Threads: the window's, unless an operation says otherwise.
 class MultiGraphWithMasks : public MultiGraph {
  public:

@@ -25,11 +25,13 @@ class CopyableAtomic {
   }
   operator T() const noexcept { return load(); }
   T operator->() const noexcept requires std::is_pointer_v<T> { return load(); }
-  /// Each gives the new value, and loses no other thread's change.
-  T operator+=(T by) noexcept requires kCounts { return value_.fetch_add(by) + by; }
-  T operator-=(T by) noexcept requires kCounts { return value_.fetch_sub(by) - by; }
-  T operator++() noexcept requires kCounts { return *this += T{1}; }
-  T operator--() noexcept requires kCounts { return *this -= T{1}; }
+  /// As of a plain value, and no other thread's change is lost.
+  T operator+=(T by) noexcept requires kCounts { return value_ += by; }
+  T operator-=(T by) noexcept requires kCounts { return value_ -= by; }
+  T operator++() noexcept requires kCounts { return value_ += T{1}; }
+  T operator--() noexcept requires kCounts { return value_ -= T{1}; }
+  T operator++(int) noexcept requires kCounts { return value_.fetch_add(T{1}); }
+  T operator--(int) noexcept requires kCounts { return value_.fetch_sub(T{1}); }
 
   T load(std::memory_order order = std::memory_order_acquire) const noexcept {
     return value_.load(order);

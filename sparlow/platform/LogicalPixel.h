@@ -16,7 +16,8 @@ struct LogicalPixel {
   /// Logical pixels in device pixels. factor: what the device that is drawn on multiplies all of them
   /// by, 1 on the screen (CDC::GetPixelFactor).
   static int ToDevice(int logical, double factor = 1.0) {
-    return static_cast<int>(std::lround(logical * LogPixelSize.load() * factor));
+    return static_cast<int>(
+        std::lround(static_cast<double>(logical) * LogPixelSize.load() * factor));
   }
 };
 

@@ -116,9 +116,9 @@ std::string_view takeNumber(std::string_view& text) {
 /// With a point in place of another sign between two digits, or before the first one.
 std::string withPoint(std::string_view text, std::string_view decimalSign) {
   std::string pointed(text);
-  const std::size_t at = decimalSign.empty() ? text.npos : text.find(decimalSign);
+  const std::size_t at = decimalSign.empty() ? std::string_view::npos : text.find(decimalSign);
   const std::size_t sign = text.starts_with('-') ? 1 : 0;
-  if (at != text.npos && text.find_first_not_of("0123456789", sign) == at)
+  if (at != std::string_view::npos && text.find_first_not_of("0123456789", sign) == at)
     pointed.replace(at, decimalSign.size(), ".");
   return pointed;
 }

@@ -27,7 +27,7 @@ class SamplesInHand {
   const SourceData* series_;
   const SampleReader* samples_;
   SamplesInHand* outer_;
-  static thread_local SamplesInHand* innermost;
+  static inline constinit thread_local SamplesInHand* innermost = nullptr;
 };
 
 }  // namespace sparlow

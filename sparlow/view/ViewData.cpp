@@ -13,7 +13,8 @@ ViewData::ViewData(const ViewData& other, const DataLock& /*held*/)
     : SourceData(other),
       ViewColumns(other),
       color(other.color),
-      standardMapping_(other.standardMapping_) {
+      standardMapping_(other.standardMapping_),
+      rowMapping_(other.rowMapping_) {
   noteOwnTable();
 }
 

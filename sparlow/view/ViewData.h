@@ -54,8 +54,8 @@ class ViewData : public SourceData, public ViewColumns {
   /// Threads: any.
   virtual int xPosGet(unsigned sample, const GraphAxis* axis) const;
   virtual int yPosGet(unsigned sample, const GraphAxis* axis) const;
-  /// Pixels of samples in a row, which exist, for a class whose mapping is cheaper so: what a render
-  /// calls in place of the two above, where one of those is overridden. The numbers must be theirs.
+  /// Pixels of samples in a row, which exist: what a render calls in place of the two above for a
+  /// class that has declared it by UsePosGet. The numbers must be theirs.
   /// Threads: those that render.
   virtual void PosGet(unsigned first, unsigned count, const GraphAxis* axis, int* xs,
                       int* ys) const;
@@ -65,12 +65,12 @@ class ViewData : public SourceData, public ViewColumns {
   void MappingChanged() { ++mappingChanges_; }
   /// Samples lie where the axis puts them: xPosGet, yPosGet, both are the ones of this class.
   /// Threads: any.
-  bool MapsXByAxis() const;
-  bool MapsYByAxis() const;
+  bool MapsXByAxis() const { return keeps(&ViewData::xPosGet) || isDeclared(); }
+  bool MapsYByAxis() const { return keeps(&ViewData::yPosGet) || isDeclared(); }
   bool MapsByAxes() const { return MapsXByAxis() && MapsYByAxis(); }
   /// The samples of the interval in x, as SetIntervalParams gives them, and the range of their y:
-  /// exact where SetIntervalParams and yPosGet are those of this class, else as
-  /// SetIntervalParams gives it.
+  /// exact where SetIntervalParams and yPosGet are those of this class, else as SetIntervalParams
+  /// gives it. Of the whole series it is that of all samples since the last Reset.
   /// Threads: any.
   IntervalBounds GetBoundsOnShow() const;
   ///@}
@@ -143,6 +143,10 @@ class ViewData : public SourceData, public ViewColumns {
   /// here. It holds for objects of exactly that type. Only for compilers of which VirtualTable knows
   /// nothing: with all others a render sees by itself what a class has overridden.
   void UseStandardMapping(const std::type_info& type) { standardMapping_ = &type; }
+  /// Declares, from its constructor, that a derived class with a mapping of its own gives many pixels
+  /// in one PosGet faster than one by one. It holds for objects of exactly that type: one that is
+  /// derived further may map in another way, and is asked for each sample unless it declares itself.
+  void UsePosGet(const std::type_info& type) { rowMapping_ = &type; }
 
  private:
   struct Column;
@@ -186,6 +190,7 @@ class ViewData : public SourceData, public ViewColumns {
   static inline CopyableAtomic<int> DrawStyle{0x100};
   static inline VirtualTable ownTable;  // of a ViewData itself
   const std::type_info* standardMapping_ = &typeid(ViewData);
+  const std::type_info* rowMapping_ = &typeid(ViewData);
   CopyableAtomic<unsigned> mappingChanges_ = 0u;
 };
 

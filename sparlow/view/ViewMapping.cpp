@@ -7,8 +7,6 @@
 
 namespace sparlow {
 
-thread_local SamplesInHand* SamplesInHand::innermost = nullptr;
-
 namespace {
 
 std::once_flag ownTableNoted;
@@ -47,14 +45,6 @@ void ViewData::PosGet(unsigned first, unsigned count, const GraphAxis* axis, int
 // While the constructor runs an object is a ViewData, whatever it becomes.
 void ViewData::noteOwnTable() {
   std::call_once(ownTableNoted, [this] { ownTable = VirtualTable(*this); });
-}
-
-bool ViewData::MapsXByAxis() const {
-  return keeps(&ViewData::xPosGet) || isDeclared();
-}
-
-bool ViewData::MapsYByAxis() const {
-  return keeps(&ViewData::yPosGet) || isDeclared();
 }
 
 // A ViewData itself is, also one that was copied from a class which has declared another type.

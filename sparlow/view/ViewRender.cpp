@@ -180,7 +180,7 @@ bool ViewData::renderPlain(Fold& fold, const GraphAxis& axis, const RenderKey& k
 }
 
 void ViewData::foldByOwnMapping(Fold& fold, const GraphAxis& axis) {
-  if (!keeps(&ViewData::PosGet))
+  if (typeid(*this) == *rowMapping_)
     return foldWith(fold, RowPixels{this, &axis});
   const auto told = [this, stoppable = fold.full] { return stoppable && toldToStop(); };
   foldWith(fold, OwnPixels{this, &axis, !MapsXByAxis(), !MapsYByAxis(), told});

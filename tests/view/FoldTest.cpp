@@ -21,6 +21,7 @@ struct OwnBoth : OwnX {
   }
 };
 struct InRows : OwnBoth {
+  InRows() { UsePosGet(typeid(InRows)); }
   void PosGet(unsigned first, unsigned count, const GraphAxis*, int* xs, int* ys) const override {
     for (unsigned i = 0; i < count; ++i) {
       xs[i] = static_cast<int>(first + i) / 3;
@@ -28,6 +29,7 @@ struct InRows : OwnBoth {
     }
   }
 };
+struct BelowRows : InRows {};
 struct KeepsAll : Live<ViewData> {};
 
 TEST(Fold, AsksAClassForWhatItOverridesAndForNothingElse) {
@@ -49,6 +51,7 @@ TEST(Fold, AsksAClassForWhatItOverridesAndForNothingElse) {
   expect(OwnXBelow(), 3000, 90000, 0);
   expect(OwnBoth(), 3000, 180000, 7);
   expect(InRows(), 16384, 0, 7);
+  expect(BelowRows(), 3000, 180000, 7);
 }
 
 TEST(Fold, TellsTheExactRangeOnShowOfAClassWithoutBoundsOfItsOwn) {

@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QWhatsThis>
+#include <algorithm>
 #include <cmath>
 
 #include "sparlow/platform/UiThread.h"
@@ -167,16 +168,24 @@ void QtDialog::SetItemText(int id, const std::string& utf8) {
   }
 }
 
-/// All fields as wide as the text of one takes, and the dialog with them.
+/// All fields as wide as the text of one takes, if that isn't more than a number with its unit, and
+/// the dialog with them.
 void QtDialog::makeRoom(const QLineEdit& field) {
+  constexpr int most = 45;
   // A field's own size hint is that of 17 characters and its frame.
   const QFontMetrics metrics(field.font());
-  const int frame = field.sizeHint().width() - 17 * metrics.horizontalAdvance(QLatin1Char('x'));
-  const int more = metrics.horizontalAdvance(field.text()) + frame - field.width();
+  const int character = metrics.horizontalAdvance(QLatin1Char('x'));
+  const int frame = field.sizeHint().width() - 17 * character;
+  const int text = std::min(metrics.horizontalAdvance(field.text()), most * character);
+  const int more = text + frame - field.width(), right = field.geometry().right();
   if (more <= 0)
     return;
-  for (QLineEdit* const each : widget_->findChildren<QLineEdit*>())
-    each->resize(each->width() + more, each->height());
+  for (const auto& [id, item] : items_) {
+    if (qobject_cast<QLineEdit*>(item))
+      item->resize(item->width() + more, item->height());
+    else if (item->x() > right)
+      item->move(item->x() + more, item->y());
+  }
   widget_->setFixedSize(widget_->size() + QSize(more, 0));
 }
 
