@@ -31,8 +31,16 @@ void MultiGraph::defineMinMax() {
 
 MultiGraph::XRange MultiGraph::windowOnShow() const {
   const AxisData& hor = axis->hor;
-  if (hor.autoRange)
+  if (hor.autoRange && xMax - xMin >= hor.epsilon)
     return {xMin, xMax};
+  if (hor.autoRange) {
+    // A single sample: the axis widens that.
+    AxisData finished = hor;
+    finished.SetMin(xMin);
+    finished.SetMax(xMax);
+    finished.SetParams();
+    return {finished.min, finished.max};
+  }
   if (!std::isfinite(hor.fixedMin) || !std::isfinite(hor.fixedMax))
     return {hor.min, hor.max};
   return {std::min(hor.fixedMin, hor.fixedMax), std::max(hor.fixedMin, hor.fixedMax)};

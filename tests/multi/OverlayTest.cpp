@@ -103,6 +103,14 @@ TEST_F(OverlayTest, AFixedAxisFitsTheCurvesInItsRange) {
   view->UpdateGraph();
   EXPECT_EQ(axis.ver.max, 9);
   EXPECT_EQ(axis.ver.min, 0);
+  // Of a single sample on show, the range that the axis makes of it.
+  axis.hor.ResetFixed();
+  Fill(series, {{5, 0}, {50, 0}});
+  series.SetTo(1);
+  Fill(peak, {{4.96, 3}, {5.04, -3}});
+  view->UpdateGraph();
+  EXPECT_EQ(axis.hor.max, 5.05);
+  EXPECT_EQ(axis.ver.max, 3);
 }
 
 // What begins as the only one, put there by SetViewData, can be listed later.
