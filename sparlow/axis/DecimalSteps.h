@@ -51,7 +51,7 @@ double TakeLabel(LogSteps& steps, LogLabels which);
 struct LogLayout {
   LogSteps first;
   LogLabels labels = LogLabels::all;
-  /// Labelled steps from min to max, both included; some, if there are more than some.
+  /// Labelled steps from min to max, both included; 3 stands for more, too.
   unsigned inside = 0;
   /// False: there is nothing to walk on, a step of 0 or ends that are no numbers.
   bool valid = false;
