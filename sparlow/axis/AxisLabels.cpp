@@ -14,8 +14,8 @@ namespace sparlow {
 namespace {
 
 constexpr int kSlots = 100;
-constexpr int kMostDigits = 13;
-constexpr int kLogDigits = 7;
+constexpr int kLinearDigits = 13;
+constexpr int kLogDigits[] = {7, 13, 15, 17};
 /// How far from its value a label may read, as a share of the step.
 constexpr double kMostOff = 0.1;
 constexpr std::size_t kAddedZeros = 10;
@@ -50,7 +50,7 @@ int AxisData::WriteLinearLabels() {
   const double last = max + step * (1 + kStepsError);
   for (double value = firstStep; value <= last && std::isfinite(value) && count < kSlots;
        value = count * step + firstStep) {
-    WriteLabel(count, value, step, kMostDigits);
+    WriteLabel(count, value, step, kLinearDigits);
     ++count;
   }
   return count;
@@ -71,8 +71,11 @@ int AxisData::WriteLogLabels() {
     ended = value >= max - kStepsError * distance;
     if (!std::isfinite(value))
       break;
-    if (!WriteLabel(count, value, distance, kLogDigits))
-      WriteLabel(count, value, distance, kMostDigits);
+    // A narrow axis takes more of them, so that it can be read at all.
+    for (const int digits : kLogDigits) {
+      if (WriteLabel(count, value, distance, digits))
+        break;
+    }
   }
   return count;
 }

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "tests/axis/Axis.h"
+#include "tests/support/Asked.h"
 
 namespace sparlow::test {
 namespace {
@@ -108,11 +109,10 @@ struct ExactSteps {
   }
 };
 
-// Ends of up to 4 digits, in units of 1e-15: 100000 ranges, or SPARLOW_RANGES of them.
+// Ends of up to 4 digits, in units of 1e-15. SPARLOW_RANGES and SPARLOW_SEED ask for other ones.
 TEST(Scale, StepsAreThoseOfExactArithmetic) {
-  const char* const asked = std::getenv("SPARLOW_RANGES");
-  const int count = asked ? std::atoi(asked) : 100000;
-  std::mt19937 random(static_cast<unsigned>(count));
+  const auto count = static_cast<int>(Asked("SPARLOW_RANGES", 100000));
+  std::mt19937 random(Asked("SPARLOW_SEED", 1));
   const auto end = [&](double& value) {
     const int digits = static_cast<int>(random() % 19999) - 9999;
     const int exponent = static_cast<int>(random() % 31) - 15;

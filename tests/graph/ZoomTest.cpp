@@ -1,12 +1,12 @@
 // What zooms, scrolls and edited ranges make of interval, axes and scroll bars.
 
 #include <cstdio>
-#include <cstdlib>
 #include <limits>
 #include <random>
 
 #include "sparlow/graph/AxisRangeEditor.h"
 #include "tests/graph/GraphTest.h"
+#include "tests/support/Asked.h"
 
 namespace sparlow {
 namespace {
@@ -78,11 +78,10 @@ std::vector<std::pair<double, double>> Shape(int shape, std::mt19937& random) {
   return points;
 }
 
-// 2000 zooms, or SPARLOW_ZOOMS of them.
+// SPARLOW_ZOOMS and SPARLOW_SEED ask for more, or for other ones.
 TEST_F(ZoomTest, NoZoomCutsAPeakOff) {
-  const char* const asked = std::getenv("SPARLOW_ZOOMS");
-  const int count = asked ? std::atoi(asked) : 2000;
-  std::mt19937 random(static_cast<unsigned>(count));
+  const auto count = static_cast<int>(test::Asked("SPARLOW_ZOOMS", 2000));
+  std::mt19937 random(test::Asked("SPARLOW_SEED", 1));
   int cut = 0, loose = 0;
   for (int i = 0; i < count; ++i) {
     if (i % (count / 4 + 1) == 0)

@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <random>
 #include <string>
 
+#include "tests/support/Asked.h"
 #include "tests/support/RenderShapes.h"
 #include "tests/view/View.h"
 
@@ -16,15 +16,9 @@ struct Random {
   std::mt19937 engine;
 };
 
-/// Rounds of a test: SPARLOW_SHAPES asks for a thorough run.
-unsigned rounds(unsigned usual) {
-  const char* const asked = std::getenv("SPARLOW_SHAPES");
-  return asked ? static_cast<unsigned>(std::strtoul(asked, nullptr, 10)) : usual;
-}
-
 TEST(DenseRender, GivesTheColumnsOfThePlainFoldOverManyShapes) {
   Live<ViewData> view;
-  for (unsigned seed = 1; seed <= rounds(4000); ++seed) {
+  for (unsigned seed = 1; seed <= Asked("SPARLOW_SHAPES", 4000); ++seed) {
     Random random(seed);
     // One in forty reaches over several blocks.
     const std::string difference =
