@@ -118,9 +118,12 @@ bool Graph::fitLiveAxes() {
     axis->SetHor(xMin, xMax);
     changed = true;
   }
-  if (axis->ver.autoRange && (yMax - yMin >= axis->ver.range || beyond(axis->ver, yMin, yMax))) {
+  AxisData& ver = axis->ver;
+  if (ver.autoRange && (yMax - yMin >= ver.range || beyond(ver, yMin, yMax))) {
+    const double min = ver.min, max = ver.max;
     axis->SetVer(yMin, yMax);
-    changed = true;
+    // Without a margin the data reach both ends all the time.
+    changed = changed || ver.min != min || ver.max != max;
   }
   return changed;
 }

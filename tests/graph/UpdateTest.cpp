@@ -69,16 +69,28 @@ TEST_F(UpdateTest, APeakInAMarginMovesTheAxis) {
 }
 
 TEST_F(UpdateTest, OnlyNewSamplesAreRenderedHoweverManyThereAre) {
-  axis.yMarginPercent = 10;
-  Begin(series);
-  ShowMore(12000);
-  ASSERT_TRUE(AwaitIdle());
-  const int before = series.begun;
-  ShowMore(11000);
-  EXPECT_EQ(Workers(), 0);
-  EXPECT_EQ(series.begun, before + 1);
-  EXPECT_FALSE(series.lastWasFull);
-  ExpectTrueColumns();
+  for (const int margin : {0, 10}) {
+    SCOPED_TRACE(margin);
+    axis.yMarginPercent = margin;
+    series.Reset();
+    Begin(series);
+    const auto showMore = [this](int n) {
+      Points points;
+      for (int i = 0; i < n; ++i)
+        points.emplace_back((series.GetSize() + static_cast<unsigned>(i)) * 1e-3, i % 7);
+      AddPoints(series, points);
+      view->UpdateGraph();
+    };
+    showMore(12000);
+    ASSERT_TRUE(AwaitIdle());
+    const int before = series.begun;
+    showMore(11000);
+    EXPECT_EQ(Workers(), 0);
+    EXPECT_EQ(series.begun, before + 1);
+    EXPECT_FALSE(series.lastWasFull);
+    ExpectTrueColumns();
+    series.TermDataTransfer();
+  }
 }
 
 TEST_F(UpdateTest, LastSamplesSlideAlongTheAxis) {
