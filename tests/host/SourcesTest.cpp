@@ -69,13 +69,6 @@ TEST(EdgeSource, FindsCrossingsBetweenSamplesWithTheirDirection) {
   EXPECT_TRUE(edgesOf({}, std::nullopt).empty());
 }
 
-TEST(EdgeSource, IsFullWithWhatAWaveformHolds) {
-  std::vector<double> values;
-  for (int i = 0; i < 20'000; ++i)
-    values.push_back(i % 2);
-  EXPECT_EQ(edgesOf(values, std::nullopt).size(), 8192u);
-}
-
 class SoundSourceTest : public testing::Test {
  protected:
   std::string At(const char* name) { return folder.filePath(QLatin1String(name)).toStdString(); }

@@ -137,6 +137,17 @@ TEST_F(OverlayTest, AWriteToASecondarySampleOfALiveGraphIsSeen) {
   other.Set(3, other.xGet(3), other.yGet(3) + 0.01);
   view->UpdateGraph();
   EXPECT_NE(other.yPos[3], before);
+  // A long one is a worker's.
+  Fill(other, 20000);
+  axis.hor.autoRange = false;
+  axis.hor.fixedMax = 100;
+  EXPECT_TRUE(Paint());
+  other.CloseGate();
+  other.Set(3, other.xGet(3), other.yGet(3));
+  view->UpdateGraph();
+  EXPECT_EQ(Workers(), 1);
+  other.OpenGate();
+  EXPECT_TRUE(Paint());
 }
 
 TEST_F(OverlayTest, AViewPicksByMenu) {

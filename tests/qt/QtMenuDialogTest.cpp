@@ -118,16 +118,6 @@ TEST_F(QtMenuDialogTest, AMenuWorksByKeyboardAndShowsWhatItsOwnerSays) {
   EXPECT_EQ(commands, std::vector<WPARAM>{102});
 }
 
-TEST_F(QtMenuDialogTest, AMenuEndsWithAnOwnerThatItsOpeningEnds) {
-  view->onMessage = [&](UINT message, WPARAM) {
-    if (message == WM_INITMENUPOPUP)
-      End();
-  };
-  Track();
-  EXPECT_TRUE(deleted);
-  app->ProcessEvents();
-}
-
 TEST_F(QtMenuDialogTest, AMenuEndsWithAnOwnerThatIsInTheMiddleOfAPress) {
   view->onMessage = [&](UINT message, WPARAM) {
     if (message == WM_RBUTTONDOWN)

@@ -82,15 +82,17 @@ TEST_F(MenuTest, EnablesTheZoomsThatCanBeDone) {
 }
 
 TEST_F(MenuTest, AHostsMenuIsKeptUpToDateToo) {
+  static int number = 6;
+  ++number;  // what is entered among the resources stays there, also when tests are repeated
   struct HostSeries : GatedSeries {
-    int GetMenuID() const override { return 0x10000 + 7; }
+    int GetMenuID() const override { return 0x10000 + number; }
   } other;
   other.Init("Other", nullptr);
   Fill(other, 10);
   CloseView();
   OpenView({640, 480}, other);
   EXPECT_EQ(Choose(0), "") << "no such menu";
-  Resources::AddMenu(7,
+  Resources::AddMenu(number,
                      {{0,
                        "Popup",
                        {{1, "Own", {}},

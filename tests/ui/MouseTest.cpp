@@ -93,8 +93,9 @@ TEST_F(MouseTest, ATransferRefusesInputAndEndsAGestureWithoutEffect) {
   PutCursors();
   Press(VK_RIGHT);
   Press(VK_RIGHT);
-  for (const CPoint from : {At(100, 50), LeftMarker()}) {
-    Drag(from, At(300, 200));
+  for (const bool box : {true, false}) {
+    Drag(box ? At(100, 50) : LeftMarker(), At(300, 200));
+    EXPECT_EQ(TheGraph().IsCursorDrag(), !box);
     Begin(series);
     AddBlock(series, size);
     Mouse(WM_MOUSEMOVE, At(320, 220));
