@@ -130,6 +130,10 @@ TEST_F(QtInputTest, AHeldKeyRepeatsWithoutKeyUp) {
   while (told.empty())
     QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
   EXPECT_EQ(Heard(), (AllTold{{WM_KEYUP, VK_RIGHT}}));
+  // Nor is a key down in a window whose keys a menu takes.
+  Press(Qt::Key_Left, 780);
+  Send(QFocusEvent(QEvent::FocusOut, Qt::PopupFocusReason));
+  EXPECT_EQ(Heard(), (AllTold{down, up}));
   // The focus doesn't go with a key still down.
   Press(Qt::Key_Left, 800);
   Release(Qt::Key_Left, 820);

@@ -145,6 +145,10 @@ void QtWindow::tellKey(bool down, const KeyStroke& stroke, bool before) {
   if (UiThread::InWait())
     return;
   system_.NoteInput(nullptr, stroke.modifiers);
+  if (down)
+    downKey_ = stroke;
+  else if (downKey_ && downKey_->key == stroke.key)
+    downKey_.reset();
   constexpr LPARAM once = 1;
   constexpr LPARAM wasDown = 1 << 30;
   const auto site = site_.shared_from_this();
@@ -177,6 +181,13 @@ void QtWindow::FocusChanged(bool focused) {
     return;
   focused_ = focused;
   tellFocus();
+}
+
+void QtWindow::KeysTaken() {
+  const auto site = site_.shared_from_this();
+  tellRelease();
+  if (site->peer() && downKey_)
+    tellKey(false, *std::exchange(downKey_, std::nullopt), true);
 }
 
 void QtWindow::ActivationChanged(bool active) {

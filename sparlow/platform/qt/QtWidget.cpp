@@ -171,7 +171,11 @@ void QtWidget::focusInEvent(QFocusEvent* event) {
 
 void QtWidget::focusOutEvent(QFocusEvent* event) {
   // A menu that opens leaves the focus where it is.
-  if (window_ && event->reason() != Qt::PopupFocusReason)
+  if (!window_)
+    return;
+  if (event->reason() == Qt::PopupFocusReason)
+    window_->KeysTaken();
+  else
     window_->FocusChanged(false);
 }
 

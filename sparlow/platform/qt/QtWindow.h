@@ -55,6 +55,8 @@ class QtWindow final : public WindowPeer {
   /// True for a key that is this window's matter and nobody else's.
   bool Key(bool down, const QKeyEvent& event);
   void Scrolled(int bar, int code, int position);
+  /// A menu opens: it gets the release of a key that is down.
+  void KeysTaken();
   void FocusChanged(bool focused);
   void ActivationChanged(bool active);
   /// Something else gets the mouse from now on. The window hears of it later.
@@ -93,6 +95,7 @@ class QtWindow final : public WindowPeer {
   HCURSOR pointer_ = nullptr;
   bool pointerSet_ = false;               ///< since the mouse moved last
   std::optional<KeyStroke> heldRelease_;  ///< may turn out to be half of a repeat
+  std::optional<KeyStroke> downKey_;      ///< was told last, and not let go
   bool focused_ = false;
   bool toldFocused_ = false;
   bool active_ = false;
