@@ -19,6 +19,9 @@ class DataLock {
   /// Takes the mutex only if that needs no wait; false says that another thread has it.
   DataLock(CMutex* mutex, std::try_to_lock_t)
       : mutex_(mutex && mutex->TryLock() ? mutex : nullptr), refused_(mutex && !mutex_) {}
+  /// The same after a wait until it is told to stop.
+  DataLock(CMutex* mutex, const std::stop_token& stop)
+      : mutex_(mutex && mutex->Lock(stop) ? mutex : nullptr), refused_(mutex && !mutex_) {}
   ~DataLock() {
     if (mutex_)
       mutex_->Unlock();

@@ -130,13 +130,13 @@ void SourceData::append(const SampleSpan& samples) {
       // One that would be dropped makes no room for itself.
       if (!BothFinite(samples.x(next), samples.y(next))) {
         ++next;
-        ++nNotFinite_;
+        noteDropped(false);
         continue;
       }
       store = grow();
       if (!store) {
         ++next;
-        ++nBeyondLimit_;
+        noteDropped(true);
         continue;
       }
     }

@@ -1,6 +1,9 @@
 #include "sparlow/graph/Graph.h"
 
+#include "sparlow/data/DataLock.h"
 #include "sparlow/platform/CMenu.h"
+#include "sparlow/platform/UiThread.h"
+#include "sparlow/platform/WindowSite.h"
 #include "sparlow/platform/Windows.h"
 #include "sparlow/view/ViewData.h"
 
@@ -14,18 +17,6 @@ GraphColors& defaultColors() {
   return scheme0;
 }
 
-/// Empties a series that nobody renders, unless somebody fills it: an analysis, which holds its
-/// threadsMutex, or a transfer of another thread's.
-bool emptyUnlessFilled(ViewData& series) {
-  CMutex* const threads = series.threadsMutex;
-  if (threads && !threads->TryLock())
-    return false;
-  const bool emptied = series.TryReset();
-  if (threads)
-    threads->Unlock();
-  return emptied;
-}
-
 }  // namespace
 
 Graph::Graph(GraphAxis* sharedAxis)
@@ -33,7 +24,9 @@ Graph::Graph(GraphAxis* sharedAxis)
       colors(&defaultColors()),
       lCursor(std::make_unique<Cursor>()),
       rCursor(std::make_unique<Cursor>()),
-      workers(std::make_shared<GraphWorkers>()) {
+      analysis([this](bool onWorker) { AnalyzeThread(&Graph::AnalyzeEach, onWorker); }, this),
+      maskAnalysis([this](bool onWorker) { AnalyzeThread(&Graph::AnalyzeEachNewMask, onWorker); },
+                   this) {
   lCursor->SetColor(colors->cursorLeft);
   rCursor->SetColor(colors->cursorRight);
 }
@@ -42,11 +35,7 @@ Graph::~Graph() = default;
 
 void Graph::Create(HWND window) {
   hWnd = window;
-  if (!memDC) {
-    const HDC dc = GetDC(hWnd);
-    memDC = CreateCompatibleDC(dc);
-    ReleaseDC(hWnd, dc);
-  }
+  frame.Create(hWnd);
   ShowScrollBar(hWnd, SB_BOTH, false);
 }
 
@@ -73,11 +62,8 @@ void Graph::RemoveActiveGraph() {}
 void Graph::SetViewData(ViewData* series) {
   if (!series)
     return;
-  whileNobodyRenders([&] {
-    if (workers->Count() == 0)
-      former.clear();
-    else if (ViewData* const replaced = activeViewData; replaced && replaced != series)
-      former.push_back(replaced);
+  changeInTurn([&] {
+    leases.Readmit(series);
     activeViewData = series;
     series->SetColor(colors->trace);
     return true;
@@ -85,7 +71,7 @@ void Graph::SetViewData(ViewData* series) {
 }
 
 const char* Graph::GetName() const {
-  const ViewData* const series = activeViewData;
+  const ViewData* const series = GetActiveViewData();
   return series ? series->GetName().c_str() : nullptr;
 }
 
@@ -95,14 +81,15 @@ void Graph::SetColors(GraphColors* scheme) {
   colors = scheme;
   lCursor->SetColor(colors->cursorLeft);
   rCursor->SetColor(colors->cursorRight);
-  if (ViewData* const series = activeViewData)
+  if (ViewData* const series = GetActiveViewData())
     series->SetColor(colors->trace);
 }
 
 void Graph::Clear() {
-  const bool cleared = whileNobodyRenders([this] {
+  const WindowHold hold(hWnd);
+  const bool cleared = changeInTurn([this] {
     ViewData* const series = activeViewData;
-    if (!series || !emptyUnlessFilled(*series))
+    if (!series || !emptyActiveSeries())
       return false;
     series->ResetUnits();
     if (axis)
@@ -115,8 +102,22 @@ void Graph::Clear() {
   ShowScrollBar(hWnd, SB_BOTH, false);
 }
 
+bool Graph::emptyActiveSeries() {
+  ViewData* const series = activeViewData;
+  {
+    const DataLock free(series->threadsMutex, std::try_to_lock);
+    if (free)
+      return series->TryReset();
+  }
+  // Whoever analyses it may fill it by a transfer, which is not a feed.
+  stopSeries(series);
+  const UiThread::AnswerBoxes answered(this);
+  const DataLock analysed(series->threadsMutex);
+  return releaseSeries(series) && series->TryReset();
+}
+
 bool Graph::DataValid() const {
-  const ViewData* const series = activeViewData;
+  const ViewData* const series = GetActiveViewData();
   return series && series->Valid();
 }
 
@@ -156,26 +157,20 @@ bool Graph::AnalyzeEachNewMask() {
 }
 
 COLORREF Graph::GetPixel(CPoint point) {
-  constexpr COLORREF none = 0xFFFFFFFF;
   CPoint inPlot = point;
   Clip(inPlot);
-  if (inPlot.x < 1 || inPlot.x >= width || inPlot.y < 1 || inPlot.y >= height || !memDC ||
-      !memBitmap)
-    return none;
-  CDC dc(memDC);
-  const HBITMAP before = dc.SelectObject(memBitmap);
-  const COLORREF color = dc.GetPixel(point);
-  dc.SelectObject(before);
-  return color;
+  if (inPlot.x < 1 || inPlot.x >= width || inPlot.y < 1 || inPlot.y >= height)
+    return CLR_INVALID;
+  return frame.Pixel(point);
 }
 
 COLORREF Graph::CurvePixel(CPoint point) {
   const COLORREF color = GetPixel(point);
-  return color == frameBackground ? 0xFFFFFFFF : color;
+  return color == frameBackground ? CLR_INVALID : color;
 }
 
 bool Graph::GetViewDataByPoint(ViewData** series, int* index, bool* isMask, CPoint point) {
-  ViewData* const candidate = activeViewData;
+  ViewData* const candidate = GetActiveViewData();
   if (!candidate || CurvePixel(point) != candidate->GetColor())
     return false;
   if (series)
@@ -188,7 +183,7 @@ bool Graph::GetViewDataByPoint(ViewData** series, int* index, bool* isMask, CPoi
 }
 
 CMenu* Graph::CreateCustomPopupMenu(CMenu& menu) {
-  const ViewData* const series = activeViewData;
+  const ViewData* const series = GetActiveViewData();
   if (!series || !menu.LoadMenu(static_cast<std::uint16_t>(series->GetMenuID())))
     return nullptr;
   return menu.GetSubMenu(0);

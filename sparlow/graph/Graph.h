@@ -8,10 +8,13 @@
 #include <vector>
 
 #include "sparlow/axis/GraphAxis.h"
+#include "sparlow/graph/BackgroundJob.h"
 #include "sparlow/graph/Cursor.h"
+#include "sparlow/graph/FrameBuffer.h"
 #include "sparlow/graph/GraphColors.h"
-#include "sparlow/graph/GraphWorkers.h"
 #include "sparlow/graph/Offset.h"
+#include "sparlow/graph/RenderPipeline.h"
+#include "sparlow/graph/SeriesLeases.h"
 #include "sparlow/platform/CDC.h"
 #include "sparlow/platform/Messages.h"
 #include "sparlow/platform/Synchronization.h"
@@ -34,10 +37,14 @@ inline constexpr UINT WM_UPDATE_GRAPH = WM_USER + 104;
 /// new samples; a larger one goes to a worker, and the window shows "Rendering graph" until it is
 /// done. docs/road-of-an-update.md tells the whole road.
 ///
-/// Locks, in the order in which they are taken: GraphWorkers::pipelineLock of the graph,
-/// threadsMutex of a series, dataMutex of a series.
+/// A graph that is closed is inert: each operation returns as on one without series. Its window may
+/// close at any moment, in a host's own code that an operation runs too; the graph of a view lives as
+/// long as an operation runs.
+///
+/// What keeps threads apart, in the order in which it is taken: a turn of the pipeline, threadsMutex of
+/// a series, dataMutex of a series.
 /// Threads: the window's, unless an operation says otherwise.
-class Graph {
+class Graph : private RenderPipeline::Client {
  public:
   /// Samples of a full render that an update does on the caller's thread; one more is a worker's.
   static constexpr unsigned updateRenderLimit = 10000;
@@ -54,8 +61,9 @@ class Graph {
   /// @name Life
   /// Binds the graph to its window.
   void Create(HWND window);
-  /// Stops the workers, waits for them and frees the device objects. Nothing is started any more; a
-  /// second call does nothing. Every series must live until it has returned.
+  /// Closes the graph: stops the workers, waits for them and frees the device objects. A second call does
+  /// nothing. Every series must live until it has returned, and until the operation of the graph has in
+  /// which it was called.
   void Destroy();
 
   /// @name Series
@@ -65,28 +73,31 @@ class Graph {
   virtual bool AddMaskData(ViewData* series);
   virtual bool RemoveMaskData(ViewData* series);
   /// Makes a series the active one, in place of any other, and gives it the trace colour. Null is
-  /// ignored. Waits for a render that runs; an analysis of the former series goes on, so that
-  /// series too must live until Destroy has returned.
+  /// ignored. Stops a render that runs; an analysis of the former series goes on, so that series too
+  /// must live until that has ended or Destroy has returned.
   void SetViewData(ViewData* series);
-  ViewData* GetActiveViewData() const { return activeViewData; }
-  /// The active series' name, null without one.
+  /// Null without one, and when the graph is closed.
+  ViewData* GetActiveViewData() const { return Closed() ? nullptr : activeViewData.load(); }
+  /// Its name; null without one.
   const char* GetName() const;
   virtual bool IsMultiple() const { return false; }
   virtual void SetActive(int index);
   virtual void SetActiveMask(int index);
   virtual void RemoveActiveGraph();
   virtual bool IsDependent() const { return false; }
+  /// Destroy has begun. Any thread.
+  bool Closed() const { return pipeline.Closed(); }
   /// True when there is a series with samples and both axes can be painted.
   bool DataAndAxisValid() const;
-  /// Empties the active series, its units and the axes. Nothing changes while another thread feeds
-  /// the series.
+  /// Empties the active series, its units and the axes, after renders and the series' analysis have been
+  /// told to stop and have ended. Nothing changes while another thread feeds the series.
   void Clear();
 
   /// @name From a change to the screen
   /// Brings the graph up to date after a change of data, interval, axes or settings.
   void UpdateGraph();
-  /// Changes the axes while no worker reads them, then updates. Waits for a render that runs. A
-  /// host that sets ranges or modes of its axes does it here, or before the first update.
+  /// Changes the axes while no worker reads them, then updates. Stops a render that runs. A host that
+  /// sets ranges or modes of its axes does it here, or before the first update.
   void ChangeAxes(const std::function<void(GraphAxis&)>& change);
   /// Brings the graph up to date after a change of window size. Does nothing while resizing is
   /// locked, also not later.
@@ -94,7 +105,9 @@ class Graph {
   /// Paints the frame and copies it to the window. Never waits for a render.
   void DrawAll();
   /// True while the window shows "Rendering graph", because columns are still to be made.
-  bool RenderDue() const { return workers->RenderDue(); }
+  bool RenderDue() const { return pipeline.Due(); }
+  /// True when no render is due and no worker of the graph is at work. Any thread.
+  bool Settled() const;
   /// Recalculates analysis series, or new masks, on a worker, which posts WM_UPDATE_GRAPH when
   /// something was calculated.
   void AnalyzeAll();
@@ -113,13 +126,12 @@ class Graph {
   static void UpdateStaParams(const ViewData* series, const char* unit);
 
   /// @name On paper
-  /// Draws the graph inside rect of a page: in the colours of scheme 0, with text of 11 points and
-  /// margins and pens of seven pixels for one, which hooks of a host find in CDC::GetPixelFactor, at
-  /// the resolution of dc. Renders on the caller's
-  /// thread, whatever the interval; stops a render for the window, which goes on afterwards, and
-  /// waits for analyses of the series on show, whose boxes are answered meanwhile. The window is
-  /// then brought back to its own pixels.
-  /// Without data nothing is drawn. An area of 16384 pixels or more is told in a box and cut.
+  /// Draws the graph inside rect of a page: in the colours of scheme 0, at the resolution of dc, with
+  /// text of 11 points and margins and pens of seven pixels for one, which hooks of a host find in
+  /// CDC::GetPixelFactor. Renders on the caller's thread, whatever the interval; stops a render for the
+  /// window, which begins anew afterwards, and waits for analyses of the series on show, whose boxes are
+  /// answered meanwhile. Without data nothing is drawn. An area of 16384 pixels or more is cut, which a
+  /// box tells.
   void Print(CDC* dc, const CRect& rect);
 
   /// @name Zoom and scroll
@@ -137,10 +149,9 @@ class Graph {
   /// Moves the interval by samples, toward higher ones if positive, or to a first sample.
   void Scroll(int samples);
   void ScrollTo(unsigned first);
-  /// Moves the vertical range by a twentieth of its span, if CanYScroll.
+  /// If CanYScroll, move the vertical range by a twentieth of its span, or to where the thumb of the
+  /// vertical scroll bar is dragged.
   void yScroll(bool up);
-  /// Moves the vertical range to where the thumb of the vertical scroll bar is dragged, if
-  /// CanYScroll.
   void yScrollDo();
   /// Lets the vertical range follow the samples on show, or not any more; without data too.
   void OnYAutoZoom();
@@ -242,18 +253,24 @@ class Graph {
   virtual void zoomOutFullPrimary();
   virtual void zoomOutFullSecondary() {}
 
-  /// Changes which series the graph shows, while no render runs; one that did begins anew. What
-  /// change answers; false when the graph is closed, before or by it.
-  bool changeSeries(const std::function<bool()>& change);
+  /// Changes what renders read, while none runs; one that did begins anew. What change answers; false
+  /// when the graph is closed, before or by it.
+  bool changeInTurn(const std::function<bool()>& change);
+  /// The same, and an update when it answers true.
+  void changeAndUpdate(const std::function<bool()>& change);
   /// Renders a series beside the active one. False when it was stopped. One that is being analysed
   /// is left without columns, and the analysis brings an update when it ends.
   bool renderBeside(ViewData& series, bool followAxis);
+  /// Tells whoever works at a series to stop, until it is released. releaseSeries answers false when the
+  /// end of the graph has done so already, and the series may be gone.
+  void stopSeries(ViewData* series);
+  bool releaseSeries(ViewData* series);
   /// Runs an analysis of a series, unless the graph has given it away, or the series has samples
   /// and onlyEmpty is true.
   bool analyze(ViewData* series, bool (SourceData::*how)(), bool onlyEmpty = false);
-  /// The colour of the last frame at a point of the client area; 0xFFFFFFFF outside the plot.
+  /// The colour of the last frame at a point of the client area; CLR_INVALID outside the plot.
   COLORREF GetPixel(CPoint point);
-  /// The same of a curve: 0xFFFFFFFF for the background too.
+  /// The same of a curve: CLR_INVALID for the background too.
   COLORREF CurvePixel(CPoint point);
 
   /// @name Painting
@@ -273,9 +290,9 @@ class Graph {
   GraphColors* colors;
   const std::unique_ptr<Cursor> lCursor;
   const std::unique_ptr<Cursor> rCursor;
-  /// Whoever runs a host's code holds a copy: the graph may be gone after it, and that one tells.
-  const std::shared_ptr<GraphWorkers> workers;
   HWND hWnd = nullptr;
+  /// Who works with series beside the renders.
+  SeriesLeases leases;
   /// The range of the data that the axes are to show.
   double xMin = 0.0;
   double xMax = 0.0;
@@ -292,21 +309,12 @@ class Graph {
  private:
   friend class GraphTest;
 
-  /// What a worker is to do.
-  enum class Job { render, resize, analyzeAll, analyzeMask };
-  /// How an attempt to render ends: givenUp, because a newer render or the end of the graph makes
-  /// it pointless; stopped, by a signal from elsewhere.
-  enum class RenderEnd { done, givenUp, stopped };
-  struct WorkerStart;
-  class LastRepaints;
   class ResizingLocked;
 
-  // Updating.
-  /// How an update or a resize on the window's thread ends: with columns that are ready for a
-  /// paint, with a render that is a worker's matter, or with the graph closed.
-  enum class Update { ready, worker, closed };
-  Update update(GraphWorkers& shared);
-  Update resize(GraphWorkers& shared);
+  // Updating. False: the render is a worker's matter.
+  bool update();
+  bool fitAndRender();
+  bool resize();
   bool SetAxisAutoRange();
   bool fitLiveAxes();
   void fitAxes(bool wholeInterval);
@@ -320,9 +328,6 @@ class Graph {
   void sbSetThumbPos();
 
   // Zoom and scroll.
-  /// Changes interval or axes under the pipeline lock. What change answers; false when the graph is
-  /// closed, before or by it.
-  bool whileNobodyRenders(const std::function<bool()>& change);
   bool canZoom() const;
   void zoomInterval(const std::function<bool()>& zoom);
   bool zoomVertically();
@@ -340,14 +345,12 @@ class Graph {
   void tellTooLarge(bool isTooLarge);
 
   // Workers.
-  void startWorker(Job job);
-  static bool beginThread(WorkerStart* start);
-  static unsigned runWorker(void* start);
-  void doJob(Job job, std::uint64_t render, bool onWorker);
-  void RenderThread(std::uint64_t render, bool newLayout, bool onWorker);
-  RenderEnd tryRender(std::uint64_t render, bool newLayout);
+  RenderPipeline::End MakeColumns(RenderPipeline::Run& run) override;
+  void RenderEnded(RenderPipeline::End end, bool newLayout) override;
+  void RenderFailed(const std::exception_ptr& reason) override;
   void sendDueReadouts();
   void AnalyzeThread(bool (Graph::*analyzeEach)(), bool onWorker);
+  bool emptyActiveSeries();
 
   // Readouts.
   struct Units {
@@ -365,9 +368,8 @@ class Graph {
   void drawMessage(CDC* dc, const CRect& area, const char* text);
   void DrawVerticalLabels(CDC* dc);
   void DrawHorizontalLabels(CDC* dc);
-  void DrawCursors(HDC dc, const CRect& area);
-  /// frame: holds what the markers lie on; null on paper.
-  void drawMarkers(HDC dc, HDC frame, const CRect& area);
+  /// painted: holds what the markers lie on; null on paper.
+  void drawMarkers(HDC dc, HDC painted, const CRect& area);
   static void tellCursorMoves();
   /// The largest interval of all series: what decides who renders.
   unsigned largestInterval() const;
@@ -386,21 +388,26 @@ class Graph {
   Units units;  // of axes and series, for readouts on workers; guarded by layoutLock
 
   // The window's thread.
-  HDC memDC = nullptr;
-  HBITMAP memBitmap = nullptr;
+  FrameBuffer frame;
   COLORREF frameBackground = 0xFFFFFF;  // of the last frame
-  struct ToldSeries {
+  struct StoppedSeries {
     ViewData* series;
     bool signalled;  // its terminator, and not by its host
   };
-  std::vector<ToldSeries> told;   // what SetThreadsTerminator told to stop
-  std::vector<ViewData*> former;  // were active when a worker ran that may still hold them
+  std::vector<StoppedSeries> stopped;
 
   CopyableAtomic<bool> tooLarge{false};  // the last layout had no room in the series' columns
-  // Told from worker to worker and to the window's thread.
+  // From worker to worker and to the window's thread.
   std::atomic<bool> leftOut{false};       // a series was analysed when it should be rendered
   std::atomic<bool> updateMissed{false};  // the active one was, when an update came
   std::atomic<bool> calculated{false};    // an analysis has succeeded, and no update is posted yet
+  std::atomic<bool> boxOpen{false};       // about a too large window
+  std::atomic<bool> failureShown{false};  // of renders, in a box; until one succeeds
+
+  // Last: their workers use what is above.
+  RenderPipeline pipeline{*this, this};
+  BackgroundJob analysis;
+  BackgroundJob maskAnalysis;
 };
 
 }  // namespace sparlow

@@ -7,29 +7,24 @@
 #include "sparlow/graph/Graph.h"
 #include "sparlow/graph/Readouts.h"
 #include "sparlow/platform/Input.h"
+#include "sparlow/platform/WindowSite.h"
 #include "sparlow/platform/Windows.h"
 #include "sparlow/view/ViewData.h"
 
 namespace sparlow {
 
 void Graph::DrawCursors() {
-  // Before the first frame there is nothing to draw on, and nothing to take a marker away with.
-  if (!memBitmap)
-    return;
-  const CClientDC window(hWnd);
-  DrawCursors(window.GetSafeHdc(), {});
-}
-
-void Graph::DrawCursors(HDC dc, const CRect& area) {
+  const WindowHold hold(hWnd);
   // While a render is due the axes' scale is a worker's, and the window shows a message.
-  if (!memDC || RenderDue())
+  if (RenderDue())
     return;
-  const SavedDC before(memDC);
-  CDC(memDC).SelectObject(memBitmap);
-  drawMarkers(dc, memDC, area);
+  frame.Use([this](HDC painted) {
+    const CClientDC window(hWnd);
+    drawMarkers(window.GetSafeHdc(), painted, {});
+  });
 }
 
-void Graph::drawMarkers(HDC dc, HDC frame, const CRect& area) {
+void Graph::drawMarkers(HDC dc, HDC painted, const CRect& area) {
   ViewData* const series = activeViewData;
   if (!dc || !DataAndAxisValid() || !series->ValidCursor())
     return;
@@ -37,18 +32,18 @@ void Graph::drawMarkers(HDC dc, HDC frame, const CRect& area) {
   const CPoint origin = plotOriginIn(area);
   CDC(dc).SetPixelFactor(pixelFactor);
   CDC(dc).SetViewportOrg(origin.x, origin.y);
-  CDC(frame).SetViewportOrg(origin.x, origin.y);
+  CDC(painted).SetViewportOrg(origin.x, origin.y);
   // Both before either is drawn: where one stood the other may come to stand.
-  if (frame) {
-    lCursor->Erase(dc, frame);
-    rCursor->Erase(dc, frame);
+  if (painted) {
+    lCursor->Erase(dc, painted);
+    rCursor->Erase(dc, painted);
   }
-  lCursor->Draw(dc, frame, series->xLCursorPosGet(axis), series->yLCursorPosGet(axis), height);
-  rCursor->Draw(dc, frame, series->xRCursorPosGet(axis), series->yRCursorPosGet(axis), height);
+  lCursor->Draw(dc, painted, series->xLCursorPosGet(axis), series->yLCursorPosGet(axis), height);
+  rCursor->Draw(dc, painted, series->xRCursorPosGet(axis), series->yRCursorPosGet(axis), height);
 }
 
 bool Graph::MoveLCursor(int samples) {
-  ViewData* const series = activeViewData;
+  ViewData* const series = GetActiveViewData();
   if (!series || !axis)
     return false;
   tellCursorMoves();
@@ -56,7 +51,7 @@ bool Graph::MoveLCursor(int samples) {
 }
 
 bool Graph::MoveRCursor(int samples) {
-  ViewData* const series = activeViewData;
+  ViewData* const series = GetActiveViewData();
   if (!series || !axis)
     return false;
   tellCursorMoves();
@@ -80,13 +75,13 @@ bool Graph::inCursorArea(const CPoint& point, int x, int y) const {
 }
 
 bool Graph::InLeftCursorArea(const CPoint& point) const {
-  ViewData* const series = activeViewData;
+  ViewData* const series = GetActiveViewData();
   return series && axis && series->ValidCursor() &&
          inCursorArea(point, series->xLCursorPosGet(axis), series->yLCursorPosGet(axis));
 }
 
 bool Graph::InRightCursorArea(const CPoint& point) const {
-  ViewData* const series = activeViewData;
+  ViewData* const series = GetActiveViewData();
   return series && axis && series->ValidCursor() &&
          inCursorArea(point, series->xRCursorPosGet(axis), series->yRCursorPosGet(axis));
 }
@@ -104,7 +99,7 @@ void Graph::BeginDragRightCursor() {
 }
 
 void Graph::beginDragCursor() {
-  // Another window that loses the mouse to this one is told so, and may end the graph then.
+  const WindowHold hold(hWnd);
   SetCapture(hWnd);
   SetCursor(LoadCursor(IDC_SIZEALL));
 }
@@ -142,15 +137,12 @@ void Graph::DragCursor(CPoint& point) {
 }
 
 void Graph::EndDragCursor() {
-  const std::shared_ptr<GraphWorkers> shared = workers;
+  const WindowHold hold(hWnd);
   lCursor->drag = false;
   rCursor->drag = false;
   // The mouse may have gone to another window meanwhile, which keeps it.
   if (GetCapture() == hWnd)
     ReleaseCapture();
-  // A host that was told of the release may have ended the graph.
-  if (shared->Closed())
-    return;
   tellCursorMoves();
   UpdateCursorsReadout();
 }

@@ -1,42 +1,31 @@
 // From the columns to the screen: the frame in the memory bitmap, and its copy to the window.
 
-#include <utility>
-
 #include "sparlow/graph/Graph.h"
+#include "sparlow/platform/WindowSite.h"
 #include "sparlow/platform/Windows.h"
 
 namespace sparlow {
 
 void Graph::DrawAll() {
-  CRect client;
-  if (!memDC || !GetClientRect(hWnd, &client))
-    return;
-  CClientDC window(hWnd);
-  DeleteObject(std::exchange(memBitmap, nullptr));
-  memBitmap = CreateCompatibleBitmap(window.GetSafeHdc(), client.Width(), client.Height());
-  // What a host draws or throws leaves no pen, font or bitmap behind.
-  const SavedDC before(memDC);
-  CDC frame(memDC);
-  frame.SelectObject(memBitmap);
-  CFont font;
-  CreateTextFont(&font, &frame);
-  frame.SelectObject(&font);
-
-  frameBackground = active ? colors->backActive : colors->backInactive;
-  frame.FillSolidRect(client, frameBackground);
+  const WindowHold hold(hWnd);
   // Asked once: a render that is done in between has invalidated the window again.
   const bool rendering = RenderDue();
   const bool ready = !rendering && DataAndAxisValid();
-  if (rendering)
-    drawMessage(&frame, client, "Rendering graph");
-  else if (ready)
-    GraphToDC(&frame, client);
-  else
-    drawMessage(&frame, client, "No Data Available");
-
-  window.BitBlt(client.left, client.top, client.Width(), client.Height(), memDC, 0, 0, SRCCOPY);
+  frame.Paint(hWnd, [&](CDC& dc, const CRect& client) {
+    CFont font;
+    CreateTextFont(&font, &dc);
+    dc.SelectObject(&font);
+    frameBackground = active ? colors->backActive : colors->backInactive;
+    dc.FillSolidRect(client, frameBackground);
+    if (rendering)
+      drawMessage(&dc, client, "Rendering graph");
+    else if (ready)
+      GraphToDC(&dc, client);
+    else
+      drawMessage(&dc, client, "No Data Available");
+  });
   if (active && ready)
-    DrawCursors(window.GetSafeHdc(), client);
+    DrawCursors();
 }
 
 void Graph::drawMessage(CDC* dc, const CRect& area, const char* text) {

@@ -39,11 +39,11 @@ void Graph::layOut() {
 }
 
 void Graph::tellTooLarge(bool isTooLarge) {
-  const std::shared_ptr<GraphWorkers> shared = workers;
-  if (!isTooLarge || !shared->BeginTelling())
+  // Messages that are handled while it is open would open another.
+  if (!isTooLarge || pipeline.Closed() || boxOpen.exchange(true))
     return;
   AfxMessageBox("Screen or printer resolution is too high.\nThe graph will be truncated.", 0, 0);
-  shared->EndTelling();
+  boxOpen = false;
 }
 
 void Graph::Clip(CPoint& point) const {

@@ -4,6 +4,8 @@
 
 #include "sparlow/data/DataLock.h"
 #include "sparlow/graph/Graph.h"
+#include "sparlow/platform/UiThread.h"
+#include "sparlow/platform/WindowSite.h"
 #include "sparlow/platform/Windows.h"
 #include "sparlow/view/ViewData.h"
 
@@ -41,48 +43,43 @@ class Graph::PaperLooks {
 };
 
 void Graph::Print(CDC* dc, const CRect& rect) {
-  const std::shared_ptr<GraphWorkers> shared = workers;
-  if (!dc || !dc->GetSafeHdc() || shared->Closed())
+  if (!dc || !dc->GetSafeHdc() || !DataAndAxisValid())
     return;
+  const WindowHold hold(hWnd);
   CRect area = rect;
   area.NormalizeRect();
   bool paperTooLarge = false;
   {
-    const GraphWorkers::Pause noRender(*shared);
-    while (!tryPrint(dc, area)) {
-      // Without any lock: an analysis may need that of another series, or end the graph by a box.
-      shared->WaitForAnalyses();
-      if (shared->Closed())
-        return;
+    const RenderPipeline::Turn turn(pipeline, RenderPipeline::Turn::stopsRender);
+    const UiThread::AnswerBoxes answered(this);
+    while (turn && DataAndAxisValid() && !tryPrint(dc, area)) {
     }
     paperTooLarge = tooLarge;
   }
-  if (shared->Closed() || !DataAndAxisValid())
+  if (!DataAndAxisValid())
     return;
   sbRender();
-  if (shared->Closed())
-    return;
-  if (update(*shared) == Update::worker)
-    startWorker(Job::render);
-  if (!shared->Closed())
-    tellTooLarge(paperTooLarge);
+  if (!update())
+    pipeline.Ask(true, true);
+  tellTooLarge(paperTooLarge);
 }
 
 bool Graph::tryPrint(CDC* dc, const CRect& area) {
-  const CSingleLock pipeline(&workers->pipelineLock);
-  if (workers->Closed() || !DataAndAxisValid())
-    return true;
   std::vector<std::unique_ptr<DataLock>> noAnalysis;
   for (const ViewData* const series : AllSeries()) {
     noAnalysis.push_back(std::make_unique<DataLock>(series->threadsMutex, std::try_to_lock));
-    if (!*noAnalysis.back())
-      return false;
+    if (*noAnalysis.back())
+      continue;
+    // With none of the others: its analysis may need one of them.
+    noAnalysis.clear();
+    const DataLock analysed(series->threadsMutex);
+    return false;
   }
   try {
     printFrame(dc, area);
   } catch (...) {
     // The window isn't to be painted by the layout of the page.
-    startWorker(Job::resize);
+    pipeline.Ask(true, false);
     throw;
   }
   return true;

@@ -5,6 +5,7 @@
 
 #include "sparlow/graph/AxisRangeEditor.h"
 #include "sparlow/graph/Graph.h"
+#include "sparlow/platform/WindowSite.h"
 #include "sparlow/view/ViewData.h"
 
 namespace sparlow {
@@ -45,17 +46,14 @@ void Graph::OnYRange() {
 
 void Graph::editRange(AxisData GraphAxis::*which) {
   AxisRangeEditor* const editor = AxisRangeEditor::Current();
-  const std::shared_ptr<GraphWorkers> shared = workers;
-  if (!editor || !axis || shared->Closed())
+  if (!editor || !axis || pipeline.Closed())
     return;
+  const WindowHold hold(hWnd);
   const AxisData& before = axis->*which;
   const bool wasAutomatic = before.autoRange;
   AxisRange range{before.fixedMin, before.fixedMax, wasAutomatic, before.funcName, before.log};
   editor->Edit(range);
-  // Messages are handled while the editor is open, and one of them may have ended the graph.
-  if (shared->Closed())
-    return;
-  const bool filled = whileNobodyRenders([&] {
+  changeAndUpdate([&] {
     AxisData& edited = axis->*which;
     take(edited, range);
     edited.SetParamsFixed();
@@ -67,8 +65,6 @@ void Graph::editRange(AxisData GraphAxis::*which) {
       ResetInterval();
     return true;
   });
-  if (filled)
-    UpdateGraph();
 }
 
 }  // namespace sparlow

@@ -9,6 +9,7 @@
 #include "sparlow/graph/Readouts.h"
 #include "sparlow/graph/UnitText.h"
 #include "sparlow/platform/UiThread.h"
+#include "sparlow/platform/WindowSite.h"
 #include "sparlow/platform/Windows.h"
 #include "sparlow/view/ViewData.h"
 
@@ -31,9 +32,10 @@ Graph::Units Graph::unitsOnShow() {
 }
 
 void Graph::UpdateCursorsReadout() {
+  const WindowHold hold(hWnd);
   const HWND barWindow = InfoBarHwnd;
-  const ViewData* const series = activeViewData;
-  const GraphWorkers::SeriesInUse use(*workers, series);
+  ViewData* const series = activeViewData;
+  const SeriesLeases::Use use(leases, series);
   if (!use || !barWindow || !active || !series->Valid() || !series->ValidCursor())
     return;
   if (RestrictGraphOperationInRealTime && series->inTransfer)
@@ -83,9 +85,10 @@ void Graph::UpdateCursorsReadout() {
 }
 
 void Graph::UpdateDriftRate() {
+  const WindowHold hold(hWnd);
   const HWND barWindow = InfoBarHwnd;
-  const ViewData* const series = activeViewData;
-  const GraphWorkers::SeriesInUse use(*workers, series);
+  ViewData* const series = activeViewData;
+  const SeriesLeases::Use use(leases, series);
   if (!use || SourceData::IgnoreDriftRate || !barWindow || !series->ValidCursor())
     return;
   const ReadoutSender bar(barWindow);
@@ -112,8 +115,8 @@ void Graph::UpdateDriftRate() {
 }
 
 void Graph::UpdateStaParams() {
-  const ViewData* const series = activeViewData;
-  const GraphWorkers::SeriesInUse use(*workers, series);
+  ViewData* const series = activeViewData;
+  const SeriesLeases::Use use(leases, series);
   if (!use || series->inTransfer || IsDependent() || !series->Valid())
     return;
   if (const HWND bar = InfoBarHwnd)

@@ -7,29 +7,25 @@
 namespace sparlow {
 
 void Graph::Scroll(int samples) {
-  const bool filled = whileNobodyRenders([&] {
+  changeAndUpdate([&] {
     if (!axis || !DataValid())
       return false;
     activeViewData.load()->Scroll(samples, &axis->hor);
     return true;
   });
-  if (filled)
-    UpdateGraph();
 }
 
 void Graph::ScrollTo(unsigned first) {
-  const bool filled = whileNobodyRenders([&] {
+  changeAndUpdate([&] {
     if (!DataValid())
       return false;
     activeViewData.load()->ScrollTo(first);
     return true;
   });
-  if (filled)
-    UpdateGraph();
 }
 
 void Graph::yScroll(bool up) {
-  const bool moved = whileNobodyRenders([&] {
+  changeAndUpdate([&] {
     if (!DataAndAxisValid() || !CanYScroll())
       return false;
     const AxisData& ver = axis->ver;
@@ -37,23 +33,19 @@ void Graph::yScroll(bool up) {
     axis->SetVer(ver.min + step, ver.max + step);
     return true;
   });
-  if (moved)
-    UpdateGraph();
 }
 
 void Graph::yScrollDo() {
   SCROLLINFO bar;
   if (!GetScrollInfo(hWnd, SB_VERT, &bar))
     return;
-  const bool moved = whileNobodyRenders([&] {
+  changeAndUpdate([&] {
     if (!DataAndAxisValid() || !CanYScroll())
       return false;
     const double top = activeViewData.load()->yGlobalMaxGet() - bar.nTrackPos * verticalStep();
     axis->SetVer(top - axis->ver.range, top);
     return true;
   });
-  if (moved)
-    UpdateGraph();
 }
 
 void Graph::OnYAutoZoom() {

@@ -48,22 +48,17 @@ bool Graph::vsbValid() const {
 }
 
 void Graph::sbRender() {
-  // A bar that comes or goes changes the size of the window, and a message about that may end the
-  // graph. The update that this is part of lays the window out anyway.
-  const std::shared_ptr<GraphWorkers> shared = workers;
+  // A bar that comes or goes changes the size of the window. The update that this is part of lays the
+  // window out anyway.
   const ResizingLocked locked;
   sbEnable();
-  if (shared->Closed())
-    return;
   sbSetRange();
   sbSetThumbPos();
 }
 
 void Graph::sbEnable() {
-  const std::shared_ptr<GraphWorkers> shared = workers;
   ShowScrollBar(hWnd, SB_HORZ, hsbValid());
-  if (!shared->Closed())
-    ShowScrollBar(hWnd, SB_VERT, vsbValid());
+  ShowScrollBar(hWnd, SB_VERT, vsbValid());
 }
 
 void Graph::sbSetRange() {

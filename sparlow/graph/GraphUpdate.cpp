@@ -2,75 +2,74 @@
 // worker that makes them.
 
 #include <algorithm>
-#include <utility>
 
 #include "sparlow/data/DataLock.h"
 #include "sparlow/graph/Graph.h"
+#include "sparlow/platform/WindowSite.h"
 #include "sparlow/platform/Windows.h"
 #include "sparlow/view/ViewData.h"
 
 namespace sparlow {
 
 void Graph::UpdateGraph() {
-  // Whatever runs code of the host's may end the graph; this outlives it and tells.
-  const std::shared_ptr<GraphWorkers> shared = workers;
-  if (!activeViewData || !axis || shared->Closed())
+  if (!GetActiveViewData() || !axis)
     return;
+  const WindowHold hold(hWnd);
   if (DataValid())
     sbRender();
   else
     ShowScrollBar(hWnd, SB_BOTH, false);
-  if (shared->Closed())
-    return;
-  const Update end = update(*shared);
-  if (end == Update::closed)
-    return;
-  if (end == Update::ready)
+  if (update())
     RedrawWindow(hWnd, RDW_INVALIDATE);
   else
-    startWorker(Job::render);
-  // Last, since the view may go while the box is open.
-  if (!shared->Closed())
-    tellTooLarge(tooLarge);
+    pipeline.Ask(false, true);
+  tellTooLarge(tooLarge);
 }
 
-Graph::Update Graph::update(GraphWorkers& shared) {
+bool Graph::update() {
   {
-    const CSingleLock pipeline(&shared.pipelineLock);
-    if (shared.Closed())
-      return Update::closed;
-    ViewData* const series = activeViewData;
-    if (!series->Valid()) {
-      tooLarge = false;
-      if (!axis->preset)
-        axis->Reset();
-      return Update::ready;
-    }
-    // Whoever analyses the series may take long; a worker waits for that.
-    const DataLock threads(series->threadsMutex, std::try_to_lock);
-    if (!threads) {
-      updateMissed = true;
-      return Update::worker;
-    }
-    updateMissed = false;
-    axis->SetUnits(series->GetxUnit(), series->GetyUnit());
-    noteUnits();
-    // Before the range of what is on show is asked for.
-    if (!axis->hor.autoRange && series->adjusted)
-      ResetInterval();
-    bool fullRender = axis->preset || SetAxisAutoRange();
-    layOut();
-    // Columns of another data set, interval or scale can't be continued, whatever the axes say.
-    fullRender = fullRender || !series->CanContinueRender(*axis);
-    if ((fullRender && largestInterval() > updateRenderLimit) || muchToRenderBeside())
-      return Update::worker;
-    RenderSecondaryGraphs();
-    if (!RenderGraph(fullRender))
-      return Update::worker;
+    // A render that runs goes on to its end, or a feed would starve it.
+    const RenderPipeline::Turn turn(pipeline, RenderPipeline::Turn::awaitsRender);
+    if (!turn || !activeViewData)
+      return true;
+    if (!fitAndRender())
+      return false;
+    // Whatever was due has been done here.
+    pipeline.Satisfied();
   }
   UpdateCursorsReadout();
   UpdateStaParams();
-  return Update::ready;
+  return true;
+}
+
+bool Graph::fitAndRender() {
+  ViewData* const series = activeViewData;
+  if (!series->Valid()) {
+    tooLarge = false;
+    if (!axis->preset)
+      axis->Reset();
+    return true;
+  }
+  // Whoever analyses the series may take long; a worker waits for that.
+  const DataLock threads(series->threadsMutex, std::try_to_lock);
+  if (!threads) {
+    updateMissed = true;
+    return false;
+  }
+  updateMissed = false;
+  axis->SetUnits(series->GetxUnit(), series->GetyUnit());
+  noteUnits();
+  // Before the range of what is on show is asked for.
+  if (!axis->hor.autoRange && series->adjusted)
+    ResetInterval();
+  bool fullRender = axis->preset || SetAxisAutoRange();
+  layOut();
+  // Columns of another data set, interval or scale can't be continued, whatever the axes say.
+  fullRender = fullRender || !series->CanContinueRender(*axis);
+  if ((fullRender && largestInterval() > updateRenderLimit) || muchToRenderBeside())
+    return false;
+  RenderSecondaryGraphs();
+  return RenderGraph(fullRender);
 }
 
 // While samples come, a series beside the active one goes on over its columns; one that can't, since
@@ -146,43 +145,36 @@ void Graph::fitAxes(bool wholeInterval) {
 }
 
 void Graph::ResizeGraph() {
-  const std::shared_ptr<GraphWorkers> shared = workers;
-  if (LockResize || !DataAndAxisValid() || shared->Closed())
+  if (LockResize || !DataAndAxisValid())
     return;
-  if (largestInterval() >= resizeWorkerLimit)
-    return startWorker(Job::resize);
-  const Update end = resize(*shared);
-  if (end == Update::closed)
-    return;
-  if (end == Update::worker)
-    return startWorker(Job::resize);
+  const WindowHold hold(hWnd);
+  if (largestInterval() >= resizeWorkerLimit || !resize())
+    return pipeline.Ask(true, false);
   RedrawWindow(hWnd, RDW_INVALIDATE);
   tellTooLarge(tooLarge);
 }
 
-Graph::Update Graph::resize(GraphWorkers& shared) {
-  const CSingleLock pipeline(&shared.pipelineLock);
-  if (shared.Closed())
-    return Update::closed;
+bool Graph::resize() {
+  const RenderPipeline::Turn turn(pipeline, RenderPipeline::Turn::stopsRender);
+  if (!turn || !activeViewData)
+    return true;
   const DataLock threads(activeViewData.load()->threadsMutex, std::try_to_lock);
   if (!threads)
-    return Update::worker;
+    return false;
   layOut();
-  return RenderSecondaryGraphs() && RenderGraph(true) ? Update::ready : Update::worker;
+  return RenderSecondaryGraphs() && RenderGraph(true);
 }
 
-bool Graph::whileNobodyRenders(const std::function<bool()>& change) {
-  // A message box may be answered while the lock is waited for, and in a host's own code, and end
-  // the graph.
-  const std::shared_ptr<GraphWorkers> shared = workers;
-  const CSingleLock pipeline(&shared->pipelineLock);
-  return !shared->Closed() && change() && !shared->Closed();
+bool Graph::changeInTurn(const std::function<bool()>& change) {
+  const WindowHold hold(hWnd);
+  const RenderPipeline::Turn turn(pipeline, RenderPipeline::Turn::stopsRender);
+  return turn && change() && turn;
 }
 
-bool Graph::changeSeries(const std::function<bool()>& change) {
-  const std::shared_ptr<GraphWorkers> shared = workers;
-  const GraphWorkers::Pause pause(*shared);
-  return whileNobodyRenders(change);
+void Graph::changeAndUpdate(const std::function<bool()>& change) {
+  const WindowHold hold(hWnd);
+  if (changeInTurn(change))
+    UpdateGraph();
 }
 
 unsigned Graph::largestInterval() const {
@@ -193,14 +185,12 @@ unsigned Graph::largestInterval() const {
 }
 
 void Graph::ChangeAxes(const std::function<void(GraphAxis&)>& change) {
-  const bool changed = whileNobodyRenders([&] {
+  changeAndUpdate([&] {
     if (!axis || !change)
       return false;
     change(*axis);
     return true;
   });
-  if (changed)
-    UpdateGraph();
 }
 
 }  // namespace sparlow

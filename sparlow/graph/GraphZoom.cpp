@@ -4,6 +4,7 @@
 
 #include "sparlow/graph/Graph.h"
 #include "sparlow/graph/SelectedPen.h"
+#include "sparlow/platform/WindowSite.h"
 #include "sparlow/view/ViewData.h"
 
 namespace sparlow {
@@ -28,8 +29,9 @@ bool Graph::canZoom() const {
 }
 
 void Graph::ZoomInByPoint() {
+  const WindowHold hold(hWnd);
   bool zoomed = false;
-  const bool tried = whileNobodyRenders([&] {
+  const bool tried = changeInTurn([&] {
     if (!canZoom())
       return false;
     const double left = axis->xPointValue(zoomStart.x), right = axis->xPointValue(zoomEnd.x);
@@ -72,14 +74,12 @@ void Graph::ZoomInByCursor() {
 
 // A range that the host has preset holds until the user wants another one.
 void Graph::zoomInterval(const std::function<bool()>& zoom) {
-  const bool zoomed = whileNobodyRenders([&] {
+  changeAndUpdate([&] {
     if (!canZoom() || !zoom())
       return false;
     axis->preset = false;
     return true;
   });
-  if (zoomed)
-    UpdateGraph();
 }
 
 void Graph::ZoomInBySample() {

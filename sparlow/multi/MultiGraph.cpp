@@ -5,6 +5,7 @@
 
 #include "sparlow/platform/ErrorBox.h"
 #include "sparlow/platform/UiThread.h"
+#include "sparlow/platform/WindowSite.h"
 #include "sparlow/view/ViewData.h"
 
 namespace sparlow {
@@ -65,10 +66,10 @@ bool MultiGraph::add(SourceDataList& list, ViewData* data, const COLORREF* color
 // What is asked before a lock is waited for may have changed after it: a box of a worker's may be
 // answered meanwhile, by a host's code.
 bool MultiGraph::append(SourceDataList& list, ViewData* data, bool makeActive) {
-  return changeSeries([&] {
+  return changeInTurn([&] {
     if (list.count >= maxSeries || IsListed(data))
       return false;
-    workers->Readmit(data);
+    leases.Readmit(data);
     {
       const std::lock_guard guard(listLock);
       list.Add(data);
@@ -80,6 +81,7 @@ bool MultiGraph::append(SourceDataList& list, ViewData* data, bool makeActive) {
 }
 
 bool MultiGraph::RemoveViewData(ViewData* data) {
+  const WindowHold hold(hWnd);
   if (viewDataList.count < 2 || !viewDataList.Holds(data))
     return false;
   if (!takeOut(viewDataList, 1, data))
@@ -90,9 +92,9 @@ bool MultiGraph::RemoveViewData(ViewData* data) {
 }
 
 bool MultiGraph::takeOut(SourceDataList& list, int least, ViewData* data) {
-  const std::shared_ptr<GraphWorkers> shared = workers;
-  data->closing = true;
-  const bool taken = changeSeries([&] {
+  const WindowHold hold(hWnd);
+  stopSeries(data);
+  const bool taken = changeInTurn([&] {
     if (!list.Holds(data) || list.count <= least)
       return false;
     if (activeViewData == data)
@@ -101,13 +103,11 @@ bool MultiGraph::takeOut(SourceDataList& list, int least, ViewData* data) {
     list.RemoveAt(list.Find(data));
     return true;
   });
-  if (taken)
-    shared->Withdraw(data);
-  // A graph that has ended meanwhile has taken it back already, and the series may be gone.
-  if (shared->Closed())
-    return false;
-  data->closing = false;
-  return taken;
+  if (taken) {
+    const UiThread::AnswerBoxes answered(static_cast<Graph*>(this));
+    leases.Withdraw(data);
+  }
+  return releaseSeries(data) && taken;
 }
 
 void MultiGraph::RemoveActiveGraph() {
@@ -119,7 +119,7 @@ void MultiGraph::SetActive(int index) {
 }
 
 void MultiGraph::activate(const SourceDataList& list, int index) {
-  const bool changed = changeSeries([&] {
+  changeAndUpdate([&] {
     if (ViewData* const data = list.GetAt(index))
       activeViewData = data;
     if (!activeViewData || !axis)
@@ -128,8 +128,6 @@ void MultiGraph::activate(const SourceDataList& list, int index) {
     zoomOutFullSecondary();
     return true;
   });
-  if (changed)
-    UpdateGraph();
 }
 
 bool MultiGraph::AnalyzeEach() {
@@ -138,13 +136,9 @@ bool MultiGraph::AnalyzeEach() {
 
 bool MultiGraph::analyzeList(const SourceDataList& list, bool (SourceData::*how)(),
                              bool onlyEmpty) {
-  const std::shared_ptr<GraphWorkers> shared = workers;
   bool any = false;
   std::exception_ptr failure;
   for (ViewData* const data : list) {
-    // A host's calculation may end the graph.
-    if (shared->Closed())
-      break;
     try {
       any = analyze(data, how, onlyEmpty) || any;
     } catch (...) {
@@ -166,6 +160,8 @@ bool MultiGraph::GetViewDataByPoint(ViewData** data, int* index, bool* isMask, C
 
 bool MultiGraph::findColor(const SourceDataList& list, COLORREF color, ViewData** data,
                            int* index) const {
+  if (color == CLR_INVALID)
+    return false;
   for (int i = 0; i < list.count; ++i) {
     if (list.items[i]->GetColor() != color)
       continue;

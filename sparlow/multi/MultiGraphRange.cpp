@@ -13,7 +13,7 @@ void MultiGraph::defineMinMax() {
   Graph::defineMinMax();
   const ViewData* const primary = activeViewData;
   const bool whole = primary->IntervalWhole(), fixed = !axis->hor.autoRange;
-  const XRange window = windowOnShow();
+  const XRange window = whole && !fixed ? XRange{} : windowOnShow();
   for (ViewData* const data : Snapshot(viewDataList)) {
     if (data == primary || !data->Valid())
       continue;

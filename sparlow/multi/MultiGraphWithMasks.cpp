@@ -5,6 +5,7 @@
 #include "sparlow/platform/ErrorBox.h"
 #include "sparlow/platform/Text.h"
 #include "sparlow/platform/UiThread.h"
+#include "sparlow/platform/WindowSite.h"
 #include "sparlow/platform/Windows.h"
 #include "sparlow/view/ViewData.h"
 
@@ -34,11 +35,11 @@ bool MultiGraphWithMasks::AddMaskData(ViewData* data) {
 bool MultiGraphWithMasks::RemoveMaskData(ViewData* data) {
   if (!data)
     return true;
-  const std::shared_ptr<GraphWorkers> shared = workers;
+  const WindowHold hold(hWnd);
   const bool wasActive = data == activeViewData;
   if (wasActive)
     SetActive(0);
-  if (shared->Closed() || !maskList.Holds(data))
+  if (!maskList.Holds(data))
     return true;
   if (!takeOut(maskList, 0, data))
     return true;
@@ -50,10 +51,9 @@ bool MultiGraphWithMasks::RemoveMaskData(ViewData* data) {
       UpdateGraph();
     return true;
   }
-  const HWND window = hWnd;
   SetActive(0);
   // Without a series there is nothing to update, but the mask is still on the screen.
-  RedrawWindow(window, RDW_INVALIDATE);
+  RedrawWindow(hWnd, RDW_INVALIDATE);
   return true;
 }
 

@@ -11,7 +11,7 @@ void MultiGraphWithMasks::defineMinMax() {
   MultiGraph::defineMinMax();
   const ViewData* const primary = activeViewData;
   const bool fixed = !axis->hor.autoRange;
-  const XRange window = windowOnShow();
+  const XRange window = fixed ? windowOnShow() : XRange{};
   for (ViewData* const data : Snapshot(maskList)) {
     if (data == primary || !data->Valid())
       continue;

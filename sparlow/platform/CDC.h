@@ -106,7 +106,7 @@ class CDC {
   /// way round copies the same pixels as if they were sorted.
   void BitBlt(int x, int y, int width, int height, HDC source, int xSource, int ySource,
               std::uint32_t operation);
-  /// 0xFFFFFFFF outside the surface.
+  /// CLR_INVALID outside the surface.
   COLORREF GetPixel(CPoint point) const;
   /// LOGPIXELSY, the only one: pixels per inch. Without a surface, a screen's.
   int GetDeviceCaps(int index) const;

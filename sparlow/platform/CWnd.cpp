@@ -47,16 +47,15 @@ bool CWnd::createSite(bool withPeer) {
   site->Register();
   if (withPeer)
     site->SetPeer(system->CreatePeer(*site, create.style));
-  if (WindowProc(WM_CREATE, 0, 0) == -1) {
-    DestroyWindow();
-    return false;
-  }
-  return true;
+  const WindowHold hold(*site);
+  if (site->Send(WM_CREATE) == -1)
+    site->Destroy();
+  return !site->Ended();
 }
 
 bool CWnd::DestroyWindow() {
   const auto site = site_;
-  if (!site)
+  if (!site || site->Ended())
     return false;
   site->Destroy();
   return true;
@@ -68,7 +67,7 @@ void CWnd::ShowWindow(bool show) {
 }
 
 HWND CWnd::GetSafeHwnd() const {
-  return site_ ? site_->handle() : nullptr;
+  return site_ && !site_->Ended() ? site_->handle() : nullptr;
 }
 
 WindowPeer* CWnd::GetPeer() const {

@@ -32,8 +32,9 @@ class CWnd : public CObject {
   /// Makes a window without a place on the screen, which only receives messages. Needs no window
   /// system.
   bool CreateMessageOnly();
-  /// Ends the window: WM_DESTROY, and then PostNcDestroy, which may delete this object. False when
-  /// there is none.
+  /// Ends the window: WM_DESTROY, and then PostNcDestroy, which may delete this object. While a message
+  /// of the window is handled the window ends at once, and PostNcDestroy comes after the message. False
+  /// when there is no window.
   bool DestroyWindow();
   void ShowWindow(bool show);
 

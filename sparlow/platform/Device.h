@@ -73,7 +73,7 @@ class Device {
 
   /// Copies the pixels of source that begin at from to the rectangle to.
   virtual void Copy(const CRect& to, const Device& source, CPoint from, const Clip& clip) = 0;
-  /// 0xFFFFFFFF outside the surface, and on a surface that can't be read, such as a page.
+  /// CLR_INVALID outside the surface, and on a surface that can't be read, such as a page.
   virtual COLORREF PixelAt(CPoint point) const = 0;
   /// An off-screen surface of the same resolution and scale, black at first.
   virtual std::unique_ptr<Device> MakeCompatible(CSize size) const = 0;

@@ -7,6 +7,8 @@ namespace sparlow {
 
 /// A colour as 0x00BBGGRR: blue in the high byte, red in the low one.
 using COLORREF = std::uint32_t;
+/// Where there is no pixel.
+inline constexpr COLORREF CLR_INVALID = 0xFFFFFFFF;
 
 constexpr COLORREF RGB(unsigned red, unsigned green, unsigned blue) {
   return (red & 0xFFu) | ((green & 0xFFu) << 8) | ((blue & 0xFFu) << 16);

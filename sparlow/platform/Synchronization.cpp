@@ -11,7 +11,7 @@ constexpr std::chrono::milliseconds boxPeriod{5};
 
 }  // namespace
 
-void WaitServingBoxes(std::unique_lock<std::mutex>& lock, std::condition_variable& changed,
+void WaitServingBoxes(std::unique_lock<std::mutex>& lock, std::condition_variable_any& changed,
                       const std::function<bool()>& done) {
   if (done())
     return;
@@ -26,22 +26,34 @@ void WaitServingBoxes(std::unique_lock<std::mutex>& lock, std::condition_variabl
   }
 }
 
+void CMutex::take(std::thread::id thread) {
+  owner_ = thread;
+  ++depth_;
+}
+
 void CMutex::Lock() {
   const std::thread::id self = std::this_thread::get_id();
   std::unique_lock guard(state_);
-  if (depth_ != 0 && owner_ != self)
-    WaitServingBoxes(guard, freed_, [this, self] { return depth_ == 0 || owner_ == self; });
-  owner_ = self;
-  ++depth_;
+  if (!freeFor(self))
+    WaitServingBoxes(guard, freed_, [this, self] { return freeFor(self); });
+  take(self);
+}
+
+bool CMutex::Lock(const std::stop_token& stop) {
+  const std::thread::id self = std::this_thread::get_id();
+  std::unique_lock guard(state_);
+  if (!freed_.wait(guard, stop, [this, self] { return freeFor(self); }))
+    return false;
+  take(self);
+  return true;
 }
 
 bool CMutex::TryLock() {
   const std::thread::id self = std::this_thread::get_id();
   const std::lock_guard guard(state_);
-  if (depth_ != 0 && owner_ != self)
+  if (!freeFor(self))
     return false;
-  owner_ = self;
-  ++depth_;
+  take(self);
   return true;
 }
 
@@ -52,7 +64,8 @@ void CMutex::Unlock() {
     return;
   if (--depth_ == 0) {
     owner_ = {};
-    freed_.notify_one();
+    // One that is told to stop just now would keep the word from another one.
+    freed_.notify_all();
   }
 }
 
@@ -65,6 +78,12 @@ void Event::Set() {
 void Event::Reset() {
   const std::lock_guard guard(state_);
   signalled_.store(false, std::memory_order_release);
+  changed_.notify_all();
+}
+
+bool Event::WaitForReset(const std::stop_token& stop) {
+  std::unique_lock guard(state_);
+  return changed_.wait(guard, stop, [this] { return !signalled_.load(); });
 }
 
 bool Event::Wait(std::chrono::milliseconds limit) {

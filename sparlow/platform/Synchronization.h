@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <functional>
 #include <mutex>
+#include <stop_token>
 #include <thread>
 
 namespace sparlow {
@@ -22,13 +23,19 @@ class CMutex {
 
   /// Waits without limit.
   void Lock();
+  /// Waits until it is told to stop, without serving message boxes. False: it was, and another thread
+  /// still has the lock.
+  bool Lock(const std::stop_token& stop);
   /// Takes the lock if that needs no wait. False: another thread has it.
   bool TryLock();
   void Unlock();
 
  private:
+  bool freeFor(std::thread::id thread) const { return depth_ == 0 || owner_ == thread; }
+  void take(std::thread::id thread);
+
   std::mutex state_;
-  std::condition_variable freed_;
+  std::condition_variable_any freed_;
   std::thread::id owner_;  // guarded by state_
   unsigned depth_ = 0;     // guarded by state_
 };
@@ -67,11 +74,13 @@ class Event {
   bool IsSet() const noexcept { return signalled_.load(std::memory_order_relaxed); }
   /// True when the event is signalled before the time is over.
   bool Wait(std::chrono::milliseconds limit);
+  /// Waits until the event isn't signalled. False: it was told to stop before.
+  bool WaitForReset(const std::stop_token& stop);
 
  private:
   std::atomic<bool> signalled_;
   std::mutex state_;
-  std::condition_variable changed_;
+  std::condition_variable_any changed_;
 };
 
 /// The platform's name for a reference to an event. Null is no event.
@@ -93,7 +102,7 @@ std::uint32_t WaitForSingleObject(HANDLE event, std::uint32_t milliseconds);
 
 /// Waits on a condition until done() holds, serving message boxes meanwhile when the caller is the
 /// window's thread. lock guards what done() reads, and is released while a box is open.
-void WaitServingBoxes(std::unique_lock<std::mutex>& lock, std::condition_variable& changed,
+void WaitServingBoxes(std::unique_lock<std::mutex>& lock, std::condition_variable_any& changed,
                       const std::function<bool()>& done);
 
 }  // namespace sparlow

@@ -1,5 +1,6 @@
 #include "sparlow/platform/UiThread.h"
 
+#include <algorithm>
 #include <atomic>
 #include <cstdio>
 #include <deque>
@@ -14,21 +15,24 @@ namespace {
 
 struct PendingBox {
   BoxRequest request;
+  const void* owner = nullptr;
   bool answered = false;
   int answer = IDOK;
 };
 
+using Boxes = std::deque<std::shared_ptr<PendingBox>>;
+
 /// Everything that is guarded by the one lock of this file.
 struct State {
   std::mutex lock;
-  std::condition_variable answered;
+  std::condition_variable closed;
   std::thread::id uiThread;
   bool attached = false;
   int openBoxes = 0;
-  int answerSilently = 0;
+  std::vector<const void*> answered;  // owners whose boxes aren't shown; null: everybody's
   std::function<void()> wake;
   UiThread::BoxHandler handler;
-  std::deque<std::shared_ptr<PendingBox>> boxes;
+  Boxes boxes;
   std::vector<std::shared_ptr<PendingBox>> openForWorkers;
   std::string applicationName;
 };
@@ -41,6 +45,7 @@ State& state() {
 
 /// How many waits of this thread are serving boxes, one inside the other.
 thread_local int waits = 0;
+thread_local const void* boxOwner = nullptr;
 
 int logAndAnswer(const BoxRequest& request) {
   std::fprintf(stderr, "%s: %s\n", request.caption.c_str(), request.text.c_str());
@@ -62,17 +67,24 @@ void giveAnswer(PendingBox& box, int answer) {
     return;
   box.answer = answer;
   box.answered = true;
-  state().answered.notify_all();
+  state().closed.notify_all();
 }
 
-/// Opens the box that was asked for first, outside the lock.
-void openFront(std::unique_lock<std::mutex>& guard) {
+/// Boxes of that owner aren't shown.
+bool isAnswered(const void* owner) {
+  const auto& owners = state().answered;
+  return std::any_of(owners.begin(), owners.end(),
+                     [owner](const void* each) { return !each || each == owner; });
+}
+
+/// Opens a box, outside the lock.
+void open(const Boxes::iterator& waiting, std::unique_lock<std::mutex>& guard) {
   State& s = state();
-  const std::shared_ptr<PendingBox> box = s.boxes.front();
-  s.boxes.pop_front();
+  const std::shared_ptr<PendingBox> box = std::move(*waiting);
+  s.boxes.erase(waiting);
   s.openForWorkers.push_back(box);
   ++s.openBoxes;
-  const UiThread::BoxHandler handler = s.answerSilently > 0 ? nullptr : s.handler;
+  const UiThread::BoxHandler handler = isAnswered(box->owner) ? nullptr : s.handler;
   guard.unlock();
   const int answer = openBox(handler, box->request);
   guard.lock();
@@ -98,7 +110,7 @@ void UiThread::Detach() {
   s.wake = nullptr;
   s.handler = nullptr;
   while (!s.boxes.empty())
-    openFront(guard);
+    open(s.boxes.begin(), guard);
 }
 
 bool UiThread::IsCurrent() {
@@ -137,18 +149,24 @@ int UiThread::ShowBox(BoxRequest request) {
   }
   const auto box = std::make_shared<PendingBox>();
   box->request = std::move(request);
+  box->owner = boxOwner;
   s.boxes.push_back(box);
   if (s.wake)
     s.wake();
-  s.answered.wait(guard, [&] { return box->answered; });
+  s.closed.wait(guard, [&] { return box->answered; });
   return box->answer;
 }
 
 void UiThread::ServeBoxes() {
   State& s = state();
   std::unique_lock guard(s.lock);
-  while ((s.openBoxes == 0 || s.answerSilently > 0) && !s.boxes.empty())
-    openFront(guard);
+  const auto next = [&] {
+    return std::find_if(s.boxes.begin(), s.boxes.end(), [&](const auto& box) {
+      return s.openBoxes == 0 || isAnswered(box->owner);
+    });
+  };
+  for (auto box = next(); box != s.boxes.end(); box = next())
+    open(box, guard);
 }
 
 void UiThread::ServeBoxesInWait() {
@@ -161,19 +179,27 @@ bool UiThread::InWait() {
   return waits != 0;
 }
 
-UiThread::AnswerBoxes::AnswerBoxes() {
+UiThread::BoxOwner::BoxOwner(const void* owner) : outer_(std::exchange(boxOwner, owner)) {}
+
+UiThread::BoxOwner::~BoxOwner() {
+  boxOwner = outer_;
+}
+
+UiThread::AnswerBoxes::AnswerBoxes(const void* owner) : owner_(owner) {
   State& s = state();
   const std::lock_guard guard(s.lock);
-  ++s.answerSilently;
+  s.answered.push_back(owner_);
   // A box that is open further out on this thread's stack can't be closed before the wait is over.
-  for (const std::shared_ptr<PendingBox>& box : s.openForWorkers)
-    giveAnswer(*box, IDOK);
+  for (const std::shared_ptr<PendingBox>& box : s.openForWorkers) {
+    if (isAnswered(box->owner))
+      giveAnswer(*box, IDOK);
+  }
 }
 
 UiThread::AnswerBoxes::~AnswerBoxes() {
   State& s = state();
   const std::lock_guard guard(s.lock);
-  --s.answerSilently;
+  s.answered.erase(std::find(s.answered.begin(), s.answered.end(), owner_));
 }
 
 int AfxMessageBox(const char* text, unsigned type, unsigned) {

@@ -52,15 +52,30 @@ class UiThread {
   /// such a box is open InWait holds, and nothing but boxes is to be served.
   static void ServeBoxesInWait();
   static bool InWait();
-  /// While it lives, boxes that workers want are logged and answered, those that are open included:
-  /// a window is closing and waits for its workers.
+  /// While it lives, the boxes that the calling thread asks for are those of an owner.
+  /// Threads: any but the window's.
+  class BoxOwner {
+   public:
+    explicit BoxOwner(const void* owner);
+    ~BoxOwner();
+    BoxOwner(const BoxOwner&) = delete;
+    BoxOwner& operator=(const BoxOwner&) = delete;
+
+   private:
+    const void* const outer_;
+  };
+  /// While it lives, the boxes that an owner's workers want are logged and answered, those that are
+  /// open included: the owner waits for its workers. Null: the boxes of everybody's.
   /// Threads: the window's.
   class AnswerBoxes {
    public:
-    AnswerBoxes();
+    explicit AnswerBoxes(const void* owner);
     ~AnswerBoxes();
     AnswerBoxes(const AnswerBoxes&) = delete;
     AnswerBoxes& operator=(const AnswerBoxes&) = delete;
+
+   private:
+    const void* const owner_;
   };
 };
 

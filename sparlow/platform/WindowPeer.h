@@ -23,6 +23,9 @@ class WindowPeer {
   WindowPeer& operator=(const WindowPeer&) = delete;
   virtual ~WindowPeer() = default;
 
+  /// The window ends: what is on the screen goes, and nothing is told any more. The surface stays as
+  /// long as the peer.
+  virtual void End() {}
   /// The window's own pixels, as large as its client area. They stay until the next change of size.
   virtual Device& Surface() = 0;
   /// The surface has changed: brings it to the screen, soon.

@@ -94,43 +94,62 @@ void WindowSite::Invalidate() {
 }
 
 LRESULT WindowSite::Send(UINT message, WPARAM wParam, LPARAM lParam) {
-  return window_ ? window_->WindowProc(message, wParam, lParam) : 0;
+  if (!window_ || ended_)
+    return 0;
+  const WindowHold hold(*this);
+  return window_->WindowProc(message, wParam, lParam);
 }
 
 void WindowSite::PaintIfDue() {
-  if (!window_ || !peer_ || !peer_->IsShown())
+  if (!peer() || !peer_->IsShown())
     return;
   // Taken back before the paint: what is marked during it makes another one.
   if (invalid_.exchange(false))
     Send(WM_PAINT);
 }
 
-void WindowSite::PeerGone() {
-  const auto keep = shared_from_this();
-  Destroy();
-}
-
 void WindowSite::Destroy() {
-  if (destroying_ || !window_)
+  if (destroying_)
     return;
   destroying_ = true;
-  const auto keep = shared_from_this();
+  const WindowHold hold(*this);
   Send(WM_DESTROY);
+  end();
+  if (window_)
+    window_->WindowProc(WM_NCDESTROY, 0, 0);
+}
+
+void WindowSite::Forget() {
+  const WindowHold hold(*this);
+  destroying_ = true;
+  window_ = nullptr;
+  end();
+}
+
+void WindowSite::end() {
+  if (std::exchange(ended_, true))
+    return;
   leaveRegistry();
+  if (peer_)
+    peer_->End();
+}
+
+void WindowSite::release() {
+  if (--holds_ != 0 || !ended_)
+    return;
   peer_.reset();
   if (CWnd* const window = std::exchange(window_, nullptr)) {
     window->site_.reset();
-    window->WindowProc(WM_NCDESTROY, 0, 0);
     window->PostNcDestroy();
   }
 }
 
-void WindowSite::Forget() {
-  const auto keep = shared_from_this();
-  destroying_ = true;
-  window_ = nullptr;
-  leaveRegistry();
-  peer_.reset();
+WindowHold::WindowHold(HWND window) {
+  if (!UiThread::IsCurrent())
+    return;
+  site_ = WindowSite::Find(window);
+  if (site_)
+    ++site_->holds_;
 }
 
 }  // namespace sparlow

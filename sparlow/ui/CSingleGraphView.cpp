@@ -89,27 +89,32 @@ bool View::DataValid() const {
   return graph && graph->DataAndAxisValid();
 }
 
-bool View::endZoomBox() {
-  const HWND window = GetSafeHwnd();
+void View::endZoomBox() {
   if (zoomDrag)
     OnCaptureChanged(0, 0);
-  return WindowSite::Find(window) != nullptr;
 }
 
 void View::UpdateGraph() {
+  if (!graph)
+    return;
+  const WindowHold hold(GetSafeHwnd());
   // The box was drawn on the axes as they are now.
-  if (graph && endZoomBox())
-    graph->UpdateGraph();
+  endZoomBox();
+  graph->UpdateGraph();
 }
 
 void View::ChangeAxes(const std::function<void(GraphAxis&)>& change) {
-  if (graph && endZoomBox())
-    graph->ChangeAxes(change);
+  if (!graph)
+    return;
+  const WindowHold hold(GetSafeHwnd());
+  endZoomBox();
+  graph->ChangeAxes(change);
 }
 
 void View::SetActive(bool active) {
   if (!graph)
     return;
+  const WindowHold hold(GetSafeHwnd());
   graph->active = active;
   if (active)
     graph->UpdateCursorsReadout();
@@ -119,6 +124,7 @@ void View::SetActive(bool active) {
 void View::SetColors(GraphColors& colors) {
   if (!graph)
     return;
+  const WindowHold hold(GetSafeHwnd());
   graph->SetColors(&colors);
   drawAll();
 }
@@ -140,11 +146,9 @@ void View::OnGraphActivated(int index) {
 void View::activate(void (Graph::*which)(int), int index) {
   if (!graph)
     return;
-  const HWND window = GetSafeHwnd();
+  const WindowHold hold(GetSafeHwnd());
   (graph.get()->*which)(index);
-  // Its update may have ended the view.
-  CDocument* const document = WindowSite::Find(window) ? GetDocument() : nullptr;
-  if (document)
+  if (CDocument* const document = GetSafeHwnd() ? GetDocument() : nullptr)
     document->SetTitle(graph->GetName());
 }
 

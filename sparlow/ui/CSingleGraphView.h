@@ -24,7 +24,8 @@ inline constexpr UINT WM_VIEW_FOCUSED = WM_USER + 102;
 
 /// The window that shows one Graph. A host makes it, gives it axes and a series, fills the series
 /// and calls UpdateGraph, or posts WM_UPDATE_GRAPH from any thread.
-/// It deletes itself with its window, also when a user closes that: Term of the series comes after.
+/// It deletes itself with its window, also when a user closes that, but never while it handles a
+/// message or one of its operations runs. Term of the series comes after.
 /// Threads: the window's.
 class CSingleGraphView : public CView {
  public:
@@ -73,7 +74,7 @@ class CSingleGraphView : public CView {
 
   /// A series was picked: makes it active and the document's title its name.
   virtual void OnGraphActivated(int index);
-  /// The same by SetActive or SetActiveMask. The view may be gone after it.
+  /// The same by SetActive or SetActiveMask.
   void activate(void (Graph::*which)(int), int index);
   /// Makes the kind of graph that this view shows.
   virtual std::unique_ptr<Graph> NewGraph(GraphAxis* axis);
@@ -82,8 +83,7 @@ class CSingleGraphView : public CView {
   void OnDraw(CDC* dc) override;
   const MessageMap* GetMessageMap() const override { return &messageMap; }
 
-  /// Shows the popup menu at a point of the client area, until it is closed. The view may be gone
-  /// after it.
+  /// Shows the popup menu at a point of the client area, until it is closed.
   void CreatePopupMenu(CPoint point);
   /// Bring the menu itself, and the submenu of an axis, up to date before they are shown.
   void UpdatePopupMenu(CMenu* menu);
@@ -112,7 +112,6 @@ class CSingleGraphView : public CView {
 
   LRESULT OnInitMenuPopup(WPARAM popup, LPARAM);
   LRESULT OnSparlowCommand(WPARAM code, LPARAM);
-  // Each may run a dialog, and the view may be gone after it.
   void OnViewSampleZoomIn();
   void OnViewSampleZoomOut();
   void OnViewCursorZoomIn();
@@ -140,8 +139,8 @@ class CSingleGraphView : public CView {
   bool transferLock() const;
   bool takesInput() const;
   void finishGesture(CPoint point);
-  /// Ends a zoom box in progress as a release of the mouse does. False when the view is gone.
-  bool endZoomBox();
+  /// Ends a zoom box in progress as a release of the mouse does.
+  void endZoomBox();
   /// Ends a gesture that comes to nothing.
   void dropGesture();
   void releaseMouse();

@@ -1,8 +1,4 @@
 // What a user does with mouse, keyboard and scroll bars, as calls of the graph.
-//
-// Whatever tells another window something, updates the graph or takes or releases the mouse may run
-// code of the host's that ends this view. So each of these comes last, or the window's handle is
-// looked up after it.
 
 #include <algorithm>
 #include <climits>
@@ -10,7 +6,6 @@
 
 #include "sparlow/platform/CDocument.h"
 #include "sparlow/platform/Input.h"
-#include "sparlow/platform/WindowSite.h"
 #include "sparlow/platform/Windows.h"
 #include "sparlow/ui/CSingleGraphView.h"
 #include "sparlow/ui/PointingHand.h"
@@ -21,10 +16,6 @@ namespace sparlow {
 using View = CSingleGraphView;
 
 namespace {
-
-bool exists(HWND window) {
-  return WindowSite::Find(window) != nullptr;
-}
 
 void order(int& smaller, int& larger) {
   if (smaller > larger)
@@ -61,11 +52,7 @@ LRESULT View::OnLButtonDown(WPARAM, LPARAM lParam) {
   } else if (graph->InRightCursorArea(point)) {
     graph->BeginDragRightCursor();
   } else {
-    const HWND window = GetSafeHwnd();
-    SetCapture(window);
-    // Another window that had the mouse was told so.
-    if (!exists(window))
-      return 0;
+    SetCapture(GetSafeHwnd());
     zoomDrag = true;
     graph->zoomStart = graph->zoomEnd = graph->zoomPrev = point;
   }
@@ -91,9 +78,8 @@ LRESULT View::OnMouseMove(WPARAM, LPARAM lParam) {
 }
 
 void View::drawAll() {
-  const HWND window = GetSafeHwnd();
   graph->DrawAll();
-  if (!exists(window) || !zoomDrag || !DataValid())
+  if (!zoomDrag || !DataValid())
     return;
   // The frame that was painted has no box on it.
   graph->zoomPrev = graph->zoomStart;
@@ -128,23 +114,18 @@ void View::finishGesture(CPoint point) {
   if (zoomDrag) {
     // First, since the release comes back here as a lost capture.
     zoomDrag = false;
-    const HWND window = GetSafeHwnd();
     releaseMouse();
-    if (!exists(window))
-      return;
     CPoint& start = graph->zoomStart;
     CPoint& end = graph->zoomEnd;
     if (start.x == end.x || start.y == end.y) {
       // The ends of a flat box are dots that its lines didn't take away again.
       if (start.x != end.x || start.y != end.y)
-        InvalidateRect(window, nullptr, true);
+        InvalidateRect(GetSafeHwnd(), nullptr, true);
       return click(point);
     }
     order(start.x, end.x);
     order(start.y, end.y);
     graph->ZoomInByPoint();
-    if (!exists(window))
-      return;
   }
   if (graph->IsCursorDrag())
     graph->EndDragCursor();
@@ -185,12 +166,11 @@ void View::click(CPoint point) {
 }
 
 LRESULT View::OnCaptureChanged(WPARAM, LPARAM) {
-  const HWND window = GetSafeHwnd();
   CPoint point;
   GetCursorPos(&point);
-  ScreenToClient(window, &point);
+  ScreenToClient(GetSafeHwnd(), &point);
   OnLButtonUp(0, PackPoint(point));
-  return exists(window) ? Default() : 0;
+  return Default();
 }
 
 LRESULT View::OnLButtonDblClk(WPARAM, LPARAM) {
@@ -203,9 +183,8 @@ LRESULT View::OnLButtonDblClk(WPARAM, LPARAM) {
 LRESULT View::OnRButtonDown(WPARAM, LPARAM lParam) {
   if (!graph || transferLock() || zoomDrag)
     return 0;
-  const HWND window = GetSafeHwnd();
   CreatePopupMenu(PointOf(lParam));
-  return exists(window) ? Default() : 0;
+  return Default();
 }
 
 LRESULT View::OnKeyDown(WPARAM key, LPARAM) {
@@ -216,14 +195,10 @@ LRESULT View::OnKeyDown(WPARAM key, LPARAM) {
   keyRepeat = std::min(keyRepeat, INT_MAX - 1) + 1;
   const int step = key == VK_LEFT ? -keyRepeat : keyRepeat;
   const bool right = GetKeyState(VK_SHIFT) < 0;
-  const HWND window = GetSafeHwnd();
-  if (right ? graph->MoveRCursor(step) : graph->MoveLCursor(step)) {
+  if (right ? graph->MoveRCursor(step) : graph->MoveLCursor(step))
     UpdateGraph();
-    if (!exists(window))
-      return 0;
-  } else {
+  else
     graph->DrawCursors();
-  }
   graph->UpdateCursorsReadout();
   return Default();
 }
@@ -238,11 +213,10 @@ LRESULT View::OnKeyUp(WPARAM key, LPARAM) {
 LRESULT View::OnHScroll(WPARAM wParam, LPARAM) {
   if (!takesInput())
     return 0;
-  const HWND window = GetSafeHwnd();
   SCROLLINFO bar;
-  if (GetScrollInfo(window, SB_HORZ, &bar))
+  if (GetScrollInfo(GetSafeHwnd(), SB_HORZ, &bar))
     scrollBy(scrollCode(wParam), bar);
-  return exists(window) ? Default() : 0;
+  return Default();
 }
 
 void View::scrollBy(int code, const SCROLLINFO& bar) {
@@ -274,11 +248,10 @@ void View::scrollBy(int code, const SCROLLINFO& bar) {
 LRESULT View::OnVScroll(WPARAM wParam, LPARAM) {
   if (!takesInput())
     return 0;
-  const HWND window = GetSafeHwnd();
   SCROLLINFO bar;
-  if (GetScrollInfo(window, SB_VERT, &bar))
+  if (GetScrollInfo(GetSafeHwnd(), SB_VERT, &bar))
     yScrollBy(scrollCode(wParam), bar);
-  return exists(window) ? Default() : 0;
+  return Default();
 }
 
 void View::yScrollBy(int code, const SCROLLINFO& bar) {

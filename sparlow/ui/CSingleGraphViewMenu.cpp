@@ -31,7 +31,7 @@ void View::CreatePopupMenu(CPoint point) {
   keyRepeat = 0;
   CMenu menu;
   const CMenu* const popup = graph->CreateCustomPopupMenu(menu);
-  // The view may be gone when the menu is closed; what was chosen is posted to it.
+  // What was chosen is posted.
   if (popup && ClientToScreen(GetSafeHwnd(), &point))
     popup->TrackPopupMenu(0, point.x, point.y, this);
 }

@@ -26,6 +26,7 @@ class TestView : public CSingleGraphView {
   Graph& TheGraph() { return *graph; }
 
   std::function<void(UINT)> afterMessage;
+  std::function<void()> inOverlay;
   /// With a number the graph lies over others: a click hits the mask 1, another curve, or with 0
   /// nothing.
   std::optional<int> overlaidHit;
@@ -50,6 +51,10 @@ class TestView : public CSingleGraphView {
           *isMask = *index == 1;
         }
         return view.overlaidHit != 0;
+      }
+      void DrawCustomOverlay(CDC*) override {
+        if (const auto hook = std::exchange(view.inOverlay, nullptr))
+          hook();
       }
       void SetActiveMask(int index) override { view.picked += FormatText("mask %d ", index); }
       TestView& view;
@@ -97,7 +102,7 @@ class GraphTest : public ::testing::Test {
   void Pump() { TestWindows::Pump(); }
   bool PumpUntil(const std::function<bool()>& holds) { return TestWindows::PumpUntil(holds); }
   bool AwaitIdle() {
-    return PumpUntil([this] { return Workers() == 0 && !RenderDue(); });
+    return PumpUntil([this] { return TheGraph().Settled(); });
   }
 
   static void Begin(ViewData& data) { data.InitDataTransfer(false); }
@@ -136,6 +141,17 @@ class GraphTest : public ::testing::Test {
     AddBlock(series, n);
     view->UpdateGraph();
   }
+  /// Does what tells a worker at the gate to stop and waits for it.
+  static void StopAtGate(GatedSeries& gated, const std::function<void()>& action) {
+    gated.AwaitWorker();
+    std::thread opener([&] {
+      while (!gated.renderStop && !gated.IsAborted())
+        std::this_thread::yield();
+      gated.OpenGate();
+    });
+    action();
+    opener.join();
+  }
   /// A worker stands at the gate, in the middle of a render of n samples.
   void StartGatedRender(unsigned n = 20000) {
     series.CloseGate();
@@ -143,8 +159,12 @@ class GraphTest : public ::testing::Test {
     series.AwaitWorker();
   }
 
-  std::shared_ptr<GraphWorkers> AllWorkers() { return TheGraph().workers; }
-  int Workers() { return AllWorkers()->Count(); }
+  /// That are at work, or about to be.
+  int Workers() {
+    const Graph& graph = TheGraph();
+    return graph.pipeline.Busy() + graph.analysis.Busy() + graph.maskAnalysis.Busy();
+  }
+  RenderPipeline& Pipeline() { return TheGraph().pipeline; }
   bool RenderDue() { return TheGraph().RenderDue(); }
   CSize Plot() { return {TheGraph().width, TheGraph().height}; }
 

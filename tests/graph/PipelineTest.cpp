@@ -12,8 +12,10 @@ namespace {
 
 /// A thread that the system is slow to start.
 struct HeldThread {
-  static inline std::atomic<bool> released{false};
+  static inline std::atomic<bool> released{true};
+  static inline std::atomic<int> started{0};
   static bool Start(AFX_THREADPROC proc, void* parameter) {
+    ++started;
     std::thread([proc, parameter] {
       while (!released)
         std::this_thread::yield();
@@ -25,12 +27,14 @@ struct HeldThread {
 
 class PipelineTest : public GraphTest {
  protected:
+  PipelineTest() {
+    HeldThread::started = 0;
+    SetThreadStarter(HeldThread::Start);
+  }
   /// An update whose worker doesn't come to run before HeldThread is released.
   void StartHeldRender() {
     HeldThread::released = false;
-    SetThreadStarter(HeldThread::Start);
     Show(20000);
-    SetThreadStarter(nullptr);
     ASSERT_EQ(Workers(), 1);
   }
   /// Does something from another thread, after a while.
@@ -42,13 +46,10 @@ class PipelineTest : public GraphTest {
     });
   }
   void ExpectFreeAndIdle() {
-    EXPECT_EQ(Workers(), 0);
-    EXPECT_FALSE(RenderDue());
+    EXPECT_TRUE(TheGraph().Settled());
     std::thread([this] {
-      CMutex& lock = AllWorkers()->pipelineLock;
-      EXPECT_TRUE(lock.TryLock()) << "somebody has left it locked";
-      lock.Unlock();
-    }).join();
+      const RenderPipeline::Turn turn(Pipeline(), RenderPipeline::Turn::awaitsRender);
+    }).join();  // not if somebody has kept a turn
   }
 };
 
@@ -64,6 +65,7 @@ TEST_F(PipelineTest, DestroyWaitsForAWorkerThatHasntRunYetAndNothingStartsAfterI
   TheGraph().ResizeGraph();
   ExpectFreeAndIdle();
   EXPECT_EQ(series.begun, before);
+  EXPECT_EQ(HeldThread::started, 1);
 }
 
 TEST_F(PipelineTest, TheCallerRendersWhenNoThreadStarts) {
@@ -75,35 +77,48 @@ TEST_F(PipelineTest, TheCallerRendersWhenNoThreadStarts) {
   ExpectTrueColumns();
 }
 
-TEST_F(PipelineTest, OfManyResizesTheNewestIsRenderedAndNoPaintWaits) {
+TEST_F(PipelineTest, OfAThousandResizesOneWorkerRendersTheNewestAndNoPaintWaits) {
   StartGatedRender();
-  for (int width = 400; width < 420; ++width)
+  for (int width = 400; width < 1400; ++width)
     Window().Resize({width, 300});
   Pump();
   EXPECT_TRUE(Shows("Rendering graph"));
   EXPECT_FALSE(Shows("Delay"));
   series.OpenGate();
   ASSERT_TRUE(AwaitIdle());
+  EXPECT_EQ(HeldThread::started, 1);
   EXPECT_EQ(series.completed, 1);
-  EXPECT_EQ(Plot(), (CSize{419 - 58 - 20, 300 - 42}));
+  EXPECT_EQ(Plot(), (CSize{1399 - 58 - 20, 300 - 42}));
   EXPECT_FALSE(series.renderStop);
   ExpectTrueColumns();
   Pump();
   EXPECT_TRUE(Shows("Delay"));
 }
 
-TEST_F(PipelineTest, DestroyEndsARenderAndTheOneThatTakesOver) {
+TEST_F(PipelineTest, AnalysesThatAreAskedForDuringARunAreOneRunAfterIt) {
+  test::Doubled analysis;
+  analysis.Init("Doubled", &series);
+  Fill(series, 100);
+  OpenView({640, 480}, analysis);
+  analysis.end = test::Doubled::waits;
+  TheGraph().AnalyzeAll();
+  while (analysis.runs == 0)
+    std::this_thread::yield();
+  for (int i = 0; i < 100; ++i)
+    PostMessage(view->GetSafeHwnd(), WM_RECALC_ANALYSIS, 0, 0);
+  Pump();
+  EXPECT_EQ(HeldThread::started, 1);
+  analysis.end = test::Doubled::succeeds;
+  ASSERT_TRUE(AwaitIdle());
+  EXPECT_EQ(analysis.runs, 2);
+  CloseView();
+  analysis.Term();
+}
+
+TEST_F(PipelineTest, DestroyEndsARenderAndTheOneThatIsDueAfterIt) {
   StartGatedRender();
   Window().Resize({500, 400});
-  Window().Resize({600, 400});
-  ASSERT_EQ(Workers(), 3);
-  std::thread opener([this, workers = AllWorkers()] {
-    while (!workers->Closed())
-      std::this_thread::yield();
-    series.OpenGate();
-  });
-  CloseView();
-  opener.join();
+  StopAtGate(series, [this] { CloseView(); });
   EXPECT_EQ(series.completed, 0);
   EXPECT_EQ(series.begun, series.stopped);
   EXPECT_FALSE(series.IsAborted());
@@ -138,69 +153,98 @@ TEST_F(PipelineTest, SeriesMayEndAsSoonAsTheWindowIsDestroyed) {
   EXPECT_EQ(own, nullptr);
 }
 
-TEST_F(PipelineTest, TheLastToGiveUpBringsTheGraph) {
-  // The older render's thread comes to run when the newer one has long been done.
-  StartHeldRender();
-  Window().Resize({500, 400});
-  ASSERT_TRUE(PumpUntil([this] { return series.completed == 1 && Workers() == 1; }));
-  Pump();
-  EXPECT_TRUE(Shows("Rendering graph"));
-  HeldThread::released = true;
-  ASSERT_TRUE(AwaitIdle());
-  Pump();
-  EXPECT_TRUE(Shows("Delay"));
-  ExpectTrueColumns();
-}
-
-TEST_F(PipelineTest, ChangesOfSeriesAxesAndIntervalWaitForTheRenderToEnd) {
+TEST_F(PipelineTest, ChangesStopARenderAndAnUpdateAwaitsIt) {
   ViewData other;
   other.Init("Other", nullptr);
-  const auto ended = [this] { return series.begun == series.completed + series.stopped; };
-  const std::function<bool()> changes[] = {
-      [&] {
-        bool inTime = false;
-        view->ChangeAxes([&](GraphAxis&) { inTime = ended(); });
-        return inTime;
-      },
-      [&] { return TheGraph().ZoomInBySample(), true; },  // not while the gate is closed
-      [&] { return TheGraph().SetViewData(&other), ended(); },
+  const std::function<void()> changes[] = {
+      [&] { view->ChangeAxes([](GraphAxis&) {}); },
+      [&] { TheGraph().ZoomInBySample(); },
+      [&] { TheGraph().Scroll(-100); },
+      [&] { TheGraph().SetViewData(&other); },
   };
   for (const auto& change : changes) {
+    TheGraph().SetViewData(&series);
     StartGatedRender();
-    std::thread opener = Later([this] {
-      EXPECT_EQ(series.GetIntervalSize(), 20000u);
-      series.OpenGate();
-    });
-    EXPECT_TRUE(change()) << &change - changes;
-    opener.join();
+    const int stopped = series.stopped;
+    StopAtGate(series, change);
+    EXPECT_EQ(series.stopped, stopped + 1) << &change - changes;
     ASSERT_TRUE(AwaitIdle());
   }
+  TheGraph().SetViewData(&series);
+  StartGatedRender();
+  const int completed = series.completed;
+  std::thread opener = Later([this] { series.OpenGate(); });
+  view->UpdateGraph();
+  EXPECT_EQ(series.completed, completed + 1) << "a feed would starve it";
+  opener.join();
+  ASSERT_TRUE(AwaitIdle());
   CloseView();
   other.Term();
+}
+
+TEST_F(PipelineTest, ClearStopsARenderAndAnAnalysis) {
+  StartGatedRender();
+  StopAtGate(series, [this] { view->Clear(); });
+  EXPECT_FALSE(series.Valid());
+  test::Doubled analysis;
+  analysis.Init("Doubled", &series);
+  Fill(series, 100);
+  OpenView({640, 480}, analysis);
+  EXPECT_TRUE(analysis.Analyze());
+  analysis.end = test::Doubled::waits;
+  TheGraph().AnalyzeAll();
+  while (analysis.runs < 2)
+    std::this_thread::yield();
+  view->Clear();
+  EXPECT_EQ(analysis.end, test::Doubled::fails);
+  EXPECT_FALSE(analysis.Valid() || analysis.IsAborted());
+  CloseView();
+  analysis.Term();
 }
 
 TEST_F(PipelineTest, ARenderThatItsHostStopsIsDoneWhenTheHostLetsIt) {
   SetEvent(series.terminator);
   Show(20000);
+  view->ChangeAxes([](GraphAxis&) {});  // not kept by the one that waits
+  EXPECT_TRUE(RenderDue());
+  EXPECT_EQ(series.begun, 0) << "nobody tries in vain";
+  series.CloseGate();
+  ResetEvent(series.terminator);
+  series.AwaitWorker();
+  SetEvent(series.terminator);
+  series.OpenGate();
   ASSERT_TRUE(PumpUntil([this] { return series.stopped > 0; }));
   EXPECT_TRUE(RenderDue());
-  view->ChangeAxes([](GraphAxis&) {});  // not kept by the one that waits
   ResetEvent(series.terminator);
   ASSERT_TRUE(AwaitIdle());
   Pump();
   EXPECT_TRUE(Shows("Delay"));
 }
 
-TEST_F(PipelineTest, WhatAHostThrowsLeavesNothingLocked) {
+TEST_F(PipelineTest, WhatARenderThrowsIsTriedOnceMoreAndToldInOneBox) {
   struct Throwing : GatedSeries {
-    int yPosGet(unsigned, const GraphAxis*) const override { throw Error{0xFF03}; }
+    int yPosGet(unsigned sample, const GraphAxis* shown) const override {
+      if (throws)
+        throw std::runtime_error("no reason");
+      return GatedSeries::yPosGet(sample, shown);
+    }
+    bool throws = true;
   } throwing;
   throwing.Init("Throwing", nullptr);
   Fill(throwing, 20000);
   OpenView({640, 480}, throwing);
+  for (int i = 0; i < 2; ++i) {
+    view->UpdateGraph();
+    ASSERT_TRUE(AwaitIdle());
+    EXPECT_EQ(throwing.begun, 2 * (i + 1));
+  }
+  ExpectFreeAndIdle();
+  EXPECT_EQ(system.boxes, std::vector<std::string>{"Cannot render the graph.\nno reason"});
+  throwing.throws = false;
   view->UpdateGraph();
   ASSERT_TRUE(AwaitIdle());
-  ExpectFreeAndIdle();
+  Pump();
+  EXPECT_TRUE(Shows("Throwing"));
   CloseView();
   throwing.Term();
 }

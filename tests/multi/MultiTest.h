@@ -79,17 +79,6 @@ class MultiTest : public GraphTest {
     Analyze(mask);
     EXPECT_TRUE(PumpUntil([&] { return analysis.runs > 0; }));
   }
-  /// Does what tells a worker at the gate to stop and waits for it.
-  static void StopAtGate(GatedSeries& gated, const std::function<void()>& action) {
-    gated.AwaitWorker();
-    std::thread opener([&] {
-      while (!gated.renderStop && !gated.IsAborted())
-        std::this_thread::yield();
-      gated.OpenGate();
-    });
-    action();
-    opener.join();
-  }
   static std::string Stroke(int width, COLORREF color) {
     return FormatText(" style 0 width %d color 0x%06X", width, color);
   }

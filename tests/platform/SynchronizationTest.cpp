@@ -76,22 +76,29 @@ TEST_F(BoxTest, BoxesOfWorkersWaitForOneThatIsOpen) {
   EXPECT_EQ(shown.size(), 4u);
 }
 
-TEST_F(BoxTest, AWindowThatClosesAnswersAnOpenBoxAndLaterOnesItself) {
+TEST_F(BoxTest, WhoWaitsForItsWorkersAnswersTheirBoxesAndNoOthers) {
+  const int owner = 0;
   std::atomic<bool> done{false};
   std::thread worker([&] {
+    const UiThread::BoxOwner mine(&owner);
     EXPECT_EQ(AfxMessageBox("Open"), IDOK);
     EXPECT_EQ(AfxMessageBox("Nobody sees this"), IDOK);
     done = true;
   });
+  std::thread other;
   during = [&] {
-    const UiThread::AnswerBoxes closing;
+    if (done)
+      return;
+    other = std::thread([] { EXPECT_EQ(AfxMessageBox("Another's"), 7); });
+    const UiThread::AnswerBoxes closing(&owner);
     while (!done)
       UiThread::ServeBoxes();
   };
-  while (shown.empty())
+  while (shown.size() < 2)
     UiThread::ServeBoxes();
   worker.join();
-  EXPECT_EQ(shown, std::vector<std::string>{"Open"});
+  other.join();
+  EXPECT_EQ(shown, (std::vector<std::string>{"Open", "Another's"}));
 }
 
 }  // namespace

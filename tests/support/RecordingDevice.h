@@ -23,6 +23,12 @@ class RecordingDevice : public Device {
   explicit RecordingDevice(CSize size = {800, 600}, int pixelsPerInch = 96)
       : size_(size), pixelsPerInch_(pixelsPerInch), calls_(std::make_shared<Calls>()) {}
 
+  /// Has another size, and nothing drawn on it.
+  void Remake(CSize size) {
+    size_ = size;
+    calls_ = std::make_shared<Calls>();
+  }
+
   using Calls = std::vector<std::string>;
   const Calls& calls() const { return *calls_; }
   Calls take() { return std::exchange(*calls_, {}); }

@@ -38,7 +38,7 @@ class TestWindow : public WindowPeer {
   CPoint FromScreen(CPoint screen) const override { return {screen.x - at.x, screen.y - at.y}; }
 
   void Resize(CSize size) {
-    surface = std::make_unique<RecordingDevice>(size);
+    surface->Remake(size);
     site_.Resized(size);
   }
 

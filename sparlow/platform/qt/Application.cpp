@@ -69,7 +69,7 @@ Application::Application(int& argc, char** argv) {
 Application::~Application() {
   {
     // Nobody is left to look at a box that a worker wants while its window goes.
-    const UiThread::AnswerBoxes answer;
+    const UiThread::AnswerBoxes answer(nullptr);
     for (const auto& site : WindowSite::All())
       site->Destroy();
   }

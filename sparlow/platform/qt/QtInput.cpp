@@ -72,15 +72,15 @@ CPoint pixelAt(const QPointF& position) {
 void QtWindow::Mouse(UINT message, const QMouseEvent& event) {
   if (UiThread::InWait())
     return;
-  const auto site = site_.shared_from_this();
+  const WindowHold hold(site_);
   buttons_ = event.buttons();
   system_.NoteInput(this, event.modifiers());
   // A window that has the mouse keeps the shape that it has set.
-  const bool newShape = message == WM_MOUSEMOVE && GetCapture() != site->handle();
+  const bool newShape = message == WM_MOUSEMOVE && GetCapture() != site_.handle();
   if (newShape)
     pointerSet_ = false;
-  site->Send(message, 0, PackPoint(pixelAt(event.position())));
-  if (site->peer() && newShape && !pointerSet_)
+  site_.Send(message, 0, PackPoint(pixelAt(event.position())));
+  if (newShape && !pointerSet_)
     setPointer(nullptr);
 }
 
@@ -114,22 +114,20 @@ void QtWindow::keyEvent(bool down, WPARAM key, const QKeyEvent& event) {
   const KeyStroke now{key, event.timestamp(), modifiers};
   const bool repeats =
       down && heldRelease_ && heldRelease_->key == key && heldRelease_->time == event.timestamp();
-  const auto site = site_.shared_from_this();
+  const WindowHold hold(site_);
   if (repeats)
     heldRelease_.reset();
   else
     tellRelease();
-  if (!site->peer())
-    return;
   // X repeats a key by a release and a press of one time, which Qt joins only if both are there
   // already. So a release waits a little for its press; one without a time has no such pair.
   if (!down && event.timestamp() != 0 && widget_) {
     heldRelease_ = now;
     constexpr int pairGap = 20;
-    QTimer::singleShot(pairGap, widget_, [site, time = now.time] {
-      auto* const window = static_cast<QtWindow*>(site->peer());
-      if (window && window->heldRelease_ && window->heldRelease_->time == time)
-        window->tellRelease();
+    // Not called when the widget has gone.
+    QTimer::singleShot(pairGap, widget_, [this, time = now.time] {
+      if (heldRelease_ && heldRelease_->time == time)
+        tellRelease();
     });
     return;
   }
@@ -151,17 +149,15 @@ void QtWindow::tellKey(bool down, const KeyStroke& stroke, bool before) {
     downKey_.reset();
   constexpr LPARAM once = 1;
   constexpr LPARAM wasDown = 1 << 30;
-  const auto site = site_.shared_from_this();
-  site->Send(down ? WM_KEYDOWN : WM_KEYUP, stroke.key, before ? once | wasDown : once);
+  site_.Send(down ? WM_KEYDOWN : WM_KEYUP, stroke.key, before ? once | wasDown : once);
 }
 
 void QtWindow::Scrolled(int bar, int code, int position) {
   if (UiThread::InWait())
     return;
-  const auto site = site_.shared_from_this();
   const bool thumb = code == SB_THUMBPOSITION || code == SB_THUMBTRACK;
   const auto low16 = thumb ? static_cast<WPARAM>(position & 0xFFFF) : WPARAM{0};
-  site->Send(bar == SB_HORZ ? WM_HSCROLL : WM_VSCROLL, static_cast<WPARAM>(code) | low16 << 16);
+  site_.Send(bar == SB_HORZ ? WM_HSCROLL : WM_VSCROLL, static_cast<WPARAM>(code) | low16 << 16);
 }
 
 SCROLLINFO QtWindow::GetScrollInfo(int bar) const {
@@ -175,18 +171,18 @@ void QtWindow::SetScrollInfo(int bar, const SCROLLINFO& info) {
 }
 
 void QtWindow::FocusChanged(bool focused) {
-  const auto site = site_.shared_from_this();
+  const WindowHold hold(site_);
   tellRelease();
-  if (!site->peer())
-    return;
+  if (!focused)
+    downKey_.reset();
   focused_ = focused;
   tellFocus();
 }
 
 void QtWindow::KeysTaken() {
-  const auto site = site_.shared_from_this();
+  const WindowHold hold(site_);
   tellRelease();
-  if (site->peer() && downKey_)
+  if (downKey_)
     tellKey(false, *std::exchange(downKey_, std::nullopt), true);
 }
 
@@ -200,11 +196,11 @@ void QtWindow::tellFocus() {
     UiThread::Wake();
     return;
   }
-  const auto site = site_.shared_from_this();
+  const WindowHold hold(site_);
   if (std::exchange(toldActive_, active_) != active_)
-    site->Send(WM_ACTIVATE, active_ ? 1 : 0);
-  if (site->peer() && std::exchange(toldFocused_, focused_) != focused_)
-    site->Send(focused_ ? WM_SETFOCUS : WM_KILLFOCUS);
+    site_.Send(WM_ACTIVATE, active_ ? 1 : 0);
+  if (std::exchange(toldFocused_, focused_) != focused_)
+    site_.Send(focused_ ? WM_SETFOCUS : WM_KILLFOCUS);
 }
 
 void QtWindow::SetCapture(bool capture) {
@@ -242,14 +238,13 @@ CPoint QtWindow::FromScreen(CPoint screen) const {
 }
 
 void QtWindow::CatchUp() {
-  const auto site = site_.shared_from_this();
   if (UiThread::InWait())
     return;
+  const WindowHold hold(site_);
   SyncSize();
-  if (site->peer() && std::exchange(mouseTaken_, false))
-    CaptureLost(site->handle());
-  if (site->peer())
-    tellFocus();
+  if (std::exchange(mouseTaken_, false))
+    CaptureLost(site_.handle());
+  tellFocus();
 }
 
 }  // namespace sparlow::qt

@@ -28,6 +28,10 @@ QtWindow::QtWindow(WindowSite& site, QtWindowSystem& system, std::uint32_t style
 }
 
 QtWindow::~QtWindow() {
+  End();
+}
+
+void QtWindow::End() {
   system_.Forget(this);
   if (QtWidget* const widget = std::exchange(widget_, nullptr))
     widget->Discard();
@@ -35,11 +39,11 @@ QtWindow::~QtWindow() {
 
 void QtWindow::WidgetGone() {
   widget_ = nullptr;
-  site_.shared_from_this()->PeerGone();
+  site_.Destroy();
 }
 
 void QtWindow::Closed() {
-  site_.shared_from_this()->Destroy();
+  site_.Destroy();
 }
 
 void QtWindow::Present() {
@@ -62,6 +66,8 @@ void QtWindow::SetTitle(const std::string& utf8) {
 }
 
 void QtWindow::setBarPolicy(int bar, bool show) {
+  if (!widget_)
+    return;
   const auto policy = show ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff;
   if (bar == SB_HORZ)
     widget_->setHorizontalScrollBarPolicy(policy);
@@ -70,36 +76,34 @@ void QtWindow::setBarPolicy(int bar, bool show) {
 }
 
 void QtWindow::ShowScrollBar(int bar, bool show) {
-  if (!widget_)
-    return;
-  // Each step may run the window's WM_SIZE, and that may end the window and this peer.
-  const auto site = site_.shared_from_this();
+  // Each step may run the window's WM_SIZE, and that may end the window.
+  const WindowHold hold(site_);
   setBarPolicy(bar, show);
-  if (site->peer())
+  layOut();
+  SyncSize();
+}
+
+void QtWindow::layOut() {
+  if (widget_)
     widget_->LayOut();
-  if (site->peer())
-    SyncSize();
 }
 
 void QtWindow::SetClientSize(CSize size) {
   if (!widget_)
     return;
-  const auto site = site_.shared_from_this();
-  widget_->LayOut();
-  if (!site->peer())
+  const WindowHold hold(site_);
+  layOut();
+  if (!widget_)
     return;
   const QSize around = widget_->size() - widget_->viewport()->size();
   widget_->resize(QSize(std::max(size.cx, 1), std::max(size.cy, 1)) + around);
-  if (site->peer())
-    widget_->LayOut();
-  if (site->peer())
-    SyncSize();
+  layOut();
+  SyncSize();
 }
 
 void QtWindow::SyncSize() {
   // A message must not run into a wait; the Serve after it calls this again.
-  const auto site = site_.shared_from_this();
-  if (!widget_ || !site->peer() || UiThread::InWait())
+  if (!widget_ || UiThread::InWait())
     return;
   const QWidget* const viewport = widget_->viewport();
   const CSize size{viewport->width(), viewport->height()};
@@ -109,7 +113,7 @@ void QtWindow::SyncSize() {
   told_ = true;
   surface_.Remake(size, scale, background);
   // Also for a new scale alone: off-screen bitmaps are to be made anew.
-  site->Resized(size);
+  site_.Resized(size);
 }
 
 }  // namespace sparlow::qt

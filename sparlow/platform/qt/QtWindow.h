@@ -15,13 +15,15 @@ class QtWidget;
 class QtWindowSystem;
 
 /// A window over a widget with scroll bars. The surface is here and not in the widget, since a
-/// context on it may outlive the widget by the rest of a message.
+/// context on it may outlive the widget by the rest of a message. So does this object, and after any
+/// message the widget may be gone.
 /// Threads: the window's.
 class QtWindow final : public WindowPeer {
  public:
   QtWindow(WindowSite& site, QtWindowSystem& system, std::uint32_t style);
   ~QtWindow() override;
 
+  void End() override;
   Device& Surface() override { return surface_; }
   void Present() override;
   bool IsShown() const override;
@@ -35,22 +37,21 @@ class QtWindow final : public WindowPeer {
   CPoint FromScreen(CPoint screen) const override;
 
   const ImageDevice& Pixels() const { return surface_; }
-  /// Null when Qt has deleted it.
+  /// Null when the window has ended.
   QtWidget* Widget() const { return widget_; }
   /// Makes the client area so large, as far as the widget's surroundings let it.
   void SetClientSize(CSize size);
 
   /// Makes the surface as large and as fine as the viewport is, and tells the site. Nothing happens
   /// when that is so already, or while the window's thread waits: then the next Serve comes back.
-  /// The window may be gone after it.
   void SyncSize();
   /// Tells the window what it couldn't be told before: its size, that the mouse was taken from it,
-  /// focus and activation. The window may be gone after it.
+  /// focus and activation.
   void CatchUp();
 
   /// @name Input, from the widget
-  /// The window may be gone after each of these. While the window's thread waits, presses, moves
-  /// and keys come to nothing, and the rest is told later.
+  /// While the window's thread waits, presses, moves and keys come to nothing, and the rest is told
+  /// later.
   void Mouse(UINT message, const QMouseEvent& event);
   /// True for a key that is this window's matter and nobody else's.
   bool Key(bool down, const QKeyEvent& event);
@@ -64,12 +65,13 @@ class QtWindow final : public WindowPeer {
   void ShowPointer(HCURSOR shape);
 
   /// @name From the widget
-  /// The window is gone after each of these.
+  /// The window has ended after each of these.
   void WidgetGone();
   void Closed();
 
  private:
   void setBarPolicy(int bar, bool show);
+  void layOut();
   void setPointer(HCURSOR shape);
   void tellFocus();
 
@@ -80,7 +82,7 @@ class QtWindow final : public WindowPeer {
   };
   void keyEvent(bool down, WPARAM key, const QKeyEvent& event);
   void tellKey(bool down, const KeyStroke& stroke, bool before);
-  /// The release that is held back, if any. The window may be gone after it.
+  /// The release that is held back, if any.
   void tellRelease();
 
   WindowSite& site_;

@@ -1,0 +1,207 @@
+// A host may close the view in any code of its own that the view runs: the window ends at once, the
+// object when nothing of it is at work any more. What is touched too late the address sanitizer finds.
+
+#include "tests/ui/ViewInput.h"
+
+namespace sparlow {
+namespace {
+
+/// A series that runs the test's code at the place of its name, once.
+struct HookedSeries : Analysis {
+  void At(std::string newPlace, std::function<void()> newHook) {
+    place = std::move(newPlace);
+    hook = std::move(newHook);
+  }
+  void Pass(const std::string& here) const {
+    if (here == place && UiThread::IsCurrent() && hook)
+      std::exchange(hook, nullptr)();
+  }
+  void SetIntervalParams() override {
+    Pass("SetIntervalParams");
+    Analysis::SetIntervalParams();
+  }
+  int yPosGet(unsigned sample, const GraphAxis* axis) const override {
+    Pass("yPosGet");
+    return Analysis::yPosGet(sample, axis);
+  }
+  double GetxAnalyzeTo() const override {
+    Pass("GetxAnalyzeTo");
+    return Analysis::GetxAnalyzeTo();
+  }
+  bool Calculate() override {
+    Pass("Calculate");
+    return false;
+  }
+
+  std::string place;
+  mutable std::function<void()> hook;
+};
+
+struct Receiver : CWnd {
+  Receiver() { CreateMessageOnly(); }
+  LRESULT WindowProc(UINT, WPARAM, LPARAM) override {
+    if (const auto hook = std::exchange(onMessage, nullptr))
+      hook();
+    return 0;
+  }
+  std::function<void()> onMessage;
+};
+
+class LifetimeTest : public ViewInputTest {
+ protected:
+  LifetimeTest() { hooked.Init("Hooked", &series); }
+  ~LifetimeTest() override {
+    CloseView();
+    Graph::SetInfoBar(nullptr);
+    SetMainWindow(nullptr);
+    hooked.Term();
+  }
+  void ShowHooked(unsigned samples) {
+    OpenView({640, 480}, hooked);
+    Fill(hooked, samples);
+    view->UpdateGraph();
+    view->SetActive(true);
+    EXPECT_TRUE(AwaitIdle());
+    window = view->GetSafeHwnd();
+  }
+  /// With a worker that waits for the series, or for its turn.
+  void CloseUnderWork() {
+    TheGraph().AnalyzeAll();
+    Window().Resize({500, 300});
+    CloseView();
+  }
+
+  HookedSeries hooked;
+};
+
+TEST_F(LifetimeTest, InACallbackThatChangesTheAxesAndInABoxOpenedThere) {
+  for (const bool inBox : {false, true}) {
+    OpenView({640, 480});
+    StartGatedRender();
+    UiThread::SetBoxHandler([this](const BoxRequest&) {
+      CloseView();
+      return IDOK;
+    });
+    StopAtGate(series, [&] {
+      view->ChangeAxes([&](GraphAxis&) {
+        if (inBox)
+          AfxMessageBox("Axes?");
+        else
+          CloseView();
+        EXPECT_EQ(view, nullptr);
+      });
+    });
+    EXPECT_FALSE(series.IsAborted() || series.renderStop);
+  }
+}
+
+TEST_F(LifetimeTest, InTheCodeOfItsSeries) {
+  for (const char* const place : {"SetIntervalParams", "yPosGet", "GetxAnalyzeTo", "Calculate"}) {
+    SCOPED_TRACE(place);
+    ShowHooked(size);
+    hooked.At(place, [this] { CloseUnderWork(); });
+    if (hooked.place == "Calculate")
+      SetThreadStarter([](AFX_THREADPROC, void*) { return false; });
+    view->UpdateGraph();
+    if (hooked.place == "Calculate")
+      TheGraph().AnalyzeAll();
+    else if (view)
+      Pump();
+    SetThreadStarter(nullptr);
+    EXPECT_EQ(view, nullptr);
+    EXPECT_FALSE(hooked.IsAborted() || hooked.renderStop);
+  }
+}
+
+TEST_F(LifetimeTest, InAnOverlay) {
+  view->inOverlay = [this] { CloseUnderWork(); };
+  Pump();
+  RedrawWindow(window);
+  Pump();
+  EXPECT_EQ(view, nullptr);
+}
+
+TEST_F(LifetimeTest, ABoxOrARepaintInAnOverlayIsPaintedAfterIt) {
+  Pump();
+  int frames = 0;
+  UiThread::SetBoxHandler([this](const BoxRequest&) {
+    Window().Resize({500, 300});
+    Pump();
+    return IDOK;
+  });
+  view->afterMessage = [&](UINT message) { frames += message == WM_PAINT; };
+  view->inOverlay = [this] {
+    TheGraph().DrawAll();
+    AfxMessageBox("Overlay");
+  };
+  RedrawWindow(window);
+  Pump();
+  Pump();
+  EXPECT_EQ(frames, 3) << "the outer one, the one in the box, and one for both";
+  EXPECT_TRUE(Shows("Delay"));
+  EXPECT_EQ(Plot().cx, 500 - 58 - 20);
+  view->afterMessage = nullptr;
+}
+
+TEST_F(LifetimeTest, InAMenuCommandADoubleClickAndAReadout) {
+  Receiver receiver;
+  const auto closeOnMessage = [&] { receiver.onMessage = [this] { CloseView(); }; };
+  const std::function<void()> ways[] = {
+      [&] {
+        system.onMenu = [this](CMenu&, CPoint, HWND) { return CloseView(), 0u; };
+        Mouse(WM_RBUTTONDOWN, {9, 9});
+      },
+      [&] {
+        system.onDialog = [this](test::TestDialog&) { CloseView(); };
+        SendMessage(window, WM_COMMAND, 32835, 0);
+        SendMessage(window, WM_SPARLOW_COMMAND, 4, 0);
+      },
+      [&] {
+        SetMainWindow(receiver.GetSafeHwnd());
+        closeOnMessage();
+        Mouse(WM_LBUTTONDBLCLK, At(100, 50));
+        Pump();
+      },
+      [&] {
+        Graph::SetInfoBar(receiver.GetSafeHwnd());
+        closeOnMessage();
+        view->UpdateGraph();
+        Pump();
+      },
+  };
+  for (const auto& way : ways) {
+    SCOPED_TRACE(&way - ways);
+    if (!view)
+      OpenView({640, 480});
+    Show(size);
+    way();
+    EXPECT_EQ(view, nullptr);
+  }
+}
+
+TEST_F(LifetimeTest, AClosedGraphIsInert) {
+  PutCursors();
+  const Range before = Interval();
+  view->ChangeAxes([this](GraphAxis&) {
+    Graph& graph = TheGraph();
+    CloseView();
+    EXPECT_EQ(graph.GetActiveViewData(), nullptr);
+    EXPECT_EQ(graph.GetName(), nullptr);
+    EXPECT_FALSE(graph.DataAndAxisValid() || graph.RenderDue() || !graph.Settled());
+    EXPECT_FALSE(graph.MoveLCursor(5) || graph.AddViewData(&series));
+    graph.ZoomInBySample();
+    graph.ScrollTo(5);
+    graph.OnXRange();
+    graph.Clear();
+    graph.ResizeGraph();
+    graph.UpdateGraph();
+    graph.DrawAll();
+    graph.DrawCursors();
+    graph.Destroy();
+  });
+  EXPECT_EQ(Interval(), before);
+  EXPECT_EQ(series.iLCursor, 2000);
+}
+
+}  // namespace
+}  // namespace sparlow
