@@ -9,9 +9,9 @@
 #include "bench/Report.h"
 #include "bench/Screen.h"
 #include "bench/Topics.h"
-#include "sparlow/platform/Input.h"
-#include "sparlow/platform/Messages.h"
-#include "sparlow/platform/Windows.h"
+#include "sparlow/platform/window/Input.h"
+#include "sparlow/platform/window/Messages.h"
+#include "sparlow/platform/window/Windows.h"
 
 namespace sparlow::bench {
 

@@ -6,9 +6,9 @@
 #include <cstdlib>
 
 #include "bench/Report.h"
-#include "sparlow/platform/WindowSite.h"
 #include "sparlow/platform/qt/QtWidget.h"
 #include "sparlow/platform/qt/QtWindow.h"
+#include "sparlow/platform/window/WindowSite.h"
 
 namespace sparlow::bench {
 

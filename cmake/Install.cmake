@@ -3,17 +3,10 @@
 
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/Sparlow)
 
-# Headers of platform that are of no use without the windowed half.
-file(STRINGS ${PROJECT_SOURCE_DIR}/cmake/WindowHeaders.txt window_headers REGEX "^[^#]")
-
-set(window_header_patterns)
-foreach(header ${window_headers})
-  list(APPEND window_header_patterns PATTERN ${header} EXCLUDE)
-endforeach()
-foreach(folder platform axis data view)
-  install(DIRECTORY sparlow/${folder} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/sparlow
-          COMPONENT core FILES_MATCHING PATTERN "*.h"
-          PATTERN "qt" EXCLUDE ${window_header_patterns})
+foreach(folder platform/base platform/paint axis data view)
+  get_filename_component(parent ${folder} DIRECTORY)
+  install(DIRECTORY sparlow/${folder} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/sparlow/${parent}
+          COMPONENT core FILES_MATCHING PATTERN "*.h")
 endforeach()
 install(TARGETS sparlow-core EXPORT SparlowCoreTargets
         ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT core)
@@ -26,9 +19,8 @@ if(TARGET sparlow)
   list(TRANSFORM qt_modules REPLACE "^Qt6::" "")
   list(JOIN qt_modules " " SPARLOW_QT_MODULES)
 
-  list(TRANSFORM window_headers PREPEND sparlow/platform/)
-  install(FILES ${window_headers} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/sparlow/platform
-          COMPONENT sparlow)
+  install(DIRECTORY sparlow/platform/window DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/sparlow/platform
+          COMPONENT sparlow FILES_MATCHING PATTERN "*.h")
   install(FILES sparlow/platform/qt/Application.h
           DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/sparlow/platform/qt COMPONENT sparlow)
   install(DIRECTORY sparlow/graph sparlow/multi sparlow/ui

@@ -6,7 +6,7 @@
 
 #include "examples/host/Summary.h"
 #include "sparlow/graph/Graph.h"
-#include "sparlow/platform/Windows.h"
+#include "sparlow/platform/window/Windows.h"
 
 namespace sparlow::host {
 

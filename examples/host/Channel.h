@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "examples/host/Feeder.h"
-#include "sparlow/platform/Messages.h"
+#include "sparlow/platform/window/Messages.h"
 #include "sparlow/view/ViewData.h"
 
 namespace sparlow::host {

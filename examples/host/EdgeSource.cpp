@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "sparlow/platform/Text.h"
+#include "sparlow/platform/base/Text.h"
 
 namespace sparlow::host {
 

@@ -4,7 +4,7 @@
 #include <functional>
 #include <string>
 
-#include "sparlow/platform/Messages.h"
+#include "sparlow/platform/window/Messages.h"
 
 class QKeyEvent;
 class QLabel;

@@ -7,8 +7,8 @@
 #include <QScrollArea>
 #include <QScrollBar>
 
-#include "sparlow/platform/Text.h"
-#include "sparlow/platform/Windows.h"
+#include "sparlow/platform/base/Text.h"
+#include "sparlow/platform/window/Windows.h"
 
 namespace sparlow::host {
 

@@ -4,7 +4,7 @@
 #include <map>
 
 #include "sparlow/graph/Readouts.h"
-#include "sparlow/platform/CWnd.h"
+#include "sparlow/platform/window/CWnd.h"
 
 class QLabel;
 class QWidget;

@@ -1,6 +1,6 @@
 #include "examples/host/MainWindow.h"
 
-#include "sparlow/platform/Input.h"
+#include "sparlow/platform/window/Input.h"
 #include "sparlow/ui/CSingleGraphView.h"
 
 namespace sparlow::host {

@@ -2,7 +2,7 @@
 
 #include <functional>
 
-#include "sparlow/platform/CWnd.h"
+#include "sparlow/platform/window/CWnd.h"
 
 namespace sparlow {
 class CSingleGraphView;

@@ -4,9 +4,9 @@
 #include <utility>
 
 #include "examples/host/Summary.h"
-#include "sparlow/platform/UiThread.h"
-#include "sparlow/platform/Windows.h"
+#include "sparlow/platform/base/UiThread.h"
 #include "sparlow/platform/qt/Application.h"
+#include "sparlow/platform/window/Windows.h"
 #include "sparlow/ui/GraphMenu.h"
 
 namespace sparlow::host {

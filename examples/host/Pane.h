@@ -10,7 +10,7 @@
 #include "examples/host/Kinds.h"
 #include "examples/host/PaneView.h"
 #include "sparlow/axis/GraphAxis.h"
-#include "sparlow/platform/CDocument.h"
+#include "sparlow/platform/window/CDocument.h"
 
 namespace sparlow::host {
 

@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "examples/host/Pane.h"
-#include "sparlow/platform/Windows.h"
+#include "sparlow/platform/window/Windows.h"
 
 namespace sparlow::host {
 

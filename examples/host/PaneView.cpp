@@ -4,7 +4,7 @@
 #include <type_traits>
 #include <utility>
 
-#include "sparlow/platform/Windows.h"
+#include "sparlow/platform/window/Windows.h"
 
 namespace sparlow::host {
 

@@ -4,7 +4,7 @@
 #include <memory>
 
 #include "examples/host/Kinds.h"
-#include "sparlow/platform/CDC.h"
+#include "sparlow/platform/paint/CDC.h"
 #include "sparlow/sparlow.h"
 
 namespace sparlow::host {

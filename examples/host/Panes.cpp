@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <utility>
 
-#include "sparlow/platform/Input.h"
-#include "sparlow/platform/Windows.h"
 #include "sparlow/platform/qt/Application.h"
+#include "sparlow/platform/window/Input.h"
+#include "sparlow/platform/window/Windows.h"
 
 namespace sparlow::host {
 

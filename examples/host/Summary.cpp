@@ -4,7 +4,7 @@
 #include <cmath>
 #include <vector>
 
-#include "sparlow/platform/Text.h"
+#include "sparlow/platform/base/Text.h"
 
 namespace sparlow::host {
 

@@ -13,7 +13,7 @@
 #include "examples/host/SoundSource.h"
 #include "examples/host/SyntheticSource.h"
 #include "examples/host/TimerSource.h"
-#include "sparlow/platform/UiThread.h"
+#include "sparlow/platform/base/UiThread.h"
 
 namespace {
 

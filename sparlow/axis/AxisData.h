@@ -5,7 +5,7 @@
 #include "sparlow/axis/DecimalSteps.h"
 #include "sparlow/axis/EngineeringPrefix.h"
 #include "sparlow/axis/PixelMapping.h"
-#include "sparlow/platform/CopyableAtomic.h"
+#include "sparlow/platform/base/CopyableAtomic.h"
 
 namespace sparlow {
 

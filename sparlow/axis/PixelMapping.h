@@ -3,7 +3,7 @@
 #include <cmath>
 #include <limits>
 
-#include "sparlow/platform/DoublePair.h"
+#include "sparlow/axis/DoublePair.h"
 
 namespace sparlow {
 

@@ -3,8 +3,8 @@
 #include <new>
 #include <utility>
 
+#include "sparlow/data/LargePages.h"
 #include "sparlow/data/SampleBlock.h"
-#include "sparlow/platform/LargePages.h"
 
 namespace sparlow {
 

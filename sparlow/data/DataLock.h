@@ -3,7 +3,7 @@
 #include <mutex>
 #include <optional>
 
-#include "sparlow/platform/Synchronization.h"
+#include "sparlow/platform/base/Synchronization.h"
 
 namespace sparlow {
 

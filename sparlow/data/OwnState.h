@@ -2,7 +2,7 @@
 
 #include <mutex>
 
-#include "sparlow/platform/CopyableAtomic.h"
+#include "sparlow/platform/base/CopyableAtomic.h"
 
 namespace sparlow {
 

@@ -6,7 +6,7 @@
 #include <limits>
 #include <memory>
 
-#include "sparlow/platform/CopyableAtomic.h"
+#include "sparlow/platform/base/CopyableAtomic.h"
 
 namespace sparlow {
 

@@ -8,7 +8,7 @@
 
 #include "sparlow/data/BlockMemory.h"
 #include "sparlow/data/SampleBlock.h"
-#include "sparlow/platform/CopyableAtomic.h"
+#include "sparlow/platform/base/CopyableAtomic.h"
 
 namespace sparlow {
 

@@ -11,9 +11,9 @@
 #include "sparlow/data/SampleReader.h"
 #include "sparlow/data/StatisticParameters.h"
 #include "sparlow/data/StoreHandle.h"
-#include "sparlow/platform/CopyableAtomic.h"
-#include "sparlow/platform/Synchronization.h"
-#include "sparlow/platform/Text.h"
+#include "sparlow/platform/base/CopyableAtomic.h"
+#include "sparlow/platform/base/Synchronization.h"
+#include "sparlow/platform/base/Text.h"
 
 namespace sparlow {
 

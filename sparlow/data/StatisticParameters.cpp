@@ -5,8 +5,8 @@
 #include <cstdint>
 #include <memory>
 
+#include "sparlow/axis/DoublePair.h"
 #include "sparlow/data/SourceData.h"
-#include "sparlow/platform/DoublePair.h"
 
 namespace sparlow {
 

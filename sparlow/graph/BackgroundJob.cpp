@@ -5,9 +5,9 @@
 #include <thread>
 #include <utility>
 
-#include "sparlow/platform/Synchronization.h"
-#include "sparlow/platform/Threads.h"
-#include "sparlow/platform/UiThread.h"
+#include "sparlow/platform/base/Synchronization.h"
+#include "sparlow/platform/base/Threads.h"
+#include "sparlow/platform/base/UiThread.h"
 
 namespace sparlow {
 

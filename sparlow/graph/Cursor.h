@@ -1,6 +1,6 @@
 #pragma once
 
-#include "sparlow/platform/GdiObjects.h"
+#include "sparlow/platform/paint/GdiObjects.h"
 
 namespace sparlow {
 

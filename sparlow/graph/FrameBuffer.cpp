@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "sparlow/platform/Windows.h"
+#include "sparlow/platform/window/Windows.h"
 
 namespace sparlow {
 

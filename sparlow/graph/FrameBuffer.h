@@ -2,8 +2,8 @@
 
 #include <functional>
 
-#include "sparlow/platform/CDC.h"
-#include "sparlow/platform/Messages.h"
+#include "sparlow/platform/paint/CDC.h"
+#include "sparlow/platform/window/Messages.h"
 
 namespace sparlow {
 

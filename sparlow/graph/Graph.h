@@ -15,9 +15,9 @@
 #include "sparlow/graph/Offset.h"
 #include "sparlow/graph/RenderPipeline.h"
 #include "sparlow/graph/SeriesLeases.h"
-#include "sparlow/platform/CDC.h"
-#include "sparlow/platform/Messages.h"
-#include "sparlow/platform/Synchronization.h"
+#include "sparlow/platform/base/Synchronization.h"
+#include "sparlow/platform/paint/CDC.h"
+#include "sparlow/platform/window/Messages.h"
 
 namespace sparlow {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "sparlow/platform/Geometry.h"
+#include "sparlow/platform/base/Geometry.h"
 
 namespace sparlow {
 

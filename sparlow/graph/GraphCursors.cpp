@@ -6,9 +6,9 @@
 #include "sparlow/data/SampleSearch.h"
 #include "sparlow/graph/Graph.h"
 #include "sparlow/graph/Readouts.h"
-#include "sparlow/platform/Input.h"
-#include "sparlow/platform/WindowSite.h"
-#include "sparlow/platform/Windows.h"
+#include "sparlow/platform/window/Input.h"
+#include "sparlow/platform/window/WindowSite.h"
+#include "sparlow/platform/window/Windows.h"
 #include "sparlow/view/ViewData.h"
 
 namespace sparlow {

@@ -1,8 +1,8 @@
 // From the columns to the screen: the frame in the memory bitmap, and its copy to the window.
 
 #include "sparlow/graph/Graph.h"
-#include "sparlow/platform/WindowSite.h"
-#include "sparlow/platform/Windows.h"
+#include "sparlow/platform/window/WindowSite.h"
+#include "sparlow/platform/window/Windows.h"
 
 namespace sparlow {
 

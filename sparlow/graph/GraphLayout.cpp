@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "sparlow/graph/Graph.h"
-#include "sparlow/platform/UiThread.h"
-#include "sparlow/platform/Windows.h"
+#include "sparlow/platform/base/UiThread.h"
+#include "sparlow/platform/window/Windows.h"
 #include "sparlow/view/ViewData.h"
 
 namespace sparlow {

@@ -4,9 +4,9 @@
 
 #include "sparlow/data/DataLock.h"
 #include "sparlow/graph/Graph.h"
-#include "sparlow/platform/UiThread.h"
-#include "sparlow/platform/WindowSite.h"
-#include "sparlow/platform/Windows.h"
+#include "sparlow/platform/base/UiThread.h"
+#include "sparlow/platform/window/WindowSite.h"
+#include "sparlow/platform/window/Windows.h"
 #include "sparlow/view/ViewData.h"
 
 namespace sparlow {

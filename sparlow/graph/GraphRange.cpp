@@ -5,7 +5,7 @@
 
 #include "sparlow/graph/AxisRangeEditor.h"
 #include "sparlow/graph/Graph.h"
-#include "sparlow/platform/WindowSite.h"
+#include "sparlow/platform/window/WindowSite.h"
 #include "sparlow/view/ViewData.h"
 
 namespace sparlow {

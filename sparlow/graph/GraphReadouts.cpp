@@ -8,9 +8,9 @@
 #include "sparlow/graph/ReadoutSlots.h"
 #include "sparlow/graph/Readouts.h"
 #include "sparlow/graph/UnitText.h"
-#include "sparlow/platform/UiThread.h"
-#include "sparlow/platform/WindowSite.h"
-#include "sparlow/platform/Windows.h"
+#include "sparlow/platform/base/UiThread.h"
+#include "sparlow/platform/window/WindowSite.h"
+#include "sparlow/platform/window/Windows.h"
 #include "sparlow/view/ViewData.h"
 
 namespace sparlow {

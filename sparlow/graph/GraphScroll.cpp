@@ -1,7 +1,7 @@
 // Moves of the interval and of the vertical range that keep their size.
 
 #include "sparlow/graph/Graph.h"
-#include "sparlow/platform/Windows.h"
+#include "sparlow/platform/window/Windows.h"
 #include "sparlow/view/ViewData.h"
 
 namespace sparlow {

@@ -4,7 +4,7 @@
 
 #include "sparlow/axis/PixelMapping.h"
 #include "sparlow/graph/Graph.h"
-#include "sparlow/platform/Windows.h"
+#include "sparlow/platform/window/Windows.h"
 #include "sparlow/view/ViewData.h"
 
 namespace sparlow {

@@ -5,8 +5,8 @@
 
 #include "sparlow/data/DataLock.h"
 #include "sparlow/graph/Graph.h"
-#include "sparlow/platform/WindowSite.h"
-#include "sparlow/platform/Windows.h"
+#include "sparlow/platform/window/WindowSite.h"
+#include "sparlow/platform/window/Windows.h"
 #include "sparlow/view/ViewData.h"
 
 namespace sparlow {

@@ -4,7 +4,7 @@
 
 #include "sparlow/graph/Graph.h"
 #include "sparlow/graph/SelectedPen.h"
-#include "sparlow/platform/WindowSite.h"
+#include "sparlow/platform/window/WindowSite.h"
 #include "sparlow/view/ViewData.h"
 
 namespace sparlow {

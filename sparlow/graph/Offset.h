@@ -1,6 +1,6 @@
 #pragma once
 
-#include "sparlow/platform/LogicalPixel.h"
+#include "sparlow/platform/paint/LogicalPixel.h"
 
 namespace sparlow {
 

@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "sparlow/platform/Messages.h"
+#include "sparlow/platform/window/Messages.h"
 
 namespace sparlow {
 

@@ -7,7 +7,7 @@
 
 #include "sparlow/axis/EngineeringPrefix.h"
 #include "sparlow/graph/ReadoutSlots.h"
-#include "sparlow/platform/Windows.h"
+#include "sparlow/platform/window/Windows.h"
 
 namespace sparlow {
 

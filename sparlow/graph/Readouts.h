@@ -3,7 +3,7 @@
 #include <optional>
 #include <string>
 
-#include "sparlow/platform/Messages.h"
+#include "sparlow/platform/window/Messages.h"
 
 namespace sparlow {
 

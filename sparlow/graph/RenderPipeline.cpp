@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "sparlow/platform/Synchronization.h"
+#include "sparlow/platform/base/Synchronization.h"
 #include "sparlow/view/ViewData.h"
 
 namespace sparlow {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "sparlow/platform/CDC.h"
+#include "sparlow/platform/paint/CDC.h"
 
 namespace sparlow {
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "sparlow/platform/Synchronization.h"
+#include "sparlow/platform/base/Synchronization.h"
 
 namespace sparlow {
 

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <exception>
 
-#include "sparlow/platform/ErrorBox.h"
-#include "sparlow/platform/UiThread.h"
-#include "sparlow/platform/WindowSite.h"
+#include "sparlow/platform/base/ErrorBox.h"
+#include "sparlow/platform/base/UiThread.h"
+#include "sparlow/platform/window/WindowSite.h"
 #include "sparlow/view/ViewData.h"
 
 namespace sparlow {

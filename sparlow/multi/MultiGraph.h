@@ -4,7 +4,7 @@
 
 #include "sparlow/graph/Graph.h"
 #include "sparlow/multi/SourceDataList.h"
-#include "sparlow/platform/CMenu.h"
+#include "sparlow/platform/window/CMenu.h"
 
 namespace sparlow {
 

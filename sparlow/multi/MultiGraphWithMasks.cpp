@@ -2,11 +2,11 @@
 
 #include <algorithm>
 
-#include "sparlow/platform/ErrorBox.h"
-#include "sparlow/platform/Text.h"
-#include "sparlow/platform/UiThread.h"
-#include "sparlow/platform/WindowSite.h"
-#include "sparlow/platform/Windows.h"
+#include "sparlow/platform/base/ErrorBox.h"
+#include "sparlow/platform/base/Text.h"
+#include "sparlow/platform/base/UiThread.h"
+#include "sparlow/platform/window/WindowSite.h"
+#include "sparlow/platform/window/Windows.h"
 #include "sparlow/view/ViewData.h"
 
 namespace sparlow {

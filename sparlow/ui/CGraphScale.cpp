@@ -1,9 +1,9 @@
 #include "sparlow/ui/CGraphScale.h"
 
-#include "sparlow/platform/ErrorBox.h"
-#include "sparlow/platform/Help.h"
-#include "sparlow/platform/Text.h"
-#include "sparlow/platform/UiThread.h"
+#include "sparlow/platform/base/ErrorBox.h"
+#include "sparlow/platform/base/Text.h"
+#include "sparlow/platform/base/UiThread.h"
+#include "sparlow/platform/window/Help.h"
 #include "sparlow/ui/ValueText.h"
 
 namespace sparlow {

@@ -3,8 +3,8 @@
 #include <string>
 
 #include "sparlow/graph/AxisRangeEditor.h"
-#include "sparlow/platform/CDialog.h"
-#include "sparlow/platform/Resources.h"
+#include "sparlow/platform/window/CDialog.h"
+#include "sparlow/platform/window/Resources.h"
 #include "sparlow/ui/ValueField.h"
 
 namespace sparlow {

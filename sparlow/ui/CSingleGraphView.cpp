@@ -1,8 +1,8 @@
 #include "sparlow/ui/CSingleGraphView.h"
 
-#include "sparlow/platform/CDocument.h"
-#include "sparlow/platform/WindowSite.h"
-#include "sparlow/platform/Windows.h"
+#include "sparlow/platform/window/CDocument.h"
+#include "sparlow/platform/window/WindowSite.h"
+#include "sparlow/platform/window/Windows.h"
 #include "sparlow/ui/GraphMenu.h"
 #include "sparlow/ui/Module.h"
 #include "sparlow/view/ViewData.h"

@@ -4,7 +4,7 @@
 #include <memory>
 
 #include "sparlow/graph/Graph.h"
-#include "sparlow/platform/CView.h"
+#include "sparlow/platform/window/CView.h"
 
 namespace sparlow {
 

@@ -4,9 +4,9 @@
 #include <climits>
 #include <utility>
 
-#include "sparlow/platform/CDocument.h"
-#include "sparlow/platform/Input.h"
-#include "sparlow/platform/Windows.h"
+#include "sparlow/platform/window/CDocument.h"
+#include "sparlow/platform/window/Input.h"
+#include "sparlow/platform/window/Windows.h"
 #include "sparlow/ui/CSingleGraphView.h"
 #include "sparlow/ui/PointingHand.h"
 #include "sparlow/view/ViewData.h"

@@ -2,8 +2,8 @@
 
 #include <iterator>
 
-#include "sparlow/platform/CMenu.h"
-#include "sparlow/platform/Input.h"
+#include "sparlow/platform/window/CMenu.h"
+#include "sparlow/platform/window/Input.h"
 #include "sparlow/ui/CSingleGraphView.h"
 #include "sparlow/ui/GraphMenu.h"
 #include "sparlow/view/ViewData.h"

@@ -2,8 +2,8 @@
 
 #include <vector>
 
-#include "sparlow/platform/Messages.h"
-#include "sparlow/platform/Resources.h"
+#include "sparlow/platform/window/Messages.h"
+#include "sparlow/platform/window/Resources.h"
 
 namespace sparlow {
 

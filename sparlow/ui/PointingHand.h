@@ -1,6 +1,6 @@
 #pragma once
 
-#include "sparlow/platform/Resources.h"
+#include "sparlow/platform/window/Resources.h"
 
 namespace sparlow {
 

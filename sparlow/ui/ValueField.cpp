@@ -1,7 +1,7 @@
 #include "sparlow/ui/ValueField.h"
 
-#include "sparlow/platform/Text.h"
-#include "sparlow/platform/WindowPeer.h"
+#include "sparlow/platform/base/Text.h"
+#include "sparlow/platform/window/WindowPeer.h"
 #include "sparlow/ui/ValueText.h"
 
 namespace sparlow {

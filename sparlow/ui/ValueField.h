@@ -3,7 +3,7 @@
 #include <optional>
 #include <string>
 
-#include "sparlow/platform/CDialog.h"
+#include "sparlow/platform/window/CDialog.h"
 
 namespace sparlow {
 

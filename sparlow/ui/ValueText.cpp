@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "sparlow/axis/EngineeringPrefix.h"
-#include "sparlow/platform/Text.h"
+#include "sparlow/platform/base/Text.h"
 
 namespace sparlow {
 

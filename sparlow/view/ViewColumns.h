@@ -5,7 +5,7 @@
 
 #include "sparlow/axis/GraphAxis.h"
 #include "sparlow/data/OwnState.h"
-#include "sparlow/platform/CopyableAtomic.h"
+#include "sparlow/platform/base/CopyableAtomic.h"
 
 namespace sparlow {
 

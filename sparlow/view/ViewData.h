@@ -5,7 +5,7 @@
 #include "sparlow/data/DataLock.h"
 #include "sparlow/data/SourceData.h"
 #include "sparlow/data/VirtualTable.h"
-#include "sparlow/platform/Geometry.h"
+#include "sparlow/platform/base/Geometry.h"
 #include "sparlow/view/ViewColumns.h"
 
 namespace sparlow {

@@ -1,4 +1,4 @@
-#include "sparlow/platform/CDC.h"
+#include "sparlow/platform/paint/CDC.h"
 #include "sparlow/view/ViewData.h"
 
 namespace sparlow {

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "sparlow/platform/Text.h"
+#include "sparlow/platform/base/Text.h"
 #include "tests/axis/Axis.h"
 
 namespace sparlow::test {

@@ -8,7 +8,7 @@
 #include <algorithm>
 
 #include "sparlow/graph/GraphColors.h"
-#include "sparlow/platform/Text.h"
+#include "sparlow/platform/base/Text.h"
 #include "tests/e2e/ScreenTest.h"
 
 namespace sparlow::host {

@@ -3,7 +3,7 @@
 #include <QScrollBar>
 #include <cmath>
 
-#include "sparlow/platform/Windows.h"
+#include "sparlow/platform/window/Windows.h"
 #include "tests/e2e/ScreenTest.h"
 
 namespace sparlow::host {

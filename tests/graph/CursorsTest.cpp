@@ -2,7 +2,7 @@
 
 #include <climits>
 
-#include "sparlow/platform/Input.h"
+#include "sparlow/platform/window/Input.h"
 #include "tests/graph/GraphTest.h"
 
 namespace sparlow {

@@ -8,7 +8,7 @@
 #include <optional>
 #include <thread>
 
-#include "sparlow/platform/Threads.h"
+#include "sparlow/platform/base/Threads.h"
 #include "sparlow/sparlow.h"
 #include "tests/support/FoldModel.h"
 #include "tests/support/GatedSeries.h"

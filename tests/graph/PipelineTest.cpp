@@ -3,7 +3,7 @@
 
 #include <thread>
 
-#include "sparlow/platform/Threads.h"
+#include "sparlow/platform/base/Threads.h"
 #include "tests/graph/GraphTest.h"
 #include "tests/support/Doubled.h"
 

@@ -1,4 +1,4 @@
-#include "sparlow/platform/CDocument.h"
+#include "sparlow/platform/window/CDocument.h"
 #include "tests/multi/MultiTest.h"
 
 namespace sparlow {

@@ -4,8 +4,8 @@
 
 #include <limits>
 
-#include "sparlow/platform/CDC.h"
-#include "sparlow/platform/LineClip.h"
+#include "sparlow/platform/paint/CDC.h"
+#include "sparlow/platform/paint/LineClip.h"
 #include "tests/support/RecordingDevice.h"
 
 namespace sparlow {

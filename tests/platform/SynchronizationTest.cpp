@@ -1,10 +1,10 @@
-#include "sparlow/platform/Synchronization.h"
+#include "sparlow/platform/base/Synchronization.h"
 
 #include <gtest/gtest.h>
 
 #include <vector>
 
-#include "sparlow/platform/UiThread.h"
+#include "sparlow/platform/base/UiThread.h"
 
 namespace sparlow {
 namespace {

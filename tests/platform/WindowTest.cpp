@@ -5,9 +5,9 @@
 #include <algorithm>
 #include <thread>
 
-#include "sparlow/platform/CDocument.h"
-#include "sparlow/platform/CView.h"
-#include "sparlow/platform/Windows.h"
+#include "sparlow/platform/window/CDocument.h"
+#include "sparlow/platform/window/CView.h"
+#include "sparlow/platform/window/Windows.h"
 #include "tests/support/TestWindows.h"
 
 namespace sparlow {

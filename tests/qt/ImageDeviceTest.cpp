@@ -6,7 +6,7 @@
 #include <random>
 
 #include "sparlow/graph/Cursor.h"
-#include "sparlow/platform/CDC.h"
+#include "sparlow/platform/paint/CDC.h"
 #include "tests/qt/Pixels.h"
 
 namespace sparlow::qt {

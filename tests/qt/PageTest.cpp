@@ -8,7 +8,7 @@
 #include <QTemporaryDir>
 #include <cmath>
 
-#include "sparlow/platform/CDC.h"
+#include "sparlow/platform/paint/CDC.h"
 #include "sparlow/platform/qt/Application.h"
 #include "tests/qt/Pixels.h"
 

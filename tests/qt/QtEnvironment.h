@@ -8,10 +8,10 @@
 #include <utility>
 #include <vector>
 
-#include "sparlow/platform/CView.h"
-#include "sparlow/platform/Input.h"
-#include "sparlow/platform/Windows.h"
 #include "sparlow/platform/qt/Application.h"
+#include "sparlow/platform/window/CView.h"
+#include "sparlow/platform/window/Input.h"
+#include "sparlow/platform/window/Windows.h"
 
 namespace sparlow::test {
 

@@ -8,9 +8,9 @@
 #include <QPointer>
 #include <QTimer>
 
-#include "sparlow/platform/CMenu.h"
-#include "sparlow/platform/WindowPeer.h"
 #include "sparlow/platform/qt/QtMessageBox.h"
+#include "sparlow/platform/window/CMenu.h"
+#include "sparlow/platform/window/WindowPeer.h"
 #include "sparlow/ui/CGraphScale.h"
 #include "sparlow/ui/Module.h"
 #include "tests/qt/QtEnvironment.h"

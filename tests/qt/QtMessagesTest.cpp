@@ -4,8 +4,8 @@
 #include <atomic>
 #include <thread>
 
-#include "sparlow/platform/Synchronization.h"
-#include "sparlow/platform/UiThread.h"
+#include "sparlow/platform/base/Synchronization.h"
+#include "sparlow/platform/base/UiThread.h"
 #include "tests/qt/QtEnvironment.h"
 
 namespace sparlow::test {

@@ -4,7 +4,7 @@
 #include <condition_variable>
 #include <mutex>
 
-#include "sparlow/platform/UiThread.h"
+#include "sparlow/platform/base/UiThread.h"
 #include "sparlow/view/ViewData.h"
 
 namespace sparlow::test {

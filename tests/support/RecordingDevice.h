@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-#include "sparlow/platform/Device.h"
+#include "sparlow/platform/paint/Device.h"
 
 namespace sparlow::test {
 

@@ -4,9 +4,9 @@
 #include <map>
 #include <string>
 
-#include "sparlow/platform/DialogPeer.h"
-#include "sparlow/platform/Resources.h"
-#include "sparlow/platform/Windows.h"
+#include "sparlow/platform/window/DialogPeer.h"
+#include "sparlow/platform/window/Resources.h"
+#include "sparlow/platform/window/Windows.h"
 
 namespace sparlow::test {
 

@@ -7,10 +7,10 @@
 #include <thread>
 #include <vector>
 
-#include "sparlow/platform/CWnd.h"
-#include "sparlow/platform/MessageQueue.h"
-#include "sparlow/platform/UiThread.h"
-#include "sparlow/platform/WindowSite.h"
+#include "sparlow/platform/base/UiThread.h"
+#include "sparlow/platform/window/CWnd.h"
+#include "sparlow/platform/window/MessageQueue.h"
+#include "sparlow/platform/window/WindowSite.h"
 #include "tests/support/RecordingDevice.h"
 #include "tests/support/TestDialog.h"
 

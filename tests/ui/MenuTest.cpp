@@ -1,7 +1,7 @@
 #include <algorithm>
 
-#include "sparlow/platform/CMenu.h"
-#include "sparlow/platform/Input.h"
+#include "sparlow/platform/window/CMenu.h"
+#include "sparlow/platform/window/Input.h"
 #include "sparlow/ui/GraphMenu.h"
 #include "tests/graph/GraphTest.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "sparlow/platform/Input.h"
+#include "sparlow/platform/window/Input.h"
 #include "tests/graph/GraphTest.h"
 
 namespace sparlow {

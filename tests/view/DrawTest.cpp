@@ -3,8 +3,8 @@
 #include <tuple>
 #include <vector>
 
-#include "sparlow/platform/CDC.h"
-#include "sparlow/platform/LogicalPixel.h"
+#include "sparlow/platform/paint/CDC.h"
+#include "sparlow/platform/paint/LogicalPixel.h"
 #include "tests/support/RecordingDevice.h"
 #include "tests/view/View.h"
 

@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "sparlow/platform/Geometry.h"
+#include "sparlow/platform/base/Geometry.h"
 #include "sparlow/view/ViewData.h"
 #include "tests/support/FoldModel.h"
 

@@ -4,15 +4,15 @@
 #include <filesystem>
 #include <optional>
 
-#include "sparlow/platform/CWnd.h"
-#include "sparlow/platform/UiThread.h"
-#include "sparlow/platform/WindowSite.h"
+#include "sparlow/platform/base/UiThread.h"
 #include "sparlow/platform/qt/QtDispatcher.h"
 #include "sparlow/platform/qt/QtFonts.h"
 #include "sparlow/platform/qt/QtMessageBox.h"
 #include "sparlow/platform/qt/QtWidget.h"
 #include "sparlow/platform/qt/QtWindow.h"
 #include "sparlow/platform/qt/QtWindowSystem.h"
+#include "sparlow/platform/window/CWnd.h"
+#include "sparlow/platform/window/WindowSite.h"
 
 namespace sparlow::qt {
 

@@ -3,7 +3,7 @@
 #include <memory>
 #include <string>
 
-#include "sparlow/platform/Geometry.h"
+#include "sparlow/platform/base/Geometry.h"
 
 class QPaintDevice;
 class QWidget;

@@ -3,7 +3,7 @@
 #include <array>
 #include <cstddef>
 
-#include "sparlow/platform/Device.h"
+#include "sparlow/platform/paint/Device.h"
 
 namespace sparlow::qt {
 

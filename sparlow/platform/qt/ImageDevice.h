@@ -3,7 +3,7 @@
 #include <QImage>
 #include <optional>
 
-#include "sparlow/platform/Device.h"
+#include "sparlow/platform/paint/Device.h"
 #include "sparlow/platform/qt/Painting.h"
 
 namespace sparlow::qt {

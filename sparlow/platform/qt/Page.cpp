@@ -5,8 +5,8 @@
 #include <QPdfWriter>
 #include <QSaveFile>
 
-#include "sparlow/platform/CDC.h"
-#include "sparlow/platform/LineClip.h"
+#include "sparlow/platform/paint/CDC.h"
+#include "sparlow/platform/paint/LineClip.h"
 #include "sparlow/platform/qt/Application.h"
 #include "sparlow/platform/qt/PageDevice.h"
 #include "sparlow/platform/qt/QtFonts.h"

@@ -2,7 +2,7 @@
 
 #include <optional>
 
-#include "sparlow/platform/Device.h"
+#include "sparlow/platform/paint/Device.h"
 #include "sparlow/platform/qt/InkBatch.h"
 
 namespace sparlow::qt {

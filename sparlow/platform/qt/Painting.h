@@ -4,7 +4,7 @@
 #include <QPen>
 #include <string_view>
 
-#include "sparlow/platform/Device.h"
+#include "sparlow/platform/paint/Device.h"
 #include "sparlow/platform/qt/DashPattern.h"
 #include "sparlow/platform/qt/PixelScale.h"
 

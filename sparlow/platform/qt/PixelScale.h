@@ -4,7 +4,7 @@
 #include <QRect>
 #include <cmath>
 
-#include "sparlow/platform/Geometry.h"
+#include "sparlow/platform/base/Geometry.h"
 
 namespace sparlow::qt {
 

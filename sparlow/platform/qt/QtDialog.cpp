@@ -11,10 +11,10 @@
 #include <algorithm>
 #include <cmath>
 
-#include "sparlow/platform/UiThread.h"
-#include "sparlow/platform/Windows.h"
+#include "sparlow/platform/base/UiThread.h"
 #include "sparlow/platform/qt/QtFonts.h"
 #include "sparlow/platform/qt/QtModal.h"
+#include "sparlow/platform/window/Windows.h"
 
 namespace sparlow::qt {
 

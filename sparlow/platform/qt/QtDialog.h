@@ -3,9 +3,9 @@
 #include <map>
 #include <memory>
 
-#include "sparlow/platform/DialogPeer.h"
-#include "sparlow/platform/Messages.h"
-#include "sparlow/platform/Resources.h"
+#include "sparlow/platform/window/DialogPeer.h"
+#include "sparlow/platform/window/Messages.h"
+#include "sparlow/platform/window/Resources.h"
 
 class QDialog;
 class QLineEdit;

@@ -3,9 +3,9 @@
 #include <QCoreApplication>
 #include <QEvent>
 
-#include "sparlow/platform/MessageQueue.h"
-#include "sparlow/platform/UiThread.h"
+#include "sparlow/platform/base/UiThread.h"
 #include "sparlow/platform/qt/QtWindowSystem.h"
+#include "sparlow/platform/window/MessageQueue.h"
 
 namespace sparlow::qt {
 
@@ -13,9 +13,6 @@ namespace {
 
 constexpr auto wakeEvent = QEvent::User;
 constexpr auto quitEvent = static_cast<QEvent::Type>(QEvent::User + 1);
-
-/// How often it is looked whether a wait that holds everything back has ended.
-constexpr int heldBackPeriod = 20;
 
 }  // namespace
 
@@ -48,7 +45,8 @@ void QtDispatcher::arm(int milliseconds) {
 
 void QtDispatcher::timerEvent(QTimerEvent*) {
   if (UiThread::InWait()) {
-    arm(heldBackPeriod);
+    // The end of the wait brings a wake.
+    timer_.stop();
     return;
   }
   // Armed before the handlers run, since one of them may open a loop of its own; stopped after them

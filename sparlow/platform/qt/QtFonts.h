@@ -5,7 +5,7 @@
 #include <QString>
 #include <string_view>
 
-#include "sparlow/platform/Device.h"
+#include "sparlow/platform/paint/Device.h"
 
 namespace sparlow::qt {
 

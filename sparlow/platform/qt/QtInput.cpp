@@ -9,13 +9,13 @@
 #include <cmath>
 #include <utility>
 
-#include "sparlow/platform/Resources.h"
-#include "sparlow/platform/UiThread.h"
-#include "sparlow/platform/WindowSite.h"
+#include "sparlow/platform/base/UiThread.h"
 #include "sparlow/platform/qt/QtScrollBar.h"
 #include "sparlow/platform/qt/QtWidget.h"
 #include "sparlow/platform/qt/QtWindow.h"
 #include "sparlow/platform/qt/QtWindowSystem.h"
+#include "sparlow/platform/window/Resources.h"
+#include "sparlow/platform/window/WindowSite.h"
 
 namespace sparlow::qt {
 

@@ -4,9 +4,9 @@
 #include <QActionGroup>
 #include <QMenu>
 
-#include "sparlow/platform/WindowSite.h"
 #include "sparlow/platform/qt/QtFonts.h"
 #include "sparlow/platform/qt/QtModal.h"
+#include "sparlow/platform/window/WindowSite.h"
 
 namespace sparlow::qt {
 

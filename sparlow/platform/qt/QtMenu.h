@@ -1,7 +1,7 @@
 #pragma once
 
-#include "sparlow/platform/CMenu.h"
-#include "sparlow/platform/Geometry.h"
+#include "sparlow/platform/base/Geometry.h"
+#include "sparlow/platform/window/CMenu.h"
 
 namespace sparlow::qt {
 

@@ -2,7 +2,7 @@
 
 #include <QMessageBox>
 
-#include "sparlow/platform/Text.h"
+#include "sparlow/platform/base/Text.h"
 #include "sparlow/platform/qt/QtFonts.h"
 #include "sparlow/platform/qt/QtModal.h"
 

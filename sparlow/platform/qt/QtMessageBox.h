@@ -1,6 +1,6 @@
 #pragma once
 
-#include "sparlow/platform/UiThread.h"
+#include "sparlow/platform/base/UiThread.h"
 
 namespace sparlow::qt {
 

@@ -7,12 +7,12 @@
 #include <algorithm>
 #include <utility>
 
-#include "sparlow/platform/Input.h"
-#include "sparlow/platform/UiThread.h"
-#include "sparlow/platform/WindowSite.h"
+#include "sparlow/platform/base/UiThread.h"
 #include "sparlow/platform/qt/QtFonts.h"
 #include "sparlow/platform/qt/QtWidget.h"
 #include "sparlow/platform/qt/QtWindow.h"
+#include "sparlow/platform/window/Input.h"
+#include "sparlow/platform/window/WindowSite.h"
 
 namespace sparlow::qt {
 

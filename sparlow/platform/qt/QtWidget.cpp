@@ -8,7 +8,7 @@
 #include <QWheelEvent>
 #include <utility>
 
-#include "sparlow/platform/UiThread.h"
+#include "sparlow/platform/base/UiThread.h"
 #include "sparlow/platform/qt/QtScrollBar.h"
 #include "sparlow/platform/qt/QtWindow.h"
 

@@ -3,7 +3,7 @@
 #include <QAbstractScrollArea>
 #include <QPointer>
 
-#include "sparlow/platform/Messages.h"
+#include "sparlow/platform/window/Messages.h"
 
 namespace sparlow::qt {
 

@@ -2,11 +2,11 @@
 
 #include <utility>
 
-#include "sparlow/platform/UiThread.h"
-#include "sparlow/platform/WindowSite.h"
+#include "sparlow/platform/base/UiThread.h"
 #include "sparlow/platform/qt/QtFonts.h"
 #include "sparlow/platform/qt/QtWidget.h"
 #include "sparlow/platform/qt/QtWindowSystem.h"
+#include "sparlow/platform/window/WindowSite.h"
 
 namespace sparlow::qt {
 

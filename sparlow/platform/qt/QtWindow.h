@@ -3,8 +3,8 @@
 #include <Qt>
 #include <optional>
 
-#include "sparlow/platform/WindowPeer.h"
 #include "sparlow/platform/qt/ImageDevice.h"
+#include "sparlow/platform/window/WindowPeer.h"
 
 class QKeyEvent;
 class QMouseEvent;

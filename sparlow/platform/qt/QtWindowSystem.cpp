@@ -7,11 +7,11 @@
 #include <QLocale>
 #include <QUrl>
 
-#include "sparlow/platform/WindowSite.h"
 #include "sparlow/platform/qt/QtDialog.h"
 #include "sparlow/platform/qt/QtMenu.h"
 #include "sparlow/platform/qt/QtModal.h"
 #include "sparlow/platform/qt/QtWindow.h"
+#include "sparlow/platform/window/WindowSite.h"
 
 namespace sparlow::qt {
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "sparlow/platform/WindowPeer.h"
 #include "sparlow/platform/qt/QtCaptureWatch.h"
+#include "sparlow/platform/window/WindowPeer.h"
 
 namespace sparlow::qt {
 
