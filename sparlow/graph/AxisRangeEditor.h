@@ -4,6 +4,8 @@
 
 namespace sparlow {
 
+class AxisData;
+
 /// The range of one axis while it is edited, in the axis's own unit.
 /// Threads: a value; any thread, each with its own.
 struct AxisRange {
@@ -13,6 +15,9 @@ struct AxisRange {
   std::string unit;       ///< without prefix
   bool log = false;       ///< both ends have to be above 0
   bool confirmed = true;  ///< the user did not cancel
+
+  /// Gives the axis this range. Ends that aren't numbers leave the ones that it has.
+  void ApplyTo(AxisData& axis) const;
 };
 
 /// Has the user edit the range of an axis: the dialog that Graph::OnXRange and OnYRange run.

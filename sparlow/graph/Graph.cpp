@@ -3,6 +3,7 @@
 #include "sparlow/data/DataLock.h"
 #include "sparlow/platform/base/UiThread.h"
 #include "sparlow/platform/window/CMenu.h"
+#include "sparlow/platform/window/Input.h"
 #include "sparlow/platform/window/WindowSite.h"
 #include "sparlow/platform/window/Windows.h"
 #include "sparlow/view/ViewData.h"
@@ -22,13 +23,10 @@ GraphColors& defaultColors() {
 Graph::Graph(GraphAxis* sharedAxis)
     : axis(sharedAxis),
       colors(&defaultColors()),
-      lCursor(std::make_unique<Cursor>()),
-      rCursor(std::make_unique<Cursor>()),
       analysis([this](bool onWorker) { AnalyzeThread(&Graph::AnalyzeEach, onWorker); }, this),
       maskAnalysis([this](bool onWorker) { AnalyzeThread(&Graph::AnalyzeEachNewMask, onWorker); },
                    this) {
-  lCursor->SetColor(colors->cursorLeft);
-  rCursor->SetColor(colors->cursorRight);
+  markers.SetColors(*colors);
 }
 
 Graph::~Graph() = default;
@@ -36,7 +34,8 @@ Graph::~Graph() = default;
 void Graph::Create(HWND window) {
   hWnd = window;
   frame.Create(hWnd);
-  ShowScrollBar(hWnd, SB_BOTH, false);
+  bars.Create(hWnd);
+  bars.Hide();
 }
 
 bool Graph::AddViewData(ViewData* series) {
@@ -79,8 +78,7 @@ void Graph::SetColors(GraphColors* scheme) {
   if (!scheme)
     return;
   colors = scheme;
-  lCursor->SetColor(colors->cursorLeft);
-  rCursor->SetColor(colors->cursorRight);
+  markers.SetColors(*colors);
   if (ViewData* const series = GetActiveViewData())
     series->SetColor(colors->trace);
 }
@@ -99,7 +97,7 @@ void Graph::Clear() {
   if (!cleared)
     return;
   RedrawWindow(hWnd, RDW_INVALIDATE);
-  ShowScrollBar(hWnd, SB_BOTH, false);
+  bars.Hide();
 }
 
 bool Graph::emptyActiveSeries() {
@@ -156,12 +154,124 @@ bool Graph::AnalyzeEachNewMask() {
   return false;
 }
 
+bool Graph::MoveLCursor(int samples) {
+  ViewData* const series = GetActiveViewData();
+  if (!series || !axis)
+    return false;
+  ReadoutReport::SendCursorMoves();
+  return series->MoveLCursor(samples, &axis->hor);
+}
+
+bool Graph::MoveRCursor(int samples) {
+  ViewData* const series = GetActiveViewData();
+  if (!series || !axis)
+    return false;
+  ReadoutReport::SendCursorMoves();
+  return series->MoveRCursor(samples, &axis->hor);
+}
+
+bool Graph::inCursorArea(const CPoint& point, int x, int y) const {
+  return CursorMarkers::InReach(point, x, y, layout.Height());
+}
+
+bool Graph::InLeftCursorArea(const CPoint& point) const {
+  ViewData* const series = GetActiveViewData();
+  return series && axis && series->ValidCursor() &&
+         inCursorArea(point, series->xLCursorPosGet(axis), series->yLCursorPosGet(axis));
+}
+
+bool Graph::InRightCursorArea(const CPoint& point) const {
+  ViewData* const series = GetActiveViewData();
+  return series && axis && series->ValidCursor() &&
+         inCursorArea(point, series->xRCursorPosGet(axis), series->yRCursorPosGet(axis));
+}
+
+void Graph::BeginDragLeftCursor() {
+  markers.HoldLeft();
+  beginDragCursor();
+}
+
+void Graph::BeginDragRightCursor() {
+  markers.HoldRight();
+  beginDragCursor();
+}
+
+void Graph::beginDragCursor() {
+  const WindowHold hold(hWnd);
+  SetCapture(hWnd);
+  SetCursor(LoadCursor(IDC_SIZEALL));
+}
+
+void Graph::DragCursor(CPoint& point) {
+  if (!IsCursorDrag() || !axis)
+    return;
+  Clip(point);
+  ViewData* const series = activeViewData;
+  if (!DataAndAxisValid() || !series->ValidCursor())
+    return;
+  markers.DragTo(point.x, layout.Width(), *series, *axis);
+  DrawCursors();
+}
+
+void Graph::EndDragCursor() {
+  const WindowHold hold(hWnd);
+  markers.LetGo();
+  // The mouse may have gone to another window meanwhile, which keeps it.
+  if (GetCapture() == hWnd)
+    ReleaseCapture();
+  ReadoutReport::SendCursorMoves();
+  UpdateCursorsReadout();
+}
+
+void Graph::noteUnits() {
+  // The texts are the window's thread's to change: a worker takes those that were noted.
+  if (const ViewData* const series = activeViewData; series && axis && UiThread::IsCurrent())
+    readouts.NoteUnits(*axis, *series);
+}
+
+void Graph::UpdateCursorsReadout() {
+  const WindowHold hold(hWnd);
+  ViewData* const series = activeViewData;
+  const SeriesLeases::Use use(leases, series);
+  if (!use || !active || (RestrictGraphOperationInRealTime && series->inTransfer))
+    return;
+  noteUnits();
+  readouts.SendCursors(*series);
+}
+
+void Graph::UpdateDriftRate() {
+  const WindowHold hold(hWnd);
+  ViewData* const series = activeViewData;
+  const SeriesLeases::Use use(leases, series);
+  if (!use)
+    return;
+  noteUnits();
+  readouts.SendDrift(*series);
+}
+
+void Graph::UpdateStaParams() {
+  ViewData* const series = activeViewData;
+  const SeriesLeases::Use use(leases, series);
+  if (!use || series->inTransfer || IsDependent() || !series->Valid())
+    return;
+  noteUnits();
+  readouts.SendStatistics(*series);
+}
+
+void Graph::UpdateStaParams(const ViewData* series, const char* unit) {
+  if (series)
+    ReadoutReport::SendStatistics(*series, unit);
+}
+
+void Graph::Clip(CPoint& point) const {
+  point = layout.Clip(point);
+}
+
 COLORREF Graph::GetPixel(CPoint point) {
-  CPoint inPlot = point;
-  Clip(inPlot);
-  if (inPlot.x < 1 || inPlot.x >= width || inPlot.y < 1 || inPlot.y >= height)
-    return CLR_INVALID;
-  return frame.Pixel(point);
+  const CPoint inPlot = layout.Clip(point);
+  const bool inside =
+      inPlot.x >= 1 && inPlot.x < layout.Width() && inPlot.y >= 1 && inPlot.y < layout.Height();
+  return inside ? frame.Pixel(point) : CLR_INVALID;
 }
 
 COLORREF Graph::CurvePixel(CPoint point) {

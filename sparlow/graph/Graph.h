@@ -2,17 +2,17 @@
 
 #include <atomic>
 #include <functional>
-#include <memory>
-#include <mutex>
-#include <string>
 #include <vector>
 
 #include "sparlow/axis/GraphAxis.h"
 #include "sparlow/graph/BackgroundJob.h"
-#include "sparlow/graph/Cursor.h"
+#include "sparlow/graph/CursorMarkers.h"
 #include "sparlow/graph/FrameBuffer.h"
 #include "sparlow/graph/GraphColors.h"
+#include "sparlow/graph/IntervalBars.h"
 #include "sparlow/graph/Offset.h"
+#include "sparlow/graph/PlotLayout.h"
+#include "sparlow/graph/ReadoutReport.h"
 #include "sparlow/graph/RenderPipeline.h"
 #include "sparlow/graph/SeriesLeases.h"
 #include "sparlow/platform/base/Synchronization.h"
@@ -178,7 +178,7 @@ class Graph : private RenderPipeline::Client {
   bool inCursorArea(const CPoint& point, int x, int y) const;
   bool InLeftCursorArea(const CPoint& point) const;
   bool InRightCursorArea(const CPoint& point) const;
-  bool IsCursorDrag() const { return lCursor->drag || rCursor->drag; }
+  bool IsCursorDrag() const { return markers.Held(); }
   /// Takes the mouse for a cursor until EndDragCursor.
   void BeginDragLeftCursor();
   void BeginDragRightCursor();
@@ -205,7 +205,7 @@ class Graph : private RenderPipeline::Client {
 
   /// @name Process-wide
   /// The window that receives the readouts of all graphs.
-  static void SetInfoBar(HWND window) { InfoBarHwnd = window; }
+  static void SetInfoBar(HWND window) { ReadoutReport::receiver = window; }
   /// For hosts that rearrange their windows: ResizeGraph does nothing in between.
   static void LockResizing() { LockResize = true; }
   static void UnlockResizing() { LockResize = false; }
@@ -273,24 +273,15 @@ class Graph : private RenderPipeline::Client {
   /// The same of a curve: CLR_INVALID for the background too.
   COLORREF CurvePixel(CPoint point);
 
-  /// @name Painting
   /// Paints the frame of the graph inside area: caption, grid, axes, labels, legend, curves.
   void GraphToDC(CDC* dc, const CRect& area);
-  void DrawCaption(CDC* dc);
-  void DrawCaptionStrLeft(CDC* dc, const CString& text);
-  void DrawCaptionStrRight(CDC* dc, const CString& text);
-  void DrawGrid(CDC* dc);
-  void DrawAxis(CDC* dc);
-  void DrawLabels(CDC* dc);
-  /// The one font of all text, 11 points high on the device of dc.
-  static void CreateTextFont(CFont* font, CDC* dc);
 
   GraphAxis* const axis;
   CopyableAtomic<ViewData*> activeViewData{nullptr};
   GraphColors* colors;
-  const std::unique_ptr<Cursor> lCursor;
-  const std::unique_ptr<Cursor> rCursor;
+  CursorMarkers markers;
   HWND hWnd = nullptr;
+  PlotLayout layout;
   /// Who works with series beside the renders.
   SeriesLeases leases;
   /// The range of the data that the axes are to show.
@@ -298,107 +289,66 @@ class Graph : private RenderPipeline::Client {
   double xMax = 0.0;
   double yMin = 0.0;
   double yMax = 0.0;
-  /// Size of the plot in pixels, at least 1 by 1. A resize worker writes it while the window's
-  /// thread reads: with both scales it is published under layoutLock.
-  CopyableAtomic<int> height{0};
-  CopyableAtomic<int> width{0};
   /// What this graph's margins, pens and marks are multiplied by besides Offset::LogPixelSize: 7
   /// while it is printed. A context that it paints on has it as its CDC::GetPixelFactor.
   CopyableAtomic<double> pixelFactor{1.0};
 
  private:
-  friend class GraphTest;
-
-  class ResizingLocked;
-
   // Updating. False: the render is a worker's matter.
   bool update();
   bool fitAndRender();
   bool resize();
   bool SetAxisAutoRange();
-  bool fitLiveAxes();
-  void fitAxes(bool wholeInterval);
   bool muchToRenderBeside() const;
   bool RenderGraph(bool reset);
   void sbRender();
-  bool hsbValid() const;
-  bool vsbValid() const;
-  void sbEnable();
-  void sbSetRange();
-  void sbSetThumbPos();
+  void layOut();
+  void SetGraphArea(const CRect& area);
+  /// The box for a window or a page that has more pixels than a series has columns.
+  void warnTooLarge(bool tooLarge);
+  /// The largest interval of all series: what decides who renders.
+  unsigned largestInterval() const;
+  bool DataValid() const;
+  bool IsLegend() const { return IsMultiple(); }
 
   // Zoom and scroll.
   bool canZoom() const;
   void zoomInterval(const std::function<bool()>& zoom);
   bool zoomVertically();
   void zoomBySample(bool in);
-  double verticalStep() const;
   void editRange(AxisData GraphAxis::*which);
-
-  // Layout.
-  void layOut();
-  void SetGraphArea(const CRect& area);
-  /// Of the plot, as the last layout of such an area has it: what it was worked out from may have
-  /// changed since.
-  CPoint plotOriginIn(const CRect& area) const;
-  /// The box for a window or a page that has more pixels than a series has columns.
-  void tellTooLarge(bool isTooLarge);
 
   // Workers.
   RenderPipeline::End MakeColumns(RenderPipeline::Run& run) override;
   void RenderEnded(RenderPipeline::End end, bool newLayout) override;
   void RenderFailed(const std::exception_ptr& reason) override;
   void sendDueReadouts();
+  void noteUnits();
   void AnalyzeThread(bool (Graph::*analyzeEach)(), bool onWorker);
   bool emptyActiveSeries();
 
-  // Readouts.
-  struct Units {
-    std::string hor;
-    std::string ver;
-    std::string seriesX;
-    std::string seriesY;
-  };
-  void noteUnits();
-  Units unitsOnShow();
-
-  // The frame.
-  bool DataValid() const;
-  bool IsLegend() const { return IsMultiple(); }
-  void drawMessage(CDC* dc, const CRect& area, const char* text);
-  void DrawVerticalLabels(CDC* dc);
-  void DrawHorizontalLabels(CDC* dc);
   /// painted: holds what the markers lie on; null on paper.
   void drawMarkers(HDC dc, HDC painted, const CRect& area);
-  static void tellCursorMoves();
-  /// The largest interval of all series: what decides who renders.
-  unsigned largestInterval() const;
-
-  // On paper.
   class PaperLooks;
-  /// False when a series is being analysed.
+  /// False when a series was being analysed.
   bool tryPrint(CDC* dc, const CRect& area);
   void printFrame(CDC* dc, const CRect& area);
 
-  static inline CopyableAtomic<HWND> InfoBarHwnd{nullptr};
   static inline CopyableAtomic<bool> LockResize{false};
-
-  mutable std::mutex layoutLock;
-  CPoint plotOrigin{Offset::Left(0), Offset::Top()};  // in its area; guarded by layoutLock
-  Units units;  // of axes and series, for readouts on workers; guarded by layoutLock
 
   // The window's thread.
   FrameBuffer frame;
   COLORREF frameBackground = 0xFFFFFF;  // of the last frame
+  IntervalBars bars;
   struct StoppedSeries {
     ViewData* series;
     bool signalled;  // its terminator, and not by its host
   };
   std::vector<StoppedSeries> stopped;
 
-  CopyableAtomic<bool> tooLarge{false};  // the last layout had no room in the series' columns
+  ReadoutReport readouts;
   // From worker to worker and to the window's thread.
-  std::atomic<bool> leftOut{false};       // a series was analysed when it should be rendered
+  std::atomic<bool> postponed{false};     // a series was analysed when it should be rendered
   std::atomic<bool> updateMissed{false};  // the active one was, when an update came
   std::atomic<bool> calculated{false};    // an analysis has succeeded, and no update is posted yet
   std::atomic<bool> boxOpen{false};       // about a too large window

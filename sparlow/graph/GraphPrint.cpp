@@ -4,6 +4,7 @@
 
 #include "sparlow/data/DataLock.h"
 #include "sparlow/graph/Graph.h"
+#include "sparlow/graph/GraphPainter.h"
 #include "sparlow/platform/base/UiThread.h"
 #include "sparlow/platform/window/WindowSite.h"
 #include "sparlow/platform/window/Windows.h"
@@ -48,20 +49,20 @@ void Graph::Print(CDC* dc, const CRect& rect) {
   const WindowHold hold(hWnd);
   CRect area = rect;
   area.NormalizeRect();
-  bool paperTooLarge = false;
+  bool tooLarge = false;
   {
     const RenderPipeline::Turn turn(pipeline, RenderPipeline::Turn::stopsRender);
     const UiThread::AnswerBoxes answered(this);
     while (turn && DataAndAxisValid() && !tryPrint(dc, area)) {
     }
-    paperTooLarge = tooLarge;
+    tooLarge = layout.TooLarge();
   }
   if (!DataAndAxisValid())
     return;
   sbRender();
   if (!update())
     pipeline.Ask(true, true);
-  tellTooLarge(paperTooLarge);
+  warnTooLarge(tooLarge);
 }
 
 bool Graph::tryPrint(CDC* dc, const CRect& area) {
@@ -93,7 +94,7 @@ void Graph::printFrame(CDC* dc, const CRect& area) {
   // Whatever a host draws or throws, its context gets its font, origin and clip back.
   const SavedDC before(dc->GetSafeHdc());
   CFont font;
-  CreateTextFont(&font, dc);
+  GraphPainter::CreateTextFont(&font, dc);
   dc->SelectObject(&font);
   GraphToDC(dc, area);
   if (active)

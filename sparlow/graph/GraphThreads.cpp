@@ -33,7 +33,7 @@ RenderPipeline::End Graph::MakeColumns(RenderPipeline::Run& run) {
   const DataLock threads(series->threadsMutex, run.Interrupt());
   if (!threads) {
     if (!run.MayWait())
-      leftOut = true;
+      postponed = true;
     return End::stopped;
   }
   // An update that found the series in use has fitted no axis: it is due now, before a paint.
@@ -57,7 +57,7 @@ void Graph::RenderEnded(RenderPipeline::End end, bool newLayout) {
   failureShown = false;
   sendDueReadouts();
   if (newLayout)
-    tellTooLarge(tooLarge);
+    warnTooLarge(layout.TooLarge());
 }
 
 void Graph::RenderFailed(const std::exception_ptr& reason) {
@@ -97,7 +97,7 @@ void Graph::AnalyzeThread(bool (Graph::*analyzeEach)(), bool onWorker) {
     // It counts as a failure of that calculation; others have been carried out.
   }
   done = calculated.exchange(false) || done;
-  if (leftOut.exchange(false) || done)
+  if (postponed.exchange(false) || done)
     PostMessage(hWnd, WM_UPDATE_GRAPH, 0, 0);
 }
 
@@ -119,7 +119,7 @@ bool Graph::renderBeside(ViewData& series, bool followAxis) {
   };
   auto threads = lock();
   if (!*threads) {
-    leftOut = true;
+    postponed = true;
     // An analysis that ended before it could see that is no hindrance any more.
     threads = lock();
     if (!*threads) {

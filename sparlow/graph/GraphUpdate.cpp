@@ -4,7 +4,9 @@
 #include <algorithm>
 
 #include "sparlow/data/DataLock.h"
+#include "sparlow/graph/AxisFit.h"
 #include "sparlow/graph/Graph.h"
+#include "sparlow/platform/base/UiThread.h"
 #include "sparlow/platform/window/WindowSite.h"
 #include "sparlow/platform/window/Windows.h"
 #include "sparlow/view/ViewData.h"
@@ -18,12 +20,12 @@ void Graph::UpdateGraph() {
   if (DataValid())
     sbRender();
   else
-    ShowScrollBar(hWnd, SB_BOTH, false);
+    bars.Hide();
   if (update())
     RedrawWindow(hWnd, RDW_INVALIDATE);
   else
     pipeline.Ask(false, true);
-  tellTooLarge(tooLarge);
+  warnTooLarge(layout.TooLarge());
 }
 
 bool Graph::update() {
@@ -45,7 +47,7 @@ bool Graph::update() {
 bool Graph::fitAndRender() {
   ViewData* const series = activeViewData;
   if (!series->Valid()) {
-    tooLarge = false;
+    layout.ForgetTooLarge();
     if (!axis->preset)
       axis->Reset();
     return true;
@@ -58,7 +60,7 @@ bool Graph::fitAndRender() {
   }
   updateMissed = false;
   axis->SetUnits(series->GetxUnit(), series->GetyUnit());
-  noteUnits();
+  readouts.NoteUnits(*axis, *series);
   // Before the range of what is on show is asked for.
   if (!axis->hor.autoRange && series->adjusted)
     ResetInterval();
@@ -95,53 +97,44 @@ bool Graph::RenderGraph(bool reset) {
 bool Graph::SetAxisAutoRange() {
   const ViewData* const series = activeViewData;
   defineMinMax();
+  const IntervalBounds data{xMin, xMax, yMin, yMax};
   const bool live = series->inTransfer && series->IntervalWhole() &&
                     SourceData::nLastSamplesToDraw == 0 && series->RealTimeScalingDefined();
   if (!live) {
-    fitAxes(series->IntervalWhole());
+    FitAxes(*axis, data, series->IntervalWhole());
     return true;
   }
-  return series->GetSize() < 2 || fitLiveAxes();
+  return series->GetSize() < 2 || FitLiveAxes(*axis, data);
 }
 
-bool Graph::fitLiveAxes() {
-  // A range that is wide enough may still not hold the data: a margin leaves room at the wrong end,
-  // and a new data set may lie elsewhere.
-  const auto beyond = [](const AxisData& a, double min, double max) {
-    return min < a.min || max > a.max;
+void Graph::sbRender() {
+  /// Nobody resizes while it lives. It leaves resizing free at its end, also where a host had locked it.
+  struct ResizingLocked {
+    ResizingLocked() { LockResize = true; }
+    ~ResizingLocked() { LockResize = false; }
   };
-  bool changed = !axis->hor.autoRange && !axis->ver.autoRange;
-  if (axis->hor.autoRange && (xMax - xMin > axis->hor.range || beyond(axis->hor, xMin, xMax))) {
-    // Twice the span that the data have: the next full render is due only when they fill it.
-    xMax += xMax - xMin;
-    axis->SetHor(xMin, xMax);
-    changed = true;
-  }
-  AxisData& ver = axis->ver;
-  if (ver.autoRange && (yMax - yMin >= ver.range || beyond(ver, yMin, yMax))) {
-    const double min = ver.min, max = ver.max;
-    axis->SetVer(yMin, yMax);
-    // Without a margin the data reach both ends all the time.
-    changed = changed || ver.min != min || ver.max != max;
-  }
-  return changed;
+  // A bar that comes or goes changes the size of the window. The update that this is part of lays the
+  // window out anyway.
+  const ResizingLocked locked;
+  bars.Show(*activeViewData, *axis);
 }
 
-void Graph::fitAxes(bool wholeInterval) {
-  const bool horizontal = axis->hor.autoRange;
-  const bool vertical = axis->ver.autoRange;
-  if (horizontal && vertical) {
-    if (axis->yAutoZoom || wholeInterval)
-      axis->SetRange(yMin, yMax, xMin, xMax);
-    else
-      axis->SetHor(xMin, xMax);
+void Graph::SetGraphArea(const CRect& area) {
+  layout.LayOut(area, *axis, activeViewData, IsLegend() ? LegendOffset() : 0, pixelFactor);
+}
+
+void Graph::layOut() {
+  CRect client;
+  GetClientRect(hWnd, &client);
+  SetGraphArea(client);
+}
+
+void Graph::warnTooLarge(bool tooLarge) {
+  // Messages that are handled while it is open would open another.
+  if (!tooLarge || Closed() || boxOpen.exchange(true))
     return;
-  }
-  // Fixed axes ignore the values and recompute their steps.
-  if (vertical || !horizontal)
-    axis->SetVer(yMin, yMax);
-  if (horizontal || !vertical)
-    axis->SetHor(xMin, xMax);
+  AfxMessageBox("Screen or printer resolution is too high.\nThe graph will be truncated.", 0, 0);
+  boxOpen = false;
 }
 
 void Graph::ResizeGraph() {
@@ -151,7 +144,7 @@ void Graph::ResizeGraph() {
   if (largestInterval() >= resizeWorkerLimit || !resize())
     return pipeline.Ask(true, false);
   RedrawWindow(hWnd, RDW_INVALIDATE);
-  tellTooLarge(tooLarge);
+  warnTooLarge(layout.TooLarge());
 }
 
 bool Graph::resize() {

@@ -1,23 +1,15 @@
-// The zooms: the box that the user draws, and what becomes of the interval and the ranges.
+// Zooms, scrolls and ranges that the user fixes: what becomes of the interval and the axes.
 
 #include <cmath>
 
+#include "sparlow/graph/AxisRangeEditor.h"
 #include "sparlow/graph/Graph.h"
-#include "sparlow/graph/SelectedPen.h"
 #include "sparlow/platform/window/WindowSite.h"
 #include "sparlow/view/ViewData.h"
 
 namespace sparlow {
 
 namespace {
-
-void drawBox(CDC* dc, CPoint a, CPoint b) {
-  dc->MoveTo(a.x, a.y);
-  dc->LineTo(b.x, a.y);
-  dc->LineTo(b.x, b.y);
-  dc->LineTo(a.x, b.y);
-  dc->LineTo(a.x, a.y);
-}
 
 /// A box lower than this share of all the data's range leaves the vertical range alone.
 constexpr double kLeastShare = 0.025;
@@ -103,17 +95,81 @@ void Graph::ZoomOutFull() {
   });
 }
 
-void Graph::DrawZoomBox(CDC* dc) {
-  if (!axis->hor.autoRange)
+void Graph::Scroll(int samples) {
+  changeAndUpdate([&] {
+    if (!axis || !DataValid())
+      return false;
+    activeViewData.load()->Scroll(samples, &axis->hor);
+    return true;
+  });
+}
+
+void Graph::ScrollTo(unsigned first) {
+  changeAndUpdate([&] {
+    if (!DataValid())
+      return false;
+    activeViewData.load()->ScrollTo(first);
+    return true;
+  });
+}
+
+void Graph::yScroll(bool up) {
+  changeAndUpdate([&] {
+    if (!DataAndAxisValid() || !CanYScroll())
+      return false;
+    const AxisData& ver = axis->ver;
+    const double step = up ? IntervalBars::VerticalStep(*axis) : -IntervalBars::VerticalStep(*axis);
+    axis->SetVer(ver.min + step, ver.max + step);
+    return true;
+  });
+}
+
+void Graph::yScrollDo() {
+  const std::optional<int> steps = bars.DraggedTo();
+  if (!steps)
     return;
-  const CPoint origin = plotOriginIn({});
-  dc->SetPixelFactor(pixelFactor);
-  dc->SetViewportOrg(origin.x, origin.y);
-  const SelectedPen pen(dc, PS_DASHDOTDOT, dc->LogicalToDevice(1), 0x000000);
-  dc->SetROP2(R2_NOTXORPEN);
-  // Drawn a second time, the old box gives back what it lay on.
-  drawBox(dc, zoomStart, zoomPrev);
-  drawBox(dc, zoomStart, zoomEnd);
+  changeAndUpdate([&] {
+    if (!DataAndAxisValid() || !CanYScroll())
+      return false;
+    const double top =
+        activeViewData.load()->yGlobalMaxGet() - *steps * IntervalBars::VerticalStep(*axis);
+    axis->SetVer(top - axis->ver.range, top);
+    return true;
+  });
+}
+
+void Graph::OnYAutoZoom() {
+  ChangeAxes([](GraphAxis& axes) { axes.yAutoZoom = !axes.yAutoZoom; });
+}
+
+void Graph::OnXRange() {
+  editRange(&GraphAxis::hor);
+}
+
+void Graph::OnYRange() {
+  editRange(&GraphAxis::ver);
+}
+
+void Graph::editRange(AxisData GraphAxis::*which) {
+  AxisRangeEditor* const editor = AxisRangeEditor::Current();
+  if (!editor || !axis || pipeline.Closed())
+    return;
+  const WindowHold hold(hWnd);
+  const AxisData& before = axis->*which;
+  const bool wasAutomatic = before.autoRange;
+  AxisRange range{before.fixedMin, before.fixedMax, wasAutomatic, before.funcName, before.log};
+  editor->Edit(range);
+  changeAndUpdate([&] {
+    AxisData& edited = axis->*which;
+    range.ApplyTo(edited);
+    if (range.autoRange && (range.confirmed || !wasAutomatic))
+      axis->preset = false;
+    if (!DataValid())
+      return false;
+    if (which == &GraphAxis::hor)
+      ResetInterval();
+    return true;
+  });
 }
 
 }  // namespace sparlow

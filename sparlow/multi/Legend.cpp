@@ -14,8 +14,8 @@ constexpr int gap = 5;         // to what lies right of the names
 }  // namespace
 
 CRect MultiGraph::GetLegendRect(const SourceDataList& list) const {
-  const int top = height + Offset::ToDevice(topMargin, pixelFactor);
-  return {0, top, width, top + Offset::ToDevice(linePitch * list.count + 4, pixelFactor)};
+  const int top = layout.Height() + Offset::ToDevice(topMargin, pixelFactor);
+  return {0, top, layout.Width(), top + Offset::ToDevice(linePitch * list.count + 4, pixelFactor)};
 }
 
 int MultiGraph::LegendOffset() const {

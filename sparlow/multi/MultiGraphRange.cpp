@@ -97,12 +97,12 @@ void MultiGraph::DrawSecondaryGraphs(CDC* dc) {
 void MultiGraph::DrawList(CDC* dc, const SourceDataList& list) {
   for (const ViewData* const data : list) {
     if (data != activeViewData)
-      data->Draw(dc, height, false);
+      data->Draw(dc, layout.Height(), false);
   }
 }
 
 void MultiGraph::DrawPrimaryGraph(CDC* dc) {
-  activeViewData.load()->Draw(dc, height, IsMultiple());
+  activeViewData.load()->Draw(dc, layout.Height(), IsMultiple());
 }
 
 }  // namespace sparlow

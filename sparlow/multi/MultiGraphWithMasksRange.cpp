@@ -55,7 +55,7 @@ void MultiGraphWithMasks::DrawLegend(CDC* dc) {
   constexpr int characterWidth = 7;
   legendMaskWidth = maskList.count == 0 ? 0 : longestMaskName * dc->LogicalToDevice(characterWidth);
   // The graphs have names too.
-  legendMaskWidth = std::min(legendMaskWidth, width / 2);
+  legendMaskWidth = std::min(legendMaskWidth, layout.Width() / 2);
   MultiGraph::DrawLegend(dc);
   if (legendMaskWidth == 0)
     return;

@@ -159,14 +159,12 @@ class GraphTest : public ::testing::Test {
     series.AwaitWorker();
   }
 
-  /// That are at work, or about to be.
-  int Workers() {
-    const Graph& graph = TheGraph();
-    return graph.pipeline.Busy() + graph.analysis.Busy() + graph.maskAnalysis.Busy();
-  }
-  RenderPipeline& Pipeline() { return TheGraph().pipeline; }
   bool RenderDue() { return TheGraph().RenderDue(); }
-  CSize Plot() { return {TheGraph().width, TheGraph().height}; }
+  CSize Plot() {
+    CPoint corner{1 << 20, 1 << 20};
+    TheGraph().Clip(corner);
+    return {corner.x, corner.y};
+  }
 
   /// What the last frame was painted of, from its background to its copy to the window.
   std::vector<std::string> Frame() {

@@ -35,7 +35,7 @@ class PipelineTest : public GraphTest {
   void StartHeldRender() {
     HeldThread::released = false;
     Show(20000);
-    ASSERT_EQ(Workers(), 1);
+    ASSERT_EQ(HeldThread::started, 1);
   }
   /// Does something from another thread, after a while.
   template <class Action>
@@ -47,9 +47,8 @@ class PipelineTest : public GraphTest {
   }
   void ExpectFreeAndIdle() {
     EXPECT_TRUE(TheGraph().Settled());
-    std::thread([this] {
-      const RenderPipeline::Turn turn(Pipeline(), RenderPipeline::Turn::awaitsRender);
-    }).join();  // not if somebody has kept a turn
+    // Not if somebody has kept a turn.
+    std::thread([this] { TheGraph().SetViewData(TheGraph().GetActiveViewData()); }).join();
   }
 };
 
@@ -118,7 +117,13 @@ TEST_F(PipelineTest, AnalysesThatAreAskedForDuringARunAreOneRunAfterIt) {
 TEST_F(PipelineTest, DestroyEndsARenderAndTheOneThatIsDueAfterIt) {
   StartGatedRender();
   Window().Resize({500, 400});
-  StopAtGate(series, [this] { CloseView(); });
+  std::thread opener([this] {
+    while (!series.IsAborted())
+      std::this_thread::yield();
+    series.OpenGate();
+  });
+  CloseView();
+  opener.join();
   EXPECT_EQ(series.completed, 0);
   EXPECT_EQ(series.begun, series.stopped);
   EXPECT_FALSE(series.IsAborted());

@@ -26,13 +26,13 @@ TEST_F(UpdateTest, LimitsOfTheCallersThread) {
     SCOPED_TRACE(samples);
     series.CloseGate();
     Show(samples);
-    EXPECT_EQ(Workers(), ofUpdate);
+    EXPECT_EQ(TheGraph().Settled(), ofUpdate == 0);
     series.OpenGate();
     ASSERT_TRUE(AwaitIdle());
     series.CloseGate();
     const int before = series.begun;
     Window().Resize({500 + static_cast<int>(samples % 10), 300});
-    EXPECT_EQ(Workers(), ofResize);
+    EXPECT_EQ(TheGraph().Settled(), ofResize == 0);
     series.OpenGate();
     ASSERT_TRUE(AwaitIdle());
     EXPECT_EQ(series.begun, before + 1);
@@ -85,7 +85,7 @@ TEST_F(UpdateTest, OnlyNewSamplesAreRenderedHoweverManyThereAre) {
     ASSERT_TRUE(AwaitIdle());
     const int before = series.begun;
     showMore(11000);
-    EXPECT_EQ(Workers(), 0);
+    EXPECT_TRUE(TheGraph().Settled());
     EXPECT_EQ(series.begun, before + 1);
     EXPECT_FALSE(series.lastWasFull);
     ExpectTrueColumns();

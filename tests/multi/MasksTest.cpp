@@ -16,7 +16,6 @@ TEST_F(MasksTest, ANewMaskIsCalculatedOnceAndAFailureHindersNoOther) {
   Doubled& mask = AddDoubled("Mask");
   StayAt(mask, true);
   Analyze(true);
-  EXPECT_EQ(Workers(), 1);
   mask.end = Doubled::succeeds;
   EXPECT_TRUE(Paint(false) && updates > 0 && Draws(mask, 1));
   EXPECT_TRUE(fails.runs == 1 && throws.runs == 2 && mask.runs == 1);

@@ -8,7 +8,7 @@ namespace sparlow {
 using test::Doubled;
 
 struct TestMulti : MultiGraphWithMasks {
-  using Graph::colors, Graph::lCursor;
+  using Graph::colors, Graph::markers;
   using MultiGraphWithMasks::MultiGraphWithMasks, MultiGraph::legendMaskWidth;
 };
 struct MultiView : TestView {

@@ -18,9 +18,10 @@ TEST_F(PrintTest, PaperHasItsOwnLooksAndTheWindowGetsItsOwnBack) {
   GatedSeries &two = Add("Two"), &three = Add("Three");
   GraphColors dark(2);
   const auto screen = [&] {
-    return std::tuple(three.GetColor(), Multi().lCursor->color, Multi().colors, axis.hor.scale,
-                      axis.ver.scale, Plot(), test::columnsOf(two), test::columnsOf(three),
-                      Offset::LogPixelSize, RenderDue(), page.font, page.origin, page.clip);
+    return std::tuple(three.GetColor(), Multi().markers.Left().color, Multi().colors,
+                      axis.hor.scale, axis.ver.scale, Plot(), test::columnsOf(two),
+                      test::columnsOf(three), Offset::LogPixelSize, RenderDue(), page.font,
+                      page.origin, page.clip);
   };
   for (const bool active : {false, true}) {
     EXPECT_TRUE(Paint());
