@@ -25,14 +25,14 @@ class WatchedView final : public Base, public PaneView {
   }
   LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
     // An update ends the box that a user draws, and while samples come there is always one.
-    if (message == WM_UPDATE_GRAPH && this->zoomDrag) {
+    if (message == WM_UPDATE_GRAPH && drawsBox()) {
       updateDue_ = true;
       return 0;
     }
     const HWND window = this->GetSafeHwnd();
     const LRESULT result = Base::WindowProc(message, wParam, lParam);
     CRect area;
-    if (GetClientRect(window, &area) && !this->zoomDrag && std::exchange(updateDue_, false))
+    if (GetClientRect(window, &area) && !drawsBox() && std::exchange(updateDue_, false))
       PostMessage(window, WM_UPDATE_GRAPH, 0, 0);
     return result;
   }
@@ -50,6 +50,8 @@ class WatchedView final : public Base, public PaneView {
   }
 
  private:
+  bool drawsBox() const { return this->gesture.Now() == MouseGesture::box; }
+
   bool updateDue_ = false;  // and waits for the end of a box
 };
 

@@ -30,51 +30,43 @@ void SourceData::ResetCursor() {
     return;
   const SampleInterval interval = effectiveInterval(size);
   const int left = static_cast<int>(std::min(interval.from, size - 1));
-  iLCursor = left;
-  iRCursor = std::max(static_cast<int>(interval.end) - 1, left);
+  putCursors(left, std::max(static_cast<int>(interval.end) - 1, left));
 }
 
 bool SourceData::MoveLCursor(int samples, const AxisData* axis) {
-  const SampleReader all = Read();
-  const int last = static_cast<int>(all.size()) - 1;
-  const int old = std::min<int>(iLCursor, last), right = std::min<int>(iRCursor, last);
-  if (last < 1 || old < 0 || right < 0)
-    return false;
-  if (!shows(axis, all.x(static_cast<unsigned>(old))))
-    return false;
-  int moved = static_cast<int>(std::clamp<std::int64_t>(std::int64_t{old} + samples, 0, last));
-  const int from = static_cast<int>(effectiveInterval(all.size()).from);
-  if (!isFixed(axis) && moved < from && old >= from) {
-    iLCursor = moved;
-    return Scroll(samples, axis);
-  }
-  if (moved >= right)
-    moved = std::max(right - 1, 0);
-  if (isFixed(axis))
-    moved = static_cast<int>(FirstNotBelow(all, static_cast<unsigned>(moved),
-                                           static_cast<unsigned>(last), axis->fixedMin));
-  iLCursor = moved;
-  return false;
+  return moveCursor(Side::left, samples, axis);
 }
 
 bool SourceData::MoveRCursor(int samples, const AxisData* axis) {
+  return moveCursor(Side::right, samples, axis);
+}
+
+bool SourceData::moveCursor(Side side, int samples, const AxisData* axis) {
+  const bool isLeft = side == Side::left;
   const SampleReader all = Read();
   const int last = static_cast<int>(all.size()) - 1;
-  const int left = std::min<int>(iLCursor, last), old = std::min<int>(iRCursor, last);
-  if (last < 1 || left < 0 || old < 0)
+  const int left = std::min<int>(iLCursor, last), right = std::min<int>(iRCursor, last);
+  const int old = isLeft ? left : right;
+  if (last < 1 || left < 0 || right < 0 || !shows(axis, all.x(static_cast<unsigned>(old))))
     return false;
-  if (!shows(axis, all.x(static_cast<unsigned>(old))))
-    return false;
+  const std::int64_t wanted = std::int64_t{old} + samples;
   int moved = static_cast<int>(
-      std::min(std::max(std::int64_t{old} + samples, std::int64_t{left} + 1), std::int64_t{last}));
-  const int end = static_cast<int>(effectiveInterval(all.size()).end);
-  if (!isFixed(axis) && moved >= end && old < end) {
-    iRCursor = moved;
+      std::clamp<std::int64_t>(wanted, isLeft ? 0 : std::min(left + 1, last), last));
+  const SampleInterval interval = effectiveInterval(all.size());
+  const int from = static_cast<int>(interval.from), end = static_cast<int>(interval.end);
+  const bool leaves = isLeft ? moved < from && old >= from : moved >= end && old < end;
+  if (!isFixed(axis) && leaves) {
+    cursor(side) = moved;
     return Scroll(samples, axis);
   }
+  if (isLeft && moved >= right)
+    moved = std::max(right - 1, 0);
+  const auto sample = static_cast<unsigned>(moved);
   if (isFixed(axis))
-    moved = static_cast<int>(LastNotAbove(all, 0, static_cast<unsigned>(moved), axis->fixedMax));
-  iRCursor = moved;
+    moved = static_cast<int>(
+        isLeft ? FirstNotBelow(all, sample, static_cast<unsigned>(last), axis->fixedMin)
+               : LastNotAbove(all, 0, sample, axis->fixedMax));
+  cursor(side) = moved;
   return false;
 }
 

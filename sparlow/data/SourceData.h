@@ -1,16 +1,12 @@
 #pragma once
 
-#include <cmath>
 #include <cstdint>
-#include <mutex>
-#include <span>
-#include <thread>
 
-#include "sparlow/data/Finite.h"
+#include "sparlow/data/CursorPair.h"
 #include "sparlow/data/OwnState.h"
-#include "sparlow/data/SampleReader.h"
+#include "sparlow/data/SampleFeed.h"
+#include "sparlow/data/ShownInterval.h"
 #include "sparlow/data/StatisticParameters.h"
-#include "sparlow/data/StoreHandle.h"
 #include "sparlow/platform/base/CopyableAtomic.h"
 #include "sparlow/platform/base/Synchronization.h"
 #include "sparlow/platform/base/Text.h"
@@ -21,32 +17,6 @@ class AxisData;
 
 /// The popup menu that a series asks for unless it has one of its own.
 inline constexpr int kSeriesMenuId = 194;
-
-/// Samples from `from` up to, and not including, `end`.
-/// Threads: a value; any thread, each with its own.
-struct SampleInterval {
-  unsigned from = 0;
-  unsigned end = 0;
-  unsigned Size() const { return end - from; }
-  friend bool operator==(const SampleInterval&, const SampleInterval&) = default;
-};
-
-/// Samples that were offered to a series and not taken.
-/// Threads: a value; any thread, each with its own.
-struct DroppedSamples {
-  std::uint64_t notFinite = 0;    ///< with a NaN or an infinity
-  std::uint64_t beyondLimit = 0;  ///< the series was full
-};
-
-/// What the samples of an interval reach over.
-/// Threads: a value; any thread, each with its own.
-struct IntervalBounds {
-  double xMin = 0.0;
-  double xMax = 0.0;
-  double yMin = 0.0;
-  double yMax = 0.0;
-  friend bool operator==(const IntervalBounds&, const IntervalBounds&) = default;
-};
 
 /// One series of (x, y) samples, x ascending: its store, the interval of it that is on show, its
 /// two cursors and its units.
@@ -64,7 +34,7 @@ struct IntervalBounds {
 /// Threads: one thread feeds, the window's thread does the rest, workers render and analyse. Each
 /// group below says who may call it. The fields are atomic one by one; samples are reached through
 /// Read(), which stays good whatever the feeding thread does meanwhile.
-class SourceData {
+class SourceData : public SampleFeed, public ShownInterval, public CursorPair {
  public:
   /// @name Life
   /// Threads: the window's, with no other thread at the series.
@@ -94,24 +64,6 @@ class SourceData {
   /// Reset, unless a transfer of another thread's runs: false then. Any thread, but not beside one
   /// that adds samples without a transfer.
   bool TryReset();
-  /// Appends a sample. One with a NaN or an infinity is dropped, and so is one beyond 8192 samples
-  /// of a waveform or beyond 2^31 - 1 of any series. slope: the edge of a waveform rises.
-  /// Throws Error with code 0xFF04 when there is no memory for the block table, std::bad_alloc when
-  /// there is none for a block. Nothing has changed then, and the same sample may be added again.
-  /// Through a copy, samples go to the end of the shared store, which may lie beyond the copy's: what
-  /// the other has added in between is then among the copy's samples, but not in its bounds.
-  void Add(double x, double y, bool slope = false);
-  /// Appends many samples at once, with the result of as many calls of Add, and much faster. The
-  /// shorter of the two decides how many. Throws as Add does; the samples before are there then.
-  void Add(std::span<const double> xs, std::span<const double> ys);
-  /// The same with x = firstX + i * stepX for the i-th of ys, from 0 on.
-  void AddUniform(double firstX, double stepX, std::span<const double> ys);
-  /// What Add has dropped since the last Reset, and why. Any thread.
-  DroppedSamples GetDroppedSamples() const;
-  /// Overwrites a sample, and the flag of a waveform's; one at GetSize() or beyond, or one that Add
-  /// would drop, is ignored. The bounds of all samples widen.
-  void Set(unsigned sample, double x, double y, bool slope = false);
-
   /// A transfer is InitDataTransfer; InitBlockTransfer, Add..., TermBlockTransfer for each block;
   /// TermDataTransfer. The old samples stay until the first InitBlockTransfer.
   void InitDataTransfer(bool isWaveform);
@@ -130,30 +82,14 @@ class SourceData {
   /// @name Samples
   /// Threads: any.
   ///@{
-  /// The samples as they stand, to be held while they are worked on.
-  SampleReader Read() const { return {store_.Get(), nSamples}; }
-  bool Valid() const { return nSamples > 0; }
-  unsigned GetSize() const { return nSamples; }
   virtual unsigned GetnSamples() const { return nSamples; }
   /// Whoever works on the series should stop.
   bool IsAborted() const { return closing || (terminator && terminator->IsSet()); }
-  /// The store of the present data set; null without one. Its operations on capacity are the
-  /// feeding thread's.
-  std::shared_ptr<const SampleStore> Store() const { return store_.Get(); }
-  /// One sample, without any check: sample is below GetSize(), and no new data set begins
-  /// meanwhile.
-  double xGet(unsigned sample) const { return store_.Raw()->x(sample); }
-  double yGet(unsigned sample) const { return store_.Raw()->y(sample); }
-  /// False for a series that keeps no flags.
-  bool slopeGet(unsigned sample) const { return store_.Raw()->slope(sample); }
   ///@}
 
   /// @name Bounds of all samples since the last Reset
   /// Threads: any.
   ///@{
-  double xGlobalMinGet() const { return xGlobalMin; }
-  double xGlobalMaxGet() const { return xGlobalMax; }
-  double xGlobalIntervalGet() const { return xGlobalMax - xGlobalMin; }
   virtual double yGlobalMinGet() const { return yGlobalMin; }
   virtual double yGlobalMaxGet() const { return yGlobalMax; }
   double yGlobalIntervalGet() const { return yGlobalMaxGet() - yGlobalMinGet(); }
@@ -171,17 +107,8 @@ class SourceData {
   unsigned GetFrom() const { return GetInterval().from; }
   unsigned GetTo() const { return GetInterval().end; }
   unsigned GetIntervalSize() const { return GetInterval().Size(); }
-  /// Store an end as it is. Readers cut it to the samples.
-  void SetFrom(unsigned sample) { nFrom = sample; }
-  void SetTo(unsigned sample) { nTo = sample; }
   /// The interval is all samples, and there are some.
   bool IntervalWhole() const;
-  /// The bounds that the last SetIntervalParams found, one by one or as they belong together.
-  double xIntervalMinGet() const { return xIntervalMin; }
-  double xIntervalMaxGet() const { return xIntervalMax; }
-  double yIntervalMinGet() const { return yIntervalMin; }
-  double yIntervalMaxGet() const { return yIntervalMax; }
-  IntervalBounds GetIntervalBounds() const;
   /// Works out the bounds of the interval. x is exact. y comes from the blocks with the lowest and
   /// the highest value: what a partly covered one of them has outside of the interval hides a more
   /// extreme value of a third one. A graph fits its axes to the exact range instead, unless a class
@@ -285,45 +212,10 @@ class SourceData {
   static inline CopyableAtomic<bool> AnalyzeDataBetweenCursors{false};
   ///@}
 
-  /// @name Written by the feeding thread
-  ///@{
-  CopyableAtomic<unsigned> nSamples = 0u;  ///< grows last: what it counts is finished
-  CopyableAtomic<bool> inTransfer = false;
-  /// nTo has been pinned to the size of the data.
-  CopyableAtomic<bool> adjusted = false;
-  /// The next InitBlockTransfer starts a new data set.
-  CopyableAtomic<bool> firstBlockPending = false;
-  CopyableAtomic<bool> waveform = false;
-  /// Samples of the latest block transfer, and the effective end when it began.
-  CopyableAtomic<unsigned> nBlockSamples = 0u;
-  CopyableAtomic<unsigned> nToAtBlockStart = 0u;
-  CopyableAtomic<double> yGlobalMin = SampleBlock::kNoMin;
-  CopyableAtomic<double> yGlobalMax = SampleBlock::kNoMax;
-  CopyableAtomic<double> xGlobalMin = SampleBlock::kNoMin;
-  CopyableAtomic<double> xGlobalMax = SampleBlock::kNoMax;
-  ///@}
-
-  /// @name Written by the window's thread and, in transfers, by the feeding one
-  ///@{
-  /// First sample and end of the interval, as set; GetInterval gives what they mean.
-  CopyableAtomic<unsigned> nFrom = 0xFFFFFFFFu;
-  /// 0 during a transfer: the interval runs to nSamples.
-  CopyableAtomic<unsigned> nTo = 0xFFFFFFFFu;
-  CopyableAtomic<double> xIntervalMin = 0.0;
-  CopyableAtomic<double> xIntervalMax = 0.0;
-  CopyableAtomic<double> yIntervalMin = 0.0;
-  CopyableAtomic<double> yIntervalMax = 0.0;
-  /// Samples of the cursors, -1 when not set.
-  CopyableAtomic<int> iLCursor = -1;
-  CopyableAtomic<int> iRCursor = -1;
-  ///@}
-
   /// @name Shared with copies, fixed from Init to Term
   ///@{
   /// Held by whoever renders or analyses the series; taken before dataMutex.
   CMutex* threadsMutex = nullptr;
-  /// Keeps the data set in place: held for a render, and to begin, to drop or to sort one.
-  CMutex* dataMutex = nullptr;
   /// Tells workers to stop; a host may signal it too.
   HANDLE terminator = nullptr;
   /// Null for a calculated series. Read through GetStatParams where another thread may write.
@@ -347,48 +239,14 @@ class SourceData {
   SampleInterval effectiveInterval(unsigned size) const;
 
  private:
-  SampleStore* grow();
-  void noteDropped(bool finite);
-  void append(const SampleSpan& samples);
   void PublishStatParams(const StatisticParameters& values, const SampleStore* store);
   void resetFields();
-  void resetBounds();
-  static std::mutex& openEndLock();
+  bool moveCursor(Side side, int samples, const AxisData* axis);
   static SampleInterval findInterval(const SampleReader& samples, double xFrom, double xTo);
   void placeCursors(const SampleReader& samples, SampleInterval found, double xFrom, double xTo);
   bool showInterval(std::uint64_t dataSet, SampleInterval interval, bool openEnd = false);
   /// openEnd: during a transfer the end follows new samples.
   bool writeInterval(std::uint64_t dataSet, SampleInterval interval, bool openEnd = false);
-  void publishBounds(const IntervalBounds& bounds);
-
-  StoreHandle store_;
-  CopyableAtomic<std::thread::id> feedingThread_;  // of the latest transfer
-  CopyableAtomic<unsigned> sizeAtBlockStart_ = 0u;
-  CopyableAtomic<std::uint64_t> nNotFinite_ = std::uint64_t{0};
-  CopyableAtomic<std::uint64_t> nBeyondLimit_ = std::uint64_t{0};
-  mutable OwnMutex boundsLock_;  // keeps the four bounds of an interval together
 };
-
-inline void SourceData::Add(double x, double y, bool slope) {
-  if (!BothFinite(x, y)) [[unlikely]]
-    return noteDropped(false);
-  SampleStore* store = store_.Raw();
-  unsigned size = store ? store->OwnSize() : 0;
-  if (!store || store->FullAt(size)) {
-    store = grow();
-    if (!store)
-      return noteDropped(true);
-    size = store->OwnSize();
-  }
-  store->Append(size, x, y, slope);
-  // What samples mostly do comes first: y stays within its bounds, x goes on.
-  if (YRange{yGlobalMin.relaxed(), yGlobalMax.relaxed()}.Misses(y)) [[unlikely]]
-    Widen(yGlobalMin, yGlobalMax, y);
-  if (x > xGlobalMax.relaxed()) [[likely]]
-    xGlobalMax.setRelaxed(x);
-  if (x < xGlobalMin.relaxed()) [[unlikely]]
-    xGlobalMin.setRelaxed(x);
-  nSamples.store(size + 1);
-}
 
 }  // namespace sparlow

@@ -19,10 +19,8 @@ bool isFixed(const AxisData* axis) {
 
 SampleInterval SourceData::effectiveInterval(unsigned size) const {
   // inTransfer before nTo: a transfer that ends meanwhile has published nTo first.
-  const bool open = inTransfer;
-  const unsigned to = nTo;
-  const unsigned end = open && to == 0 ? size : std::min(to, size);
-  return {std::min<unsigned>(nFrom, end), end};
+  const bool follows = inTransfer;
+  return cutTo(size, follows);
 }
 
 bool SourceData::IntervalWhole() const {
@@ -103,8 +101,7 @@ void SourceData::placeCursors(const SampleReader& samples, SampleInterval found,
     if (left + 1 < last)
       right = LastNotAbove(samples, left + 1, last, xTo);
   }
-  iLCursor = static_cast<int>(left);
-  iRCursor = static_cast<int>(right);
+  putCursors(static_cast<int>(left), static_cast<int>(right));
 }
 
 void SourceData::SetInterval(const AxisData& axis) {
@@ -113,7 +110,7 @@ void SourceData::SetInterval(const AxisData& axis) {
 
 void SourceData::ResetInterval(const AxisData* axis) {
   {
-    const std::lock_guard<std::mutex> lock(openEndLock());
+    const Lock lock(intervalLock);
     nFrom = 0;
     nTo = inTransfer ? 0u : nSamples.load();
   }
@@ -203,7 +200,7 @@ void SourceData::ScrollTo(unsigned first) {
 }
 
 bool SourceData::writeInterval(std::uint64_t dataSet, SampleInterval interval, bool openEnd) {
-  const std::lock_guard<std::mutex> lock(openEndLock());
+  const Lock lock(intervalLock);
   // Not over the interval of a data set that has begun meanwhile.
   const auto store = store_.Get();
   if ((store ? store->Serial() : 0) != dataSet)
@@ -216,8 +213,7 @@ bool SourceData::writeInterval(std::uint64_t dataSet, SampleInterval interval, b
 bool SourceData::showInterval(std::uint64_t dataSet, SampleInterval interval, bool openEnd) {
   if (!writeInterval(dataSet, interval, openEnd))
     return false;
-  iLCursor = static_cast<int>(interval.from);
-  iRCursor = static_cast<int>(interval.end) - 1;
+  putCursors(static_cast<int>(interval.from), static_cast<int>(interval.end) - 1);
   return true;
 }
 

@@ -66,17 +66,4 @@ void SourceData::SetIntervalParams() {
                  std::min(range.max, yHigh)});
 }
 
-void SourceData::publishBounds(const IntervalBounds& bounds) {
-  const std::lock_guard<OwnMutex> lock(boundsLock_);
-  xIntervalMin = bounds.xMin;
-  xIntervalMax = bounds.xMax;
-  yIntervalMin = bounds.yMin;
-  yIntervalMax = bounds.yMax;
-}
-
-IntervalBounds SourceData::GetIntervalBounds() const {
-  const std::lock_guard<OwnMutex> lock(boundsLock_);
-  return {xIntervalMin, xIntervalMax, yIntervalMin, yIntervalMax};
-}
-
 }  // namespace sparlow

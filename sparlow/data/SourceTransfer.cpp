@@ -6,27 +6,22 @@
 
 namespace sparlow {
 
-// Held where inTransfer and an open or pinned nTo have to change together: a window that resets the
-// interval just when a transfer ends would leave the end open for ever. One for all series, since
-// it is held for two assignments.
-std::mutex& SourceData::openEndLock() {
-  static std::mutex lock;
-  return lock;
-}
+// The interval's lock is held where inTransfer and an open or pinned nTo have to change together: a window
+// that resets the interval just when a transfer ends would leave the end open for ever.
 
 bool SourceData::TryReset() {
   // A transfer that begins meanwhile drops the samples by a Reset of its own, which waits for this.
   const DataLock data(dataMutex);
-  if (inTransfer && feedingThread_ != std::this_thread::get_id())
+  if (fedElsewhere())
     return false;
   Reset();
   return true;
 }
 
 void SourceData::InitDataTransfer(bool isWaveform) {
-  feedingThread_ = std::this_thread::get_id();
+  noteFeeder();
   {
-    const std::lock_guard<std::mutex> lock(openEndLock());
+    const Lock lock(intervalLock);
     inTransfer = true;
   }
   firstBlockPending = true;
@@ -34,19 +29,15 @@ void SourceData::InitDataTransfer(bool isWaveform) {
 }
 
 bool SourceData::InitBlockTransfer() {
-  feedingThread_ = std::this_thread::get_id();
+  noteFeeder();
   nToAtBlockStart = GetTo();
   sizeAtBlockStart_ = nSamples.load();
   nBlockSamples = 0;
   if (!firstBlockPending)
     return false;
   Reset();
-  {
-    // A zoom that began before the new data set doesn't write after it.
-    const std::lock_guard<std::mutex> lock(openEndLock());
-    nFrom = 0;
-    nTo = 0;
-  }
+  // A zoom that began before the new data set doesn't write after it.
+  setEnds(0, 0);
   nToAtBlockStart = 0;
   sizeAtBlockStart_ = 0;
   firstBlockPending = false;
@@ -59,14 +50,14 @@ void SourceData::TermBlockTransfer() {
   // another one.
   nBlockSamples = size - std::min<unsigned>(size, sizeAtBlockStart_);
   if (const unsigned shown = nLastSamplesToDraw; shown != 0)
-    nFrom = end - std::min(end, shown);
+    SetFrom(end - std::min(end, shown));
   SetIntervalParams();
 }
 
 bool SourceData::TermDataTransfer() {
   const unsigned size = nSamples;
   if (firstBlockPending || size == 0) {
-    const std::lock_guard<std::mutex> lock(openEndLock());
+    const Lock lock(intervalLock);
     // An end that was opened for samples that never came stands at the old ones again.
     if (nTo == 0)
       nTo = size;
@@ -79,10 +70,9 @@ bool SourceData::TermDataTransfer() {
       store->SortFirstBlock();
   }
   {
-    const std::lock_guard<std::mutex> lock(openEndLock());
+    const Lock lock(intervalLock);
     nTo = size;
-    iRCursor = static_cast<int>(size) - 1;
-    iLCursor = static_cast<int>(std::min(GetFrom(), size - 1));
+    putCursors(static_cast<int>(std::min(GetFrom(), size - 1)), static_cast<int>(size) - 1);
     adjusted = true;
     // Last: who sees the transfer over sees its end, its order and its cursors as well.
     inTransfer = false;
@@ -94,14 +84,10 @@ bool SourceData::TermDataTransfer() {
 void SourceData::AdjustSizeTo() {
   const unsigned size = nSamples;
   // A start that no Reset has set yet would show nothing.
-  if (nFrom >= size)
-    nFrom = 0;
-  nTo = size;
+  setEnds(nFrom >= size ? 0u : nFrom.load(), size);
   adjusted = true;
-  if (size == 0)
-    return;
-  iLCursor = static_cast<int>(std::min(GetFrom(), size - 1));
-  iRCursor = static_cast<int>(size) - 1;
+  if (size != 0)
+    putCursors(static_cast<int>(std::min(GetFrom(), size - 1)), static_cast<int>(size) - 1);
 }
 
 }  // namespace sparlow

@@ -1,4 +1,4 @@
-#include "sparlow/graph/Graph.h"
+#include "sparlow/graph/GraphParts.h"
 
 #include "sparlow/data/DataLock.h"
 #include "sparlow/platform/base/UiThread.h"
@@ -21,11 +21,7 @@ GraphColors& defaultColors() {
 }  // namespace
 
 Graph::Graph(GraphAxis* sharedAxis)
-    : axis(sharedAxis),
-      colors(&defaultColors()),
-      analysis([this](bool onWorker) { AnalyzeThread(&Graph::AnalyzeEach, onWorker); }, this),
-      maskAnalysis([this](bool onWorker) { AnalyzeThread(&Graph::AnalyzeEachNewMask, onWorker); },
-                   this) {
+    : axis(sharedAxis), colors(&defaultColors()), parts(std::make_unique<Parts>(*this)) {
   markers.SetColors(*colors);
 }
 
@@ -33,9 +29,9 @@ Graph::~Graph() = default;
 
 void Graph::Create(HWND window) {
   hWnd = window;
-  frame.Create(hWnd);
-  bars.Create(hWnd);
-  bars.Hide();
+  parts->frame.Create(hWnd);
+  parts->bars.Create(hWnd);
+  parts->bars.Hide();
 }
 
 bool Graph::AddViewData(ViewData* series) {
@@ -62,7 +58,7 @@ void Graph::SetViewData(ViewData* series) {
   if (!series)
     return;
   changeInTurn([&] {
-    leases.Readmit(series);
+    readmit(series);
     activeViewData = series;
     series->SetColor(colors->trace);
     return true;
@@ -97,7 +93,7 @@ void Graph::Clear() {
   if (!cleared)
     return;
   RedrawWindow(hWnd, RDW_INVALIDATE);
-  bars.Hide();
+  parts->bars.Hide();
 }
 
 bool Graph::emptyActiveSeries() {
@@ -112,6 +108,10 @@ bool Graph::emptyActiveSeries() {
   const UiThread::AnswerBoxes answered(this);
   const DataLock analysed(series->threadsMutex);
   return releaseSeries(series) && series->TryReset();
+}
+
+void Graph::SetInfoBar(HWND window) {
+  ReadoutReport::receiver = window;
 }
 
 bool Graph::DataValid() const {
@@ -197,8 +197,6 @@ void Graph::BeginDragRightCursor() {
 }
 
 void Graph::beginDragCursor() {
-  const WindowHold hold(hWnd);
-  SetCapture(hWnd);
   SetCursor(LoadCursor(IDC_SIZEALL));
 }
 
@@ -214,11 +212,7 @@ void Graph::DragCursor(CPoint& point) {
 }
 
 void Graph::EndDragCursor() {
-  const WindowHold hold(hWnd);
   markers.LetGo();
-  // The mouse may have gone to another window meanwhile, which keeps it.
-  if (GetCapture() == hWnd)
-    ReleaseCapture();
   ReadoutReport::SendCursorMoves();
   UpdateCursorsReadout();
 }
@@ -226,36 +220,36 @@ void Graph::EndDragCursor() {
 void Graph::noteUnits() {
   // The texts are the window's thread's to change: a worker takes those that were noted.
   if (const ViewData* const series = activeViewData; series && axis && UiThread::IsCurrent())
-    readouts.NoteUnits(*axis, *series);
+    parts->readouts.NoteUnits(*axis, *series);
 }
 
 void Graph::UpdateCursorsReadout() {
   const WindowHold hold(hWnd);
   ViewData* const series = activeViewData;
-  const SeriesLeases::Use use(leases, series);
+  const SeriesLeases::Use use(parts->leases, series);
   if (!use || !active || (RestrictGraphOperationInRealTime && series->inTransfer))
     return;
   noteUnits();
-  readouts.SendCursors(*series);
+  parts->readouts.SendCursors(*series);
 }
 
 void Graph::UpdateDriftRate() {
   const WindowHold hold(hWnd);
   ViewData* const series = activeViewData;
-  const SeriesLeases::Use use(leases, series);
+  const SeriesLeases::Use use(parts->leases, series);
   if (!use)
     return;
   noteUnits();
-  readouts.SendDrift(*series);
+  parts->readouts.SendDrift(*series);
 }
 
 void Graph::UpdateStaParams() {
   ViewData* const series = activeViewData;
-  const SeriesLeases::Use use(leases, series);
+  const SeriesLeases::Use use(parts->leases, series);
   if (!use || series->inTransfer || IsDependent() || !series->Valid())
     return;
   noteUnits();
-  readouts.SendStatistics(*series);
+  parts->readouts.SendStatistics(*series);
 }
 
 void Graph::UpdateStaParams(const ViewData* series, const char* unit) {
@@ -271,12 +265,12 @@ COLORREF Graph::GetPixel(CPoint point) {
   const CPoint inPlot = layout.Clip(point);
   const bool inside =
       inPlot.x >= 1 && inPlot.x < layout.Width() && inPlot.y >= 1 && inPlot.y < layout.Height();
-  return inside ? frame.Pixel(point) : CLR_INVALID;
+  return inside ? parts->frame.Pixel(point) : CLR_INVALID;
 }
 
 COLORREF Graph::CurvePixel(CPoint point) {
   const COLORREF color = GetPixel(point);
-  return color == frameBackground ? CLR_INVALID : color;
+  return color == parts->frameBackground ? CLR_INVALID : color;
 }
 
 bool Graph::GetViewDataByPoint(ViewData** series, int* index, bool* isMask, CPoint point) {

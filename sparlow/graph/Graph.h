@@ -1,20 +1,14 @@
 #pragma once
 
-#include <atomic>
 #include <functional>
+#include <memory>
 #include <vector>
 
 #include "sparlow/axis/GraphAxis.h"
-#include "sparlow/graph/BackgroundJob.h"
 #include "sparlow/graph/CursorMarkers.h"
-#include "sparlow/graph/FrameBuffer.h"
 #include "sparlow/graph/GraphColors.h"
-#include "sparlow/graph/IntervalBars.h"
 #include "sparlow/graph/Offset.h"
 #include "sparlow/graph/PlotLayout.h"
-#include "sparlow/graph/ReadoutReport.h"
-#include "sparlow/graph/RenderPipeline.h"
-#include "sparlow/graph/SeriesLeases.h"
 #include "sparlow/platform/base/Synchronization.h"
 #include "sparlow/platform/paint/CDC.h"
 #include "sparlow/platform/window/Messages.h"
@@ -44,7 +38,7 @@ inline constexpr UINT WM_UPDATE_GRAPH = WM_USER + 104;
 /// What keeps threads apart, in the order in which it is taken: a turn of the pipeline, threadsMutex of
 /// a series, dataMutex of a series.
 /// Threads: the window's, unless an operation says otherwise.
-class Graph : private RenderPipeline::Client {
+class Graph {
  public:
   /// Samples of a full render that an update does on the caller's thread; one more is a worker's.
   static constexpr unsigned updateRenderLimit = 10000;
@@ -86,7 +80,7 @@ class Graph : private RenderPipeline::Client {
   virtual void RemoveActiveGraph();
   virtual bool IsDependent() const { return false; }
   /// Destroy has begun. Any thread.
-  bool Closed() const { return pipeline.Closed(); }
+  bool Closed() const;
   /// True when there is a series with samples and both axes can be painted.
   bool DataAndAxisValid() const;
   /// Empties the active series, its units and the axes, after renders and the series' analysis have been
@@ -105,7 +99,7 @@ class Graph : private RenderPipeline::Client {
   /// Paints the frame and copies it to the window. Never waits for a render.
   void DrawAll();
   /// True while the window shows "Rendering graph", because columns are still to be made.
-  bool RenderDue() const { return pipeline.Due(); }
+  bool RenderDue() const;
   /// True when no render is due and no worker of the graph is at work. Any thread.
   bool Settled() const;
   /// Recalculates analysis series, or new masks, on a worker, which posts WM_UPDATE_GRAPH when
@@ -179,10 +173,10 @@ class Graph : private RenderPipeline::Client {
   bool InLeftCursorArea(const CPoint& point) const;
   bool InRightCursorArea(const CPoint& point) const;
   bool IsCursorDrag() const { return markers.Held(); }
-  /// Takes the mouse for a cursor until EndDragCursor.
+  /// A cursor follows DragCursor until EndDragCursor. Whose mouse it is, is the view's matter.
   void BeginDragLeftCursor();
   void BeginDragRightCursor();
-  /// What both do: takes the mouse and shows the pointer of a drag.
+  /// What both do: shows the pointer of a drag.
   void beginDragCursor();
   /// One step of a drag, to a point of the client area, which is clipped. A cursor that crosses the
   /// other hands the mouse over to it.
@@ -205,7 +199,7 @@ class Graph : private RenderPipeline::Client {
 
   /// @name Process-wide
   /// The window that receives the readouts of all graphs.
-  static void SetInfoBar(HWND window) { ReadoutReport::receiver = window; }
+  static void SetInfoBar(HWND window);
   /// For hosts that rearrange their windows: ResizeGraph does nothing in between.
   static void LockResizing() { LockResize = true; }
   static void UnlockResizing() { LockResize = false; }
@@ -265,6 +259,9 @@ class Graph : private RenderPipeline::Client {
   /// end of the graph has done so already, and the series may be gone.
   void stopSeries(ViewData* series);
   bool releaseSeries(ViewData* series);
+  /// Gives a series away, and waits until no worker uses it; takes it back.
+  void withdraw(ViewData* series);
+  void readmit(ViewData* series);
   /// Runs an analysis of a series, unless the graph has given it away, or the series has samples
   /// and onlyEmpty is true.
   bool analyze(ViewData* series, bool (SourceData::*how)(), bool onlyEmpty = false);
@@ -282,8 +279,6 @@ class Graph : private RenderPipeline::Client {
   CursorMarkers markers;
   HWND hWnd = nullptr;
   PlotLayout layout;
-  /// Who works with series beside the renders.
-  SeriesLeases leases;
   /// The range of the data that the axes are to show.
   double xMin = 0.0;
   double xMax = 0.0;
@@ -319,9 +314,6 @@ class Graph : private RenderPipeline::Client {
   void editRange(AxisData GraphAxis::*which);
 
   // Workers.
-  RenderPipeline::End MakeColumns(RenderPipeline::Run& run) override;
-  void RenderEnded(RenderPipeline::End end, bool newLayout) override;
-  void RenderFailed(const std::exception_ptr& reason) override;
   void sendDueReadouts();
   void noteUnits();
   void AnalyzeThread(bool (Graph::*analyzeEach)(), bool onWorker);
@@ -330,34 +322,14 @@ class Graph : private RenderPipeline::Client {
   /// painted: holds what the markers lie on; null on paper.
   void drawMarkers(HDC dc, HDC painted, const CRect& area);
   class PaperLooks;
-  /// False when a series was being analysed.
-  bool tryPrint(CDC* dc, const CRect& area);
-  void printFrame(CDC* dc, const CRect& area);
+  /// False when a series was being analysed. tooLarge: the page is.
+  bool tryPrint(CDC* dc, const CRect& area, bool* tooLarge);
+  bool printFrame(CDC* dc, const CRect& area);
 
   static inline CopyableAtomic<bool> LockResize{false};
 
-  // The window's thread.
-  FrameBuffer frame;
-  COLORREF frameBackground = 0xFFFFFF;  // of the last frame
-  IntervalBars bars;
-  struct StoppedSeries {
-    ViewData* series;
-    bool signalled;  // its terminator, and not by its host
-  };
-  std::vector<StoppedSeries> stopped;
-
-  ReadoutReport readouts;
-  // From worker to worker and to the window's thread.
-  std::atomic<bool> postponed{false};     // a series was analysed when it should be rendered
-  std::atomic<bool> updateMissed{false};  // the active one was, when an update came
-  std::atomic<bool> calculated{false};    // an analysis has succeeded, and no update is posted yet
-  std::atomic<bool> boxOpen{false};       // about a too large window
-  std::atomic<bool> failureShown{false};  // of renders, in a box; until one succeeds
-
-  // Last: their workers use what is above.
-  RenderPipeline pipeline{*this, this};
-  BackgroundJob analysis;
-  BackgroundJob maskAnalysis;
+  struct Parts;
+  const std::unique_ptr<Parts> parts;
 };
 
 }  // namespace sparlow

@@ -1,7 +1,7 @@
 // One frame of a graph, for screen and paper alike: the parts in the order in which they are painted.
 
-#include "sparlow/graph/Graph.h"
 #include "sparlow/graph/GraphPainter.h"
+#include "sparlow/graph/GraphParts.h"
 #include "sparlow/graph/SelectedPen.h"
 #include "sparlow/platform/window/WindowSite.h"
 #include "sparlow/platform/window/Windows.h"
@@ -26,12 +26,12 @@ void Graph::DrawAll() {
   // Asked once: a render that is done in between has invalidated the window again.
   const bool rendering = RenderDue();
   const bool ready = !rendering && DataAndAxisValid();
-  frame.Paint(hWnd, [&](CDC& dc, const CRect& client) {
+  parts->frame.Paint(hWnd, [&](CDC& dc, const CRect& client) {
     CFont font;
     GraphPainter::CreateTextFont(&font, &dc);
     dc.SelectObject(&font);
-    frameBackground = active ? colors->backActive : colors->backInactive;
-    dc.FillSolidRect(client, frameBackground);
+    parts->frameBackground = active ? colors->backActive : colors->backInactive;
+    dc.FillSolidRect(client, parts->frameBackground);
     if (rendering)
       GraphPainter::DrawMessage(dc, client, "Rendering graph", *colors);
     else if (ready)
@@ -78,7 +78,7 @@ void Graph::DrawCursors() {
   // While a render is due the axes' scale is a worker's, and the window shows a message.
   if (RenderDue())
     return;
-  frame.Use([this](HDC painted) {
+  parts->frame.Use([this](HDC painted) {
     const CClientDC window(hWnd);
     drawMarkers(window.GetSafeHdc(), painted, {});
   });

@@ -3,8 +3,8 @@
 #include <vector>
 
 #include "sparlow/data/DataLock.h"
-#include "sparlow/graph/Graph.h"
 #include "sparlow/graph/GraphPainter.h"
+#include "sparlow/graph/GraphParts.h"
 #include "sparlow/platform/base/UiThread.h"
 #include "sparlow/platform/window/WindowSite.h"
 #include "sparlow/platform/window/Windows.h"
@@ -28,6 +28,8 @@ class Graph::PaperLooks {
   }
   ~PaperLooks() {
     graph_.pixelFactor = 1.0;
+    // Whatever becomes of the data, points of the window are the window's again.
+    graph_.layOut();
     graph_.SetColors(colors_);
     // Those of several series aren't the scheme's.
     for (const auto& [series, color] : traces_)
@@ -51,21 +53,20 @@ void Graph::Print(CDC* dc, const CRect& rect) {
   area.NormalizeRect();
   bool tooLarge = false;
   {
-    const RenderPipeline::Turn turn(pipeline, RenderPipeline::Turn::stopsRender);
+    const RenderPipeline::Turn turn(parts->pipeline, RenderPipeline::Turn::stopsRender);
     const UiThread::AnswerBoxes answered(this);
-    while (turn && DataAndAxisValid() && !tryPrint(dc, area)) {
+    while (turn && DataAndAxisValid() && !tryPrint(dc, area, &tooLarge)) {
     }
-    tooLarge = layout.TooLarge();
   }
   if (!DataAndAxisValid())
     return;
   sbRender();
   if (!update())
-    pipeline.Ask(true, true);
+    parts->pipeline.Ask(true, true);
   warnTooLarge(tooLarge);
 }
 
-bool Graph::tryPrint(CDC* dc, const CRect& area) {
+bool Graph::tryPrint(CDC* dc, const CRect& area, bool* tooLarge) {
   std::vector<std::unique_ptr<DataLock>> noAnalysis;
   for (const ViewData* const series : AllSeries()) {
     noAnalysis.push_back(std::make_unique<DataLock>(series->threadsMutex, std::try_to_lock));
@@ -77,16 +78,16 @@ bool Graph::tryPrint(CDC* dc, const CRect& area) {
     return false;
   }
   try {
-    printFrame(dc, area);
+    *tooLarge = printFrame(dc, area);
   } catch (...) {
     // The window isn't to be painted by the layout of the page.
-    pipeline.Ask(true, false);
+    parts->pipeline.Ask(true, false);
     throw;
   }
   return true;
 }
 
-void Graph::printFrame(CDC* dc, const CRect& area) {
+bool Graph::printFrame(CDC* dc, const CRect& area) {
   const PaperLooks paper(*this);
   SetGraphArea(area);
   RenderSecondaryGraphs();
@@ -99,6 +100,7 @@ void Graph::printFrame(CDC* dc, const CRect& area) {
   GraphToDC(dc, area);
   if (active)
     drawMarkers(dc->GetSafeHdc(), nullptr, area);
+  return layout.TooLarge();
 }
 
 }  // namespace sparlow

@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "sparlow/data/DataLock.h"
-#include "sparlow/graph/Graph.h"
+#include "sparlow/graph/GraphParts.h"
 #include "sparlow/platform/base/ErrorBox.h"
 #include "sparlow/platform/base/UiThread.h"
 #include "sparlow/platform/window/WindowSite.h"
@@ -14,15 +14,33 @@
 namespace sparlow {
 
 bool Graph::Settled() const {
-  return !RenderDue() && !pipeline.Busy() && !analysis.Busy() && !maskAnalysis.Busy();
+  return !RenderDue() && !parts->pipeline.Busy() && !parts->analysis.Busy() &&
+         !parts->maskAnalysis.Busy();
 }
 
-RenderPipeline::End Graph::MakeColumns(RenderPipeline::Run& run) {
+bool Graph::RenderDue() const {
+  return parts->pipeline.Due();
+}
+
+bool Graph::Closed() const {
+  return parts->pipeline.Closed();
+}
+
+Graph::Parts::Parts(Graph& owner)
+    : graph(owner),
+      pipeline(*this, &owner),
+      analysis([&owner](bool onWorker) { owner.AnalyzeThread(&Graph::AnalyzeEach, onWorker); },
+               &owner),
+      maskAnalysis(
+          [&owner](bool onWorker) { owner.AnalyzeThread(&Graph::AnalyzeEachNewMask, onWorker); },
+          &owner) {}
+
+RenderPipeline::End Graph::Parts::MakeColumns(RenderPipeline::Run& run) {
   using End = RenderPipeline::End;
-  ViewData* const series = activeViewData;
+  ViewData* const series = graph.activeViewData;
   if (!series)
     return End::handedOver;
-  const std::vector<ViewData*> all = AllSeries();
+  const std::vector<ViewData*> all = graph.AllSeries();
   // A host that has signalled a series lets nobody work at it until it clears that.
   for (const ViewData* const each : all) {
     const bool counts = each == series || run.NewLayout();
@@ -38,29 +56,29 @@ RenderPipeline::End Graph::MakeColumns(RenderPipeline::Run& run) {
   }
   // An update that found the series in use has fitted no axis: it is due now, before a paint.
   if (updateMissed.exchange(false)) {
-    PostMessage(hWnd, WM_UPDATE_GRAPH, 0, 0);
+    PostMessage(graph.hWnd, WM_UPDATE_GRAPH, 0, 0);
     return End::handedOver;
   }
   if (!run.Begin(all))
     return End::stopped;
   if (run.NewLayout())
-    layOut();
-  const bool secondary = RenderSecondaryGraphs();
-  return (run.NewLayout() && !secondary) || !RenderGraph(true) ? End::stopped : End::done;
+    graph.layOut();
+  const bool secondary = graph.RenderSecondaryGraphs();
+  return (run.NewLayout() && !secondary) || !graph.RenderGraph(true) ? End::stopped : End::done;
 }
 
-void Graph::RenderEnded(RenderPipeline::End end, bool newLayout) {
+void Graph::Parts::RenderEnded(RenderPipeline::End end, bool newLayout) {
   // The paint that comes now brings the graph in place of the message.
-  RedrawWindow(hWnd, RDW_INVALIDATE);
+  RedrawWindow(graph.hWnd, RDW_INVALIDATE);
   if (end != RenderPipeline::End::done)
     return;
   failureShown = false;
-  sendDueReadouts();
+  graph.sendDueReadouts();
   if (newLayout)
-    warnTooLarge(layout.TooLarge());
+    graph.warnTooLarge(graph.layout.TooLarge());
 }
 
-void Graph::RenderFailed(const std::exception_ptr& reason) {
+void Graph::Parts::RenderFailed(const std::exception_ptr& reason) {
   // A feed would bring one box after the other.
   if (failureShown.exchange(true))
     return;
@@ -79,9 +97,9 @@ void Graph::RenderFailed(const std::exception_ptr& reason) {
 
 void Graph::sendDueReadouts() {
   ViewData* const series = activeViewData;
-  const SeriesLeases::Use use(leases, series);
+  const SeriesLeases::Use use(parts->leases, series);
   // A series that is to stop has nothing to tell; whoever renders it next sends what is due.
-  if (!use || series->IsAborted() || !pipeline.TakeReadout())
+  if (!use || series->IsAborted() || !parts->pipeline.TakeReadout())
     return;
   UpdateCursorsReadout();
   UpdateStaParams();
@@ -96,20 +114,20 @@ void Graph::AnalyzeThread(bool (Graph::*analyzeEach)(), bool onWorker) {
       throw;
     // It counts as a failure of that calculation; others have been carried out.
   }
-  done = calculated.exchange(false) || done;
-  if (postponed.exchange(false) || done)
+  done = parts->calculated.exchange(false) || done;
+  if (parts->postponed.exchange(false) || done)
     PostMessage(hWnd, WM_UPDATE_GRAPH, 0, 0);
 }
 
 bool Graph::analyze(ViewData* series, bool (SourceData::*how)(), bool onlyEmpty) {
-  const SeriesLeases::Use use(leases, series);
+  const SeriesLeases::Use use(parts->leases, series);
   if (!use)
     return false;
   // Another worker may be filling it; whoever wants it back mustn't wait for that.
   const DataLock threads(series->threadsMutex, use.Stop());
   if (!threads || (onlyEmpty && series->Valid()) || !(series->*how)())
     return false;
-  calculated = true;
+  parts->calculated = true;
   return true;
 }
 
@@ -119,7 +137,7 @@ bool Graph::renderBeside(ViewData& series, bool followAxis) {
   };
   auto threads = lock();
   if (!*threads) {
-    postponed = true;
+    parts->postponed = true;
     // An analysis that ended before it could see that is no hindrance any more.
     threads = lock();
     if (!*threads) {
@@ -137,12 +155,12 @@ bool Graph::renderBeside(ViewData& series, bool followAxis) {
 
 void Graph::AnalyzeAll() {
   const WindowHold hold(hWnd);
-  analysis.Request();
+  parts->analysis.Request();
 }
 
 void Graph::AnalyzeMask() {
   const WindowHold hold(hWnd);
-  maskAnalysis.Request();
+  parts->maskAnalysis.Request();
 }
 
 void Graph::stopSeries(ViewData* series) {
@@ -151,20 +169,29 @@ void Graph::stopSeries(ViewData* series) {
   const bool signalled = series->terminator && series->terminator->IsSet();
   if (!signalled)
     SetEvent(series->terminator);
-  stopped.push_back({series, !signalled});
+  parts->stopped.push_back({series, !signalled});
 }
 
 bool Graph::releaseSeries(ViewData* series) {
   const auto stop =
-      std::find_if(stopped.begin(), stopped.end(),
-                   [series](const StoppedSeries& each) { return each.series == series; });
-  if (stop == stopped.end())
+      std::find_if(parts->stopped.begin(), parts->stopped.end(),
+                   [series](const Parts::StoppedSeries& each) { return each.series == series; });
+  if (stop == parts->stopped.end())
     return false;
   series->closing = false;
   if (stop->signalled)
     ResetEvent(series->terminator);
-  stopped.erase(stop);
+  parts->stopped.erase(stop);
   return true;
+}
+
+void Graph::withdraw(ViewData* series) {
+  const UiThread::AnswerBoxes answered(this);
+  parts->leases.Withdraw(series);
+}
+
+void Graph::readmit(ViewData* series) {
+  parts->leases.Readmit(series);
 }
 
 void Graph::SetThreadsTerminator() {
@@ -173,8 +200,8 @@ void Graph::SetThreadsTerminator() {
 }
 
 void Graph::ClearThreadsTerminator() {
-  while (!stopped.empty())
-    releaseSeries(stopped.back().series);
+  while (!parts->stopped.empty())
+    releaseSeries(parts->stopped.back().series);
 }
 
 void Graph::WaitForThreadsEnd() {
@@ -183,23 +210,23 @@ void Graph::WaitForThreadsEnd() {
 }
 
 void Graph::Destroy() {
-  if (pipeline.Closed())
+  if (Closed())
     return;
-  pipeline.Close();
-  analysis.Close();
-  maskAnalysis.Close();
+  parts->pipeline.Close();
+  parts->analysis.Close();
+  parts->maskAnalysis.Close();
   SetThreadsTerminator();
   // One that was replaced while it was analysed isn't the graph's any more.
-  for (ViewData* const series : leases.Close())
+  for (ViewData* const series : parts->leases.Close())
     stopSeries(series);
   {
     const UiThread::AnswerBoxes answered(this);
-    pipeline.WaitUntilIdle();
-    analysis.WaitUntilIdle();
-    maskAnalysis.WaitUntilIdle();
+    parts->pipeline.WaitUntilIdle();
+    parts->analysis.WaitUntilIdle();
+    parts->maskAnalysis.WaitUntilIdle();
   }
   ClearThreadsTerminator();
-  frame.Free();
+  parts->frame.Free();
 }
 
 }  // namespace sparlow

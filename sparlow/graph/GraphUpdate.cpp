@@ -5,7 +5,7 @@
 
 #include "sparlow/data/DataLock.h"
 #include "sparlow/graph/AxisFit.h"
-#include "sparlow/graph/Graph.h"
+#include "sparlow/graph/GraphParts.h"
 #include "sparlow/platform/base/UiThread.h"
 #include "sparlow/platform/window/WindowSite.h"
 #include "sparlow/platform/window/Windows.h"
@@ -20,24 +20,24 @@ void Graph::UpdateGraph() {
   if (DataValid())
     sbRender();
   else
-    bars.Hide();
+    parts->bars.Hide();
   if (update())
     RedrawWindow(hWnd, RDW_INVALIDATE);
   else
-    pipeline.Ask(false, true);
+    parts->pipeline.Ask(false, true);
   warnTooLarge(layout.TooLarge());
 }
 
 bool Graph::update() {
   {
     // A render that runs goes on to its end, or a feed would starve it.
-    const RenderPipeline::Turn turn(pipeline, RenderPipeline::Turn::awaitsRender);
+    const RenderPipeline::Turn turn(parts->pipeline, RenderPipeline::Turn::awaitsRender);
     if (!turn || !activeViewData)
       return true;
     if (!fitAndRender())
       return false;
     // Whatever was due has been done here.
-    pipeline.Satisfied();
+    parts->pipeline.Satisfied();
   }
   UpdateCursorsReadout();
   UpdateStaParams();
@@ -55,12 +55,12 @@ bool Graph::fitAndRender() {
   // Whoever analyses the series may take long; a worker waits for that.
   const DataLock threads(series->threadsMutex, std::try_to_lock);
   if (!threads) {
-    updateMissed = true;
+    parts->updateMissed = true;
     return false;
   }
-  updateMissed = false;
+  parts->updateMissed = false;
   axis->SetUnits(series->GetxUnit(), series->GetyUnit());
-  readouts.NoteUnits(*axis, *series);
+  parts->readouts.NoteUnits(*axis, *series);
   // Before the range of what is on show is asked for.
   if (!axis->hor.autoRange && series->adjusted)
     ResetInterval();
@@ -116,7 +116,7 @@ void Graph::sbRender() {
   // A bar that comes or goes changes the size of the window. The update that this is part of lays the
   // window out anyway.
   const ResizingLocked locked;
-  bars.Show(*activeViewData, *axis);
+  parts->bars.Show(*activeViewData, *axis);
 }
 
 void Graph::SetGraphArea(const CRect& area) {
@@ -131,10 +131,10 @@ void Graph::layOut() {
 
 void Graph::warnTooLarge(bool tooLarge) {
   // Messages that are handled while it is open would open another.
-  if (!tooLarge || Closed() || boxOpen.exchange(true))
+  if (!tooLarge || Closed() || parts->boxOpen.exchange(true))
     return;
   AfxMessageBox("Screen or printer resolution is too high.\nThe graph will be truncated.", 0, 0);
-  boxOpen = false;
+  parts->boxOpen = false;
 }
 
 void Graph::ResizeGraph() {
@@ -142,13 +142,13 @@ void Graph::ResizeGraph() {
     return;
   const WindowHold hold(hWnd);
   if (largestInterval() >= resizeWorkerLimit || !resize())
-    return pipeline.Ask(true, false);
+    return parts->pipeline.Ask(true, false);
   RedrawWindow(hWnd, RDW_INVALIDATE);
   warnTooLarge(layout.TooLarge());
 }
 
 bool Graph::resize() {
-  const RenderPipeline::Turn turn(pipeline, RenderPipeline::Turn::stopsRender);
+  const RenderPipeline::Turn turn(parts->pipeline, RenderPipeline::Turn::stopsRender);
   if (!turn || !activeViewData)
     return true;
   const DataLock threads(activeViewData.load()->threadsMutex, std::try_to_lock);
@@ -160,7 +160,7 @@ bool Graph::resize() {
 
 bool Graph::changeInTurn(const std::function<bool()>& change) {
   const WindowHold hold(hWnd);
-  const RenderPipeline::Turn turn(pipeline, RenderPipeline::Turn::stopsRender);
+  const RenderPipeline::Turn turn(parts->pipeline, RenderPipeline::Turn::stopsRender);
   return turn && change() && turn;
 }
 

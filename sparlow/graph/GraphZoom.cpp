@@ -3,7 +3,7 @@
 #include <cmath>
 
 #include "sparlow/graph/AxisRangeEditor.h"
-#include "sparlow/graph/Graph.h"
+#include "sparlow/graph/GraphParts.h"
 #include "sparlow/platform/window/WindowSite.h"
 #include "sparlow/view/ViewData.h"
 
@@ -125,7 +125,7 @@ void Graph::yScroll(bool up) {
 }
 
 void Graph::yScrollDo() {
-  const std::optional<int> steps = bars.DraggedTo();
+  const std::optional<int> steps = parts->bars.DraggedTo();
   if (!steps)
     return;
   changeAndUpdate([&] {
@@ -152,7 +152,7 @@ void Graph::OnYRange() {
 
 void Graph::editRange(AxisData GraphAxis::*which) {
   AxisRangeEditor* const editor = AxisRangeEditor::Current();
-  if (!editor || !axis || pipeline.Closed())
+  if (!editor || !axis || Closed())
     return;
   const WindowHold hold(hWnd);
   const AxisData& before = axis->*which;

@@ -69,7 +69,7 @@ bool MultiGraph::append(SourceDataList& list, ViewData* data, bool makeActive) {
   return changeInTurn([&] {
     if (list.count >= maxSeries || IsListed(data))
       return false;
-    leases.Readmit(data);
+    readmit(data);
     {
       const std::lock_guard guard(listLock);
       list.Add(data);
@@ -103,10 +103,8 @@ bool MultiGraph::takeOut(SourceDataList& list, int least, ViewData* data) {
     list.RemoveAt(list.Find(data));
     return true;
   });
-  if (taken) {
-    const UiThread::AnswerBoxes answered(static_cast<Graph*>(this));
-    leases.Withdraw(data);
-  }
+  if (taken)
+    withdraw(data);
   return releaseSeries(data) && taken;
 }
 

@@ -11,16 +11,6 @@ namespace sparlow {
 
 using View = CSingleGraphView;
 
-namespace {
-
-/// The row of one command.
-template <void (View::*operation)()>
-constexpr MessageEntry command(UINT id) {
-  return {WM_COMMAND, HandleCommand<View, operation>, id, id};
-}
-
-}  // namespace
-
 const CRuntimeClass View::classCSingleGraphView{"CSingleGraphView", View::CreateObject,
                                                 &CView::classCView};
 const MessageEntry View::messageEntries[] = {
@@ -33,13 +23,11 @@ const MessageEntry View::messageEntries[] = {
     {WM_RECALC_MASK, Handle<View, &View::OnRecalcMask>},
     {WM_SPARLOW_COMMAND, Handle<View, &View::OnSparlowCommand>},
     {WM_INITMENUPOPUP, Handle<View, &View::OnInitMenuPopup>},
-    command<&View::OnViewSampleZoomIn>(ID_VIEW_SAMPLE_ZOOM_IN),
-    command<&View::OnViewSampleZoomOut>(ID_VIEW_SAMPLE_ZOOM_OUT),
-    command<&View::OnViewCursorZoomIn>(ID_VIEW_CURSOR_ZOOM_IN),
-    command<&View::OnViewFullZoomOut>(ID_VIEW_FULL_ZOOM_OUT),
-    command<&View::OnMenuXRangeDlg>(ID_X_RANGE),
-    command<&View::OnMenuYAutoZoom>(ID_Y_AUTO_ZOOM),
-    command<&View::OnMenuYRangeDlg>(ID_Y_RANGE),
+    {WM_COMMAND, HandleCommand<View, &View::OnGraphCommand>, ID_VIEW_SAMPLE_ZOOM_IN,
+     ID_VIEW_FULL_ZOOM_OUT},
+    {WM_COMMAND, HandleCommand<View, &View::OnGraphCommand>, ID_X_RANGE, ID_X_RANGE},
+    {WM_COMMAND, HandleCommand<View, &View::OnGraphCommand>, ID_Y_RANGE, ID_Y_RANGE},
+    {WM_COMMAND, HandleCommand<View, &View::OnGraphCommand>, ID_Y_AUTO_ZOOM, ID_Y_AUTO_ZOOM},
     {WM_LBUTTONDOWN, Handle<View, &View::OnLButtonDown>},
     {WM_LBUTTONUP, Handle<View, &View::OnLButtonUp>},
     {WM_LBUTTONDBLCLK, Handle<View, &View::OnLButtonDblClk>},
@@ -90,7 +78,7 @@ bool View::DataValid() const {
 }
 
 void View::endZoomBox() {
-  if (zoomDrag)
+  if (gesture.Now() == MouseGesture::box)
     OnCaptureChanged(0, 0);
 }
 
@@ -171,7 +159,7 @@ void View::OnDraw(CDC*) {
 LRESULT View::OnCreate(WPARAM, LPARAM) {
   if (Default() == -1)
     return -1;
-  zoomDrag = false;
+  gesture = {};
   _CreateGraph();
   return 0;
 }

@@ -5,6 +5,7 @@
 
 #include "sparlow/graph/Graph.h"
 #include "sparlow/platform/window/CView.h"
+#include "sparlow/ui/MouseGesture.h"
 
 namespace sparlow {
 
@@ -93,8 +94,7 @@ class CSingleGraphView : public CView {
   static const MessageMap messageMap;
 
   std::unique_ptr<Graph> graph;
-  /// A zoom box follows the mouse.
-  bool zoomDrag = false;
+  MouseGesture gesture;
   /// How often an arrow key has been pressed or has repeated since one was let go, or could have
   /// been without this window being told: in a menu, in another window.
   int keyRepeat = 0;
@@ -112,13 +112,7 @@ class CSingleGraphView : public CView {
 
   LRESULT OnInitMenuPopup(WPARAM popup, LPARAM);
   LRESULT OnSparlowCommand(WPARAM code, LPARAM);
-  void OnViewSampleZoomIn();
-  void OnViewSampleZoomOut();
-  void OnViewCursorZoomIn();
-  void OnViewFullZoomOut();
-  void OnMenuXRangeDlg();
-  void OnMenuYAutoZoom();
-  void OnMenuYRangeDlg();
+  void OnGraphCommand(UINT id);
 
   LRESULT OnLButtonDown(WPARAM, LPARAM lParam);
   LRESULT OnLButtonUp(WPARAM, LPARAM lParam);
@@ -143,7 +137,6 @@ class CSingleGraphView : public CView {
   void endZoomBox();
   /// Ends a gesture that comes to nothing.
   void dropGesture();
-  void releaseMouse();
   void click(CPoint point);
   void showPointer(CPoint point);
   void drawAll();

@@ -47,15 +47,17 @@ LRESULT View::OnLButtonDown(WPARAM, LPARAM lParam) {
     return result;
   CPoint point = PointOf(lParam);
   graph->Clip(point);
+  MouseGesture::Kind kind = MouseGesture::box;
   if (graph->InLeftCursorArea(point)) {
+    kind = MouseGesture::leftCursor;
     graph->BeginDragLeftCursor();
   } else if (graph->InRightCursorArea(point)) {
+    kind = MouseGesture::rightCursor;
     graph->BeginDragRightCursor();
   } else {
-    SetCapture(GetSafeHwnd());
-    zoomDrag = true;
     graph->zoomStart = graph->zoomEnd = graph->zoomPrev = point;
   }
+  gesture.Begin(kind, GetSafeHwnd());
   return result;
 }
 
@@ -64,12 +66,12 @@ LRESULT View::OnMouseMove(WPARAM, LPARAM lParam) {
   if (!takesInput())
     return result;
   CPoint point = PointOf(lParam);
-  if (zoomDrag) {
+  if (gesture.Now() == MouseGesture::box) {
     graph->Clip(point);
     graph->zoomPrev = graph->zoomEnd;
     graph->zoomEnd = point;
     drawZoomBox();
-  } else if (graph->IsCursorDrag()) {
+  } else if (gesture.DragsCursor()) {
     graph->DragCursor(point);
   } else if (graph->active) {
     showPointer(point);
@@ -79,7 +81,7 @@ LRESULT View::OnMouseMove(WPARAM, LPARAM lParam) {
 
 void View::drawAll() {
   graph->DrawAll();
-  if (!zoomDrag || !DataValid())
+  if (gesture.Now() != MouseGesture::box || !DataValid())
     return;
   // The frame that was painted has no box on it.
   graph->zoomPrev = graph->zoomStart;
@@ -111,43 +113,30 @@ LRESULT View::OnLButtonUp(WPARAM, LPARAM lParam) {
 }
 
 void View::finishGesture(CPoint point) {
-  if (zoomDrag) {
-    // First, since the release comes back here as a lost capture.
-    zoomDrag = false;
-    releaseMouse();
-    CPoint& start = graph->zoomStart;
-    CPoint& end = graph->zoomEnd;
-    if (start.x == end.x || start.y == end.y) {
-      // The ends of a flat box are dots that its lines didn't take away again.
-      if (start.x != end.x || start.y != end.y)
-        InvalidateRect(GetSafeHwnd(), nullptr, true);
-      return click(point);
-    }
-    order(start.x, end.x);
-    order(start.y, end.y);
-    graph->ZoomInByPoint();
+  const MouseGesture::Kind was = gesture.End();
+  if (was == MouseGesture::none)
+    return;
+  if (was != MouseGesture::box)
+    return graph->EndDragCursor();
+  CPoint& start = graph->zoomStart;
+  CPoint& end = graph->zoomEnd;
+  if (start.x == end.x || start.y == end.y) {
+    // The ends of a flat box are dots that its lines didn't take away again.
+    if (start.x != end.x || start.y != end.y)
+      InvalidateRect(GetSafeHwnd(), nullptr, true);
+    return click(point);
   }
-  if (graph->IsCursorDrag())
-    graph->EndDragCursor();
+  order(start.x, end.x);
+  order(start.y, end.y);
+  graph->ZoomInByPoint();
 }
 
 void View::dropGesture() {
-  const bool boxShows = zoomDrag;
-  zoomDrag = false;
-  if (!graph)
-    return;
-  if (boxShows) {
+  const MouseGesture::Kind was = gesture.End();
+  if (was == MouseGesture::box)
     InvalidateRect(GetSafeHwnd(), nullptr, true);
-    releaseMouse();
-  } else if (graph->IsCursorDrag()) {
+  else if (was != MouseGesture::none)
     graph->EndDragCursor();
-  }
-}
-
-void View::releaseMouse() {
-  // It may have gone to another window, which keeps it.
-  if (GetCapture() == GetSafeHwnd())
-    ReleaseCapture();
 }
 
 void View::click(CPoint point) {
@@ -181,7 +170,7 @@ LRESULT View::OnLButtonDblClk(WPARAM, LPARAM) {
 }
 
 LRESULT View::OnRButtonDown(WPARAM, LPARAM lParam) {
-  if (!graph || transferLock() || zoomDrag)
+  if (!graph || transferLock() || gesture.Now() == MouseGesture::box)
     return 0;
   CreatePopupMenu(PointOf(lParam));
   return Default();

@@ -1,6 +1,6 @@
 // The popup menu of a view, its commands, and the message by which a host gives the same commands.
 
-#include <iterator>
+#include <cstddef>
 
 #include "sparlow/platform/window/CMenu.h"
 #include "sparlow/platform/window/Input.h"
@@ -21,6 +21,22 @@ void enable(CMenu& menu, UINT command, bool on) {
 void check(CMenu& menu, UINT command, bool on) {
   menu.CheckMenuItem(command, MF_BYCOMMAND | (on ? MF_CHECKED : MF_UNCHECKED));
 }
+
+struct Command {
+  UINT id;
+  void (Graph::*run)();
+};
+/// The first ones are in the order of their codes in WM_SPARLOW_COMMAND.
+constexpr std::size_t kCodes = 6;
+constexpr Command commands[] = {
+    {ID_VIEW_SAMPLE_ZOOM_IN, &Graph::ZoomInBySample},
+    {ID_VIEW_SAMPLE_ZOOM_OUT, &Graph::ZoomOutBySample},
+    {ID_VIEW_CURSOR_ZOOM_IN, &Graph::ZoomInByCursor},
+    {ID_VIEW_FULL_ZOOM_OUT, &Graph::ZoomOutFull},
+    {ID_X_RANGE, &Graph::OnXRange},
+    {ID_Y_RANGE, &Graph::OnYRange},
+    {ID_Y_AUTO_ZOOM, &Graph::OnYAutoZoom},
+};
 
 }  // namespace
 
@@ -77,50 +93,16 @@ void View::UpdateSubPopupMenuVerAxis(CMenu* menu) {
   enable(*menu, ID_Y_AUTO_ZOOM, graph && graph->CanYScroll());
 }
 
-void View::OnViewSampleZoomIn() {
-  if (graph)
-    graph->ZoomInBySample();
-}
-
-void View::OnViewSampleZoomOut() {
-  if (graph)
-    graph->ZoomOutBySample();
-}
-
-void View::OnViewCursorZoomIn() {
-  if (graph)
-    graph->ZoomInByCursor();
-}
-
-void View::OnViewFullZoomOut() {
-  if (graph)
-    graph->ZoomOutFull();
-}
-
-void View::OnMenuXRangeDlg() {
-  if (graph)
-    graph->OnXRange();
-}
-
-void View::OnMenuYAutoZoom() {
-  if (graph)
-    graph->OnYAutoZoom();
-}
-
-void View::OnMenuYRangeDlg() {
-  if (graph)
-    graph->OnYRange();
+void View::OnGraphCommand(UINT id) {
+  for (const Command& command : commands) {
+    if (graph && command.id == id)
+      (graph.get()->*command.run)();
+  }
 }
 
 LRESULT View::OnSparlowCommand(WPARAM code, LPARAM) {
-  static constexpr void (View::*commands[])() = {
-      &View::OnViewSampleZoomIn, &View::OnViewSampleZoomOut, &View::OnViewCursorZoomIn,
-      &View::OnViewFullZoomOut,  &View::OnMenuXRangeDlg,     &View::OnMenuYRangeDlg};
-  if (code < std::size(commands)) {
-    // Taken first: GCC 12's bounds sanitizer spoils an index inside such a call.
-    const auto command = commands[code];
-    (this->*command)();
-  }
+  if (code < kCodes)
+    OnGraphCommand(commands[code].id);
   return 0;
 }
 

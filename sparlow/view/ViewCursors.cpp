@@ -27,57 +27,11 @@ int pixelAt(const ViewData& view, int cursor, const GraphAxis* axis,
 }  // namespace
 
 bool ViewData::SetLCursor(unsigned sample) {
-  const unsigned size = nSamples;
-  if (size < 2)
-    return false;
-  const int last = static_cast<int>(size) - 1;
-  const int left = static_cast<int>(std::min(sample, size - 1));
-  const int right = std::clamp<int>(iRCursor, -1, last);
-  if (left < right) {
-    iLCursor = left;
-    return false;
-  }
-  if (left > right) {
-    iLCursor = right;
-    iRCursor = left;
-  } else {
-    const int pushed = std::max(left - 1, 0);
-    iLCursor = pushed;
-    iRCursor = pushed + 1;
-  }
-  return true;
+  return placeCursor(Side::left, sample, nSamples);
 }
 
 bool ViewData::SetRCursor(unsigned sample) {
-  const unsigned size = nSamples;
-  if (size < 2)
-    return false;
-  const int last = static_cast<int>(size) - 1;
-  const int right = static_cast<int>(std::min(sample, size - 1));
-  const int left = std::clamp<int>(iLCursor, -1, last);
-  if (left < right) {
-    iRCursor = right;
-    return false;
-  }
-  if (left > right) {
-    iRCursor = left;
-    iLCursor = right;
-  } else {
-    const int pushed = std::min(right + 1, last);
-    iRCursor = pushed;
-    iLCursor = pushed - 1;
-  }
-  return true;
-}
-
-void ViewData::SwapCursors() {
-  const int left = iLCursor;
-  iLCursor = iRCursor;
-  iRCursor = left;
-}
-
-bool ViewData::ValidCursor() const {
-  return iLCursor != -1 && iRCursor != -1;
+  return placeCursor(Side::right, sample, nSamples);
 }
 
 int ViewData::dnCursorGet() const {

@@ -85,10 +85,6 @@ class ViewData : public SourceData, public ViewColumns {
   /// nothing changed.
   bool SetLCursor(unsigned sample);
   bool SetRCursor(unsigned sample);
-  /// Exchanges the two, and nothing else.
-  void SwapCursors();
-  /// Both are set.
-  bool ValidCursor() const;
   /// x and y of a cursor's sample; 0 if there is no such sample.
   double xLCursorGet() const;
   double xRCursorGet() const;

@@ -57,6 +57,24 @@ TEST_F(PrintTest, TheCallerRendersForThePageAndAWorkerForTheWindow) {
   ExpectTrueColumns();
 }
 
+TEST_F(PrintTest, DataThatGoMeanwhileLeaveTheWindowsOwnLayout) {
+  struct Vanishing : GatedSeries {
+    void Draw(CDC* on, int height, bool bold) const override {
+      GatedSeries::Draw(on, height, bold);
+      if (on->GetPixelFactor() > 1.0)
+        const_cast<Vanishing*>(this)->Reset();
+    }
+  };
+  auto& vanishing = Make<Vanishing>("Vanishing");
+  Fill(vanishing, 100);
+  AddTo(false, &vanishing);
+  EXPECT_TRUE(Paint());
+  const CSize plot = Plot();
+  Print();
+  EXPECT_FALSE(vanishing.Valid());
+  EXPECT_EQ(Plot(), plot);
+}
+
 TEST_F(PrintTest, ATooLargePageIsToldAndPrintedWhateverHappensInTheBox) {
   EXPECT_TRUE(Paint());
   Print({0, 0, 16383, 1000});
