@@ -1,29 +1,19 @@
 #include "tests/support/AllocationFailure.h"
 
-#include <cstdlib>
-#include <new>
-
 using sparlow::test::AllocationFailure;
 
-// All forms that the library uses: a sanitizer has its own for those that are left out.
-void* operator new(std::size_t size) {
-  const bool fails = size >= AllocationFailure::from && size <= AllocationFailure::to;
-  if (void* memory = fails ? nullptr : std::malloc(size != 0 ? size : 1))
-    return memory;
-  throw std::bad_alloc();
+// The linker brings what the program's own objects ask of operator new here (--wrap). Replacements of
+// the operators themselves won't do: a sanitizer may have its own, which no program replaces.
+extern "C" {
+void* __real__Znwm(std::size_t size);
+void* __real__Znam(std::size_t size);
+
+void* __wrap__Znwm(std::size_t size) {
+  AllocationFailure::Consider(size);
+  return __real__Znwm(size);
 }
-void* operator new[](std::size_t size) {
-  return operator new(size);
+void* __wrap__Znam(std::size_t size) {
+  AllocationFailure::Consider(size);
+  return __real__Znam(size);
 }
-void operator delete(void* memory) noexcept {
-  std::free(memory);
-}
-void operator delete[](void* memory) noexcept {
-  std::free(memory);
-}
-void operator delete(void* memory, std::size_t) noexcept {
-  std::free(memory);
-}
-void operator delete[](void* memory, std::size_t) noexcept {
-  std::free(memory);
 }
