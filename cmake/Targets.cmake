@@ -27,6 +27,10 @@ add_library(Sparlow::core ALIAS sparlow-core)
 set_target_properties(sparlow-core PROPERTIES EXPORT_NAME core)
 target_link_libraries(sparlow-core PUBLIC Threads::Threads)
 sparlow_library(sparlow-core)
+if(SPARLOW_PLAIN_VECTORS)
+  # Public: a header turns on it, which all parts of a program must read the same way.
+  target_compile_definitions(sparlow-core PUBLIC SPARLOW_PLAIN_VECTORS)
+endif()
 if(SPARLOW_SANITIZE)
   # Public: a program links the sanitizers' run-time library when one of its parts was built for them.
   target_compile_options(sparlow-core PUBLIC -fsanitize=${SPARLOW_SANITIZE} -fno-omit-frame-pointer

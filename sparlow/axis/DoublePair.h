@@ -1,6 +1,9 @@
 #pragma once
 
-#if defined(__SSE2__)
+// SPARLOW_PLAIN_VECTORS leaves out the processor's instructions, so that the code for a processor
+// without them is built and tested on one that has them. Both give the same bits.
+#if defined(__SSE2__) && !defined(SPARLOW_PLAIN_VECTORS)
+#define SPARLOW_SSE2
 #include <emmintrin.h>
 #endif
 
@@ -11,7 +14,7 @@ namespace sparlow {
 /// Threads: a value; any thread, each with its own.
 class DoublePair {
  public:
-#if defined(__SSE2__)
+#if defined(SPARLOW_SSE2)
   DoublePair(double first, double second) noexcept : values_(_mm_set_pd(second, first)) {}
   explicit DoublePair(double both) noexcept : values_(_mm_set1_pd(both)) {}
 
@@ -94,3 +97,5 @@ class DoublePair {
 };
 
 }  // namespace sparlow
+
+#undef SPARLOW_SSE2
