@@ -7,7 +7,6 @@
 #include "tests/e2e/ScreenTest.h"
 
 namespace sparlow::host {
-
 namespace {
 
 class ManyCurves : public ScreenTest {
@@ -28,31 +27,27 @@ class ManyCurves : public ScreenTest {
   void AwaitTitle(const char* title) {
     Await(title, [=, this] { return Tab().Title().ends_with(title) && Tab().Settled(); });
   }
-  Qt::CursorShape Pointer() {
-    return InHost([this] { return Widget()->viewport()->cursor().shape(); });
+  void AwaitHand(bool hand) {
+    Await("the pointer", [=, this] {
+      return (Widget()->viewport()->cursor().shape() == Qt::BitmapCursor) == hand;
+    });
   }
 };
 
 TEST_F(ManyCurves, AClickPicksACurveAndDelTakesItOut) {
   RunLevels([this] {
     AwaitTitle("known samples 1");
-    Do(To(0.6, 0.25) + "sleep 0.1");
-    EXPECT_NE(Pointer(), Qt::BitmapCursor) << "no curve is there";
-    Do(ToLevel(2) + "sleep 0.1");
-    EXPECT_EQ(Pointer(), Qt::BitmapCursor) << "the pointing hand";
+    Do(ToLevel(2));
+    AwaitHand(true);
     Picture("10-hand");
-    Do("click 1");
+    Do(To(0.6, 0.25));
+    AwaitHand(false);
+    Do(ToLevel(2) + "sleep 0.1 click 1");
     AwaitTitle("known samples 2");
     Do("key Delete");
     AwaitTitle("known samples 1");
     EXPECT_EQ(InHost([this] { return Tab().Count(); }), 2u);
-    Settled();
     Picture("10-removed");
-    // Down to the last one, which stays.
-    Do("key Delete");
-    AwaitTitle("known samples 3");
-    Do("key Delete sleep 0.3");
-    EXPECT_EQ(InHost([this] { return Tab().Count(); }), 1u);
     Close();
   });
 }
@@ -76,13 +71,10 @@ TEST_F(ManyCurves, AMaskComesWhileTheViewIsZoomedAndAPageIsPrinted) {
     Do("sleep 0.2 key Return");
     Await("the page is there", [&] { return QFile(path).size() > 2000; });
     Settled();
-    Await("the view is as before",
-          [&] { return Widget()->viewport()->grab().toImage() == before; });
-    Picture("11-printed");
+    Await("the view is as before", [&] { return Grab() == before; });
     Close();
   });
 }
 
 }  // namespace
-
 }  // namespace sparlow::host

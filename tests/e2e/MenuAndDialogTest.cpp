@@ -5,14 +5,11 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <QPushButton>
-#include <algorithm>
 
 #include "sparlow/graph/GraphColors.h"
-#include "sparlow/platform/base/Text.h"
 #include "tests/e2e/ScreenTest.h"
 
 namespace sparlow::host {
-
 namespace {
 
 class MenuAndDialog : public ScreenTest {
@@ -56,8 +53,8 @@ class MenuAndDialog : public ScreenTest {
     Click(field, [=] { return MiddleOf(InDialog<QLineEdit>(field)); });
     Do(QString("key ctrl+a type ") + text);
   }
-  void Press(const char* button) {
-    Click(button, [=] { return MiddleOf(InDialog<QPushButton>(button)); });
+  void PressOk() {
+    Click("OK", [] { return MiddleOf(InDialog<QPushButton>("OK")); });
   }
   void OpenRangeDialog() {
     Do(To(0.5, 0.4) + "click 3");
@@ -74,10 +71,9 @@ class MenuAndDialog : public ScreenTest {
   }
   /// Whether the left edge of the plot is the heavy line of a fixed axis.
   bool LineIsHeavy() {
-    const QPoint edge =
-        InHost([this] { return PlotOrigin() + QPoint(0, PlotSize().height() / 3); });
-    const COLORREF color = GraphColors(0).fixedAxis;
-    return Pixels().pixel(edge) == qRgb(color & 0xFF, color >> 8 & 0xFF, color >> 16 & 0xFF);
+    return InHost([this] {
+      return Shows(PlotOrigin() + QPoint(0, PlotSize().height() / 3), GraphColors(0).fixedAxis);
+    });
   }
 };
 
@@ -88,22 +84,15 @@ TEST_F(MenuAndDialog, CommandsByMouseAndByKeyboard) {
     Do("mouseup 1");
     Await("a zoom", [&] { return Look().to < whole.to; });
     Do(To(0.4, 0.4) + "click 3");
-    Await("the menu", [] { return !ItemPlace("Zoom In To Cursors").isNull(); });
-    Picture("6-menu");
     ClickItem("Zoom Out Full Graph");
     Await("all samples", [&] { return Look().to - Look().from == whole.size; });
     EXPECT_EQ(Settled().xMax, whole.xMax);
 
-    Do(To(0.4, 0.4) + "click 3");
-    Await("the menu", [] { return !ItemPlace("Zoom In").isNull(); });
-    Do("key Down key Return");
-    Await("half of them", [&] { return Look().to - Look().from <= whole.size / 2 + 1; });
     Do("sleep 0.3 key shift+F10");
     Await("the menu", [] { return !ItemPlace("Zoom In").isNull(); });
-    const Shown before = Settled();
-    Do("key Escape");
-    Await("no menu", [] { return QApplication::activePopupWidget() == nullptr; });
-    EXPECT_EQ(Settled(), before);
+    Picture("6-menu");
+    Do("key Down key Return");
+    Await("half of them", [&] { return Look().to - Look().from <= whole.size / 2 + 1; });
     Close();
   });
 }
@@ -111,30 +100,24 @@ TEST_F(MenuAndDialog, CommandsByMouseAndByKeyboard) {
 TEST_F(MenuAndDialog, TheVerticalAxisIsFixedAndGivenBack) {
   RunKnownFile([this] {
     const Shown automatic = Settled();
-    EXPECT_FALSE(LineIsHeavy());
     OpenRangeDialog();
-    EXPECT_FALSE(InHost([] { return InDialog<QLineEdit>("Maximum")->isEnabled(); }));
     ClickAutoRange();
     Await("open fields", [] { return InDialog<QLineEdit>("Maximum")->isEnabled(); });
     Type("Minimum", "4");
     Type("Maximum", "2");
-    Press("OK");
+    PressOk();
     Await("a complaint",
           [] { return qobject_cast<QMessageBox*>(QApplication::activeModalWidget()) != nullptr; });
-    Picture("7-complaint");
     Do("key Return");
-    Await("the dialog again", [] { return InDialog<QLineEdit>("Maximum") != nullptr; });
     Type("Maximum", "12.5");
     Picture("7-dialog");
-    Press("OK");
+    PressOk();
     Await("the fixed range", [this] { return Look().yMin == 4 && Look().yMax == 12.5; });
     EXPECT_EQ(Settled().xMax, automatic.xMax);
     EXPECT_TRUE(LineIsHeavy());
-    Picture("7-fixed");
-
     OpenRangeDialog();
     ClickAutoRange();
-    Press("OK");
+    PressOk();
     Await("the automatic range", [&] { return Look().yMax == automatic.yMax; });
     EXPECT_EQ(Settled(), automatic);
     EXPECT_FALSE(LineIsHeavy());
@@ -143,5 +126,4 @@ TEST_F(MenuAndDialog, TheVerticalAxisIsFixedAndGivenBack) {
 }
 
 }  // namespace
-
 }  // namespace sparlow::host

@@ -59,14 +59,7 @@ void ScreenTest::Run(Sources sources, HostOptions::Job job, const Act& person, V
             [this] { return Widget()->isActiveWindow() && Tab().View().DataValid(); });
       person();
       if (ended.get_future().wait_for(kDeadline) != std::future_status::ready)
-        throw std::runtime_error(
-            "the closed window doesn't end the host: " + InHost([this] {
-              const bool shown = Widget()->window()->isVisible();
-              const bool focused = Widget()->isActiveWindow();
-              return std::string(shown ? "it is on show" : "it is gone") +
-                     (focused ? " and has the focus" : " and hasn't the focus") +
-                     (Tab().View().RenderDue() ? ", a render is due" : ", all is rendered");
-            }));
+        throw std::runtime_error("the closed window doesn't end the host");
     } catch (const std::exception& error) {
       ADD_FAILURE() << error.what();
       application.Quit();
@@ -171,10 +164,6 @@ void ScreenTest::Drag(const QString& from, const QString& to) {
 QString ScreenTest::Label(const char* name) {
   const auto* const label = Widget()->window()->findChild<QLabel*>(name);
   return label ? label->text() : QString("no such label");
-}
-
-QImage ScreenTest::Pixels() {
-  return InHost([this] { return Widget()->viewport()->grab().toImage(); });
 }
 
 void ScreenTest::Picture(const QString& name) {

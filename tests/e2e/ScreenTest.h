@@ -31,17 +31,11 @@ struct Shown {
 class ScreenTest : public testing::Test {
  protected:
   using Act = std::function<void()>;
-
   using Sources = std::vector<std::unique_ptr<SampleSource>>;
 
   /// Shows sources until the person, who begins when there are samples, has closed the window.
   void Run(Sources sources, HostOptions::Job job, const Act& person,
            ViewKind view = ViewKind::single);
-  void Run(std::unique_ptr<SampleSource> source, HostOptions::Job job, const Act& person) {
-    Sources sources;
-    sources.push_back(std::move(source));
-    Run(std::move(sources), job, person);
-  }
   /// The same with files of 10001 samples, when they are read: x from 0 to 10 s, y as they say.
   using Curve = double (*)(double);
   void RunFiles(const std::vector<Curve>& curves, const Act& person,
@@ -77,12 +71,10 @@ class ScreenTest : public testing::Test {
   /// Draws a box from one such point to another.
   void Drag(const QString& from, const QString& to);
   void Close();
-  /// What the info bar says.
-  QString Readout(const char* name) {
-    return InHost([=, this] { return Label(name); });
-  }
   /// What the client area of the view shows.
-  QImage Pixels();
+  QImage Pixels() {
+    return InHost([this] { return Grab(); });
+  }
   /// Keeps a picture of the whole screen.
   void Picture(const QString& name);
   ///@}
@@ -91,6 +83,10 @@ class ScreenTest : public testing::Test {
   Channel& Source() { return session_->At(0); }
   Pane& Tab() { return session_->PaneAt(0); }
   QAbstractScrollArea* Widget();
+  QImage Grab() { return Widget()->viewport()->grab().toImage(); }
+  bool Shows(QPoint pixel, COLORREF color) {
+    return Grab().pixelColor(pixel) == QColor(color & 0xFF, color >> 8 & 0xFF, color >> 16 & 0xFF);
+  }
   QPoint PlotOrigin();
   QSize PlotSize();
   Shown Look();

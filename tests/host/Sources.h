@@ -1,12 +1,16 @@
 #pragma once
 
+#include <sstream>
+#include <string>
 #include <vector>
 
+#include "examples/host/ErrorLog.h"
 #include "examples/host/SampleSource.h"
 
 namespace sparlow::host {
 
 using Samples = std::vector<Sample>;
+using Lines = std::vector<std::string>;
 
 inline Samples ReadAll(SampleSource& source) {
   Samples all, block;
@@ -15,6 +19,26 @@ inline Samples ReadAll(SampleSource& source) {
     all.insert(all.end(), block.begin(), block.end());
   }
   return all;
+}
+
+/// What became of a record: its samples, and the lines that were told, without its path.
+struct Reading {
+  Samples samples;
+  Lines told;
+};
+
+template <class Source, class... More>
+Reading ReadFile(const std::string& path, const More&... more) {
+  std::stringstream told;
+  ErrorLog log(told);
+  Reading result;
+  Source source(path, more..., "V", log);
+  if (source.Open())
+    result.samples = ReadAll(source);
+  const std::string head = "sparlow-host: " + path;
+  for (std::string line; std::getline(told, line);)
+    result.told.push_back(line.starts_with(head) ? line.substr(head.size()) : line);
+  return result;
 }
 
 /// Gives a list of values in blocks of 1000.

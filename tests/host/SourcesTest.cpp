@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <cmath>
 #include <filesystem>
-#include <sstream>
 
 #include "examples/host/EdgeSource.h"
 #include "examples/host/SoundSource.h"
@@ -55,75 +54,59 @@ TEST(Summary, TellsRanksOfDelaysInMicrosecondsAndTheReachOfASeries) {
   series.Term();
 }
 
-Samples edgesOf(std::vector<double> values, std::optional<double> level) {
-  EdgeSource edges(std::make_unique<ListSource>(std::move(values)), level);
-  return ReadAll(edges);
-}
-
 TEST(EdgeSource, FindsCrossingsBetweenSamplesWithTheirDirection) {
   // Rises at 0.25, falls at 3.5, rises at 7.75; the median is 0 too.
   const std::vector<double> values = {-1, 3, 2, 1, -1, -2, -3, -3, 1, 1};
-  const Samples edges = {{3.5, 3.25, false}, {7.75, 4.25, true}};
-  EXPECT_EQ(edgesOf(values, 0.0), edges);
-  EXPECT_EQ(edgesOf(values, std::nullopt), edges);
-  EXPECT_TRUE(edgesOf({}, std::nullopt).empty());
+  for (const std::optional<double> level : {std::optional(0.0), {}}) {
+    EdgeSource edges(std::make_unique<ListSource>(values), level);
+    EXPECT_EQ(ReadAll(edges), (Samples{{3.5, 3.25, false}, {7.75, 4.25, true}}));
+  }
 }
 
-class SoundSourceTest : public testing::Test {
- protected:
-  std::string At(const char* name) { return folder.filePath(QLatin1String(name)).toStdString(); }
-  /// 8000 frames in a second, of which the second channel is nobody's matter.
-  void Write(const char* name, int format, const std::vector<float>& first) {
-    SF_INFO info{};
-    info.samplerate = 8000;
-    info.channels = 2;
-    info.format = format;
-    SNDFILE* const file = sf_open(At(name).c_str(), SFM_WRITE, &info);
-    ASSERT_NE(file, nullptr);
-    for (const float value : first) {
-      const float frame[] = {value, 0.9f};
-      sf_writef_float(file, frame, 1);
-    }
-    sf_close(file);
+/// 8000 frames in a second, of which the second channel is nobody's matter.
+void writeSound(const std::string& path, int format, const std::vector<float>& first) {
+  SF_INFO info{};
+  info.samplerate = 8000;
+  info.channels = 2;
+  info.format = format;
+  SNDFILE* const file = sf_open(path.c_str(), SFM_WRITE, &info);
+  ASSERT_NE(file, nullptr);
+  for (const float value : first) {
+    const float frame[] = {value, 0.9f};
+    sf_writef_float(file, frame, 1);
   }
-  /// What of it can be read, when just this is told of it.
-  Samples Read(const char* name, const std::string& told) {
-    std::ostringstream out;
-    ErrorLog log(out);
-    SoundSource source(At(name), "", log);
-    const bool open = source.Open();
-    const Samples samples = open ? ReadAll(source) : Samples();
-    EXPECT_EQ(out.str(), told.empty() ? "" : "sparlow-host: " + At(name) + ": " + told + "\n");
-    return samples;
-  }
+  sf_close(file);
+}
 
-  QTemporaryDir folder;
-};
-
-TEST_F(SoundSourceTest, GivesTheFirstChannelInSecondsAndFullScale) {
+TEST(SoundSource, GivesTheFirstChannelAndTellsWhatIsWrongWithIt) {
+  const QTemporaryDir folder;
+  const auto at = [&](const char* name) {
+    return folder.filePath(QLatin1String(name)).toStdString();
+  };
   std::vector<float> wave(100'000);
   for (std::size_t i = 0; i < wave.size(); ++i)
     wave[i] = std::sin(static_cast<float>(i) * 0.01f) * 0.5f;
-  Write("b.FLAC", SF_FORMAT_FLAC | SF_FORMAT_PCM_16, wave);
-  EXPECT_TRUE(SoundSource::IsSound(At("b.FLAC")));
-  const Samples samples = Read("b.FLAC", "");
+  writeSound(at("b.FLAC"), SF_FORMAT_FLAC | SF_FORMAT_PCM_16, wave);
+  EXPECT_TRUE(SoundSource::IsSound(at("b.FLAC")));
+  const Samples samples = ReadFile<SoundSource>(at("b.FLAC")).samples;
   ASSERT_EQ(samples.size(), wave.size());
   for (std::size_t i = 0; i < wave.size(); ++i) {
     ASSERT_DOUBLE_EQ(samples[i].x, static_cast<double>(i) / 8000);
     ASSERT_NEAR(samples[i].y, wave[i], 1e-4);
   }
-}
 
-TEST_F(SoundSourceTest, TellsWhatIsWrongAndKeepsWhatIsGood) {
   const int format = SF_FORMAT_WAV | SF_FORMAT_FLOAT;
-  Write("nan.wav", format, {0.25f, std::nanf(""), 0.5f});
-  EXPECT_EQ(Read("nan.wav", "sample 2: not a finite number, skipped\nsparlow-host: " +
-                                At("nan.wav") + ": 1 sample skipped: not a finite number"),
-            (Samples{{0, 0.25}, {2.0 / 8000, 0.5}}));
-  Write("cut.wav", format, std::vector<float>(1000, 0.5f));
-  std::filesystem::resize_file(At("cut.wav"), std::filesystem::file_size(At("cut.wav")) - 4000);
-  EXPECT_EQ(Read("cut.wav", "the file is cut off after sample 500").size(), 500u);
-  EXPECT_EQ(Read("nosuch.wav", "No such file or directory"), Samples());
+  writeSound(at("nan.wav"), format, {0.25f, std::nanf(""), 0.5f});
+  const Reading bad = ReadFile<SoundSource>(at("nan.wav"));
+  EXPECT_EQ(bad.samples, (Samples{{0, 0.25}, {2.0 / 8000, 0.5}}));
+  EXPECT_EQ(bad.told, (Lines{": sample 2: not a finite number, skipped",
+                             ": 1 sample skipped: not a finite number"}));
+  writeSound(at("cut.wav"), format, std::vector<float>(1000, 0.5f));
+  std::filesystem::resize_file(at("cut.wav"), std::filesystem::file_size(at("cut.wav")) - 4000);
+  const Reading cut = ReadFile<SoundSource>(at("cut.wav"));
+  EXPECT_EQ(cut.samples.size(), 500u);
+  EXPECT_EQ(cut.told, Lines{": the file is cut off after sample 500"});
+  EXPECT_EQ(ReadFile<SoundSource>(at("nosuch.wav")).told, Lines{": No such file or directory"});
 }
 
 }  // namespace
