@@ -76,12 +76,13 @@ TEST(Scale, AnyEndsAtAllGiveAUsableAxis) {
         axis.CorrectMinMax(5);
         axis.SetParams();
         axis.SetScale(400);
-        ASSERT_TRUE(std::isfinite(axis.min) && std::isfinite(axis.max));
+        for (const double finite : {axis.min, axis.max, axis.range, axis.firstStep})
+          ASSERT_TRUE(std::isfinite(finite)) << finite;
         ASSERT_LT(axis.min, axis.max);
         ASSERT_TRUE(!log || axis.min > 0.0);
-        ASSERT_TRUE(std::isfinite(axis.range) && axis.range > 0.0);
-        ASSERT_TRUE(axis.step > 0.0 && axis.step < axis.max - axis.min);
-        ASSERT_TRUE(std::isfinite(axis.firstStep));
+        ASSERT_GT(axis.range, 0.0);
+        ASSERT_GT(axis.step, 0.0);
+        ASSERT_LT(axis.step, axis.max - axis.min);
         ASSERT_NEAR(axis.GetPos(axis.max), 400, 1);
         for (const char* const label : axis.labels)
           ASSERT_EQ(std::string(label).find_first_of("in"), std::string::npos) << label;

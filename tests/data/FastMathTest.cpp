@@ -6,26 +6,34 @@
 #include <bit>
 #include <span>
 
-#include "sparlow/data/SourceData.h"
+#include "tests/data/Series.h"
 
 namespace sparlow::test {
 namespace {
 
-TEST(FastMath, BadSamplesAreDroppedAllTheSame) {
-  SourceData s;
-  s.Init("series");
+TEST(FastMath, BadSamplesAreDroppedAllTheSameAndBoundsNeverNarrow) {
+  Series s;
+  s.Add(1, 2);
   const double inf = std::bit_cast<double>(0x7FF0'0000'0000'0000),
                nan = std::bit_cast<double>(~0ull);
   for (const double bad : {inf, -inf, nan}) {
-    s.Add(bad, 1);
-    s.Add(1, bad);
+    s.Add(bad, 5);
+    s.Add(5, bad);
     s.Add(std::span(&bad, 1), std::span(&bad, 1));
+    s.Set(0, bad, 5);
+    s.Set(0, 5, bad);
   }
-  EXPECT_EQ(s.GetSize(), 0u);
-  EXPECT_EQ(s.GetDroppedSamples().notFinite, 9u);
-  s.Add(1e308, -1e308);
+  s.Set(1, 1e6, 1e6);  // there is no such sample
   EXPECT_EQ(s.GetSize(), 1u);
-  s.Term();
+  EXPECT_EQ(s.GetDroppedSamples().notFinite, 9u);
+  EXPECT_EQ(s.xGlobalIntervalGet(), 0);
+  EXPECT_EQ(s.yGlobalIntervalGet(), 0);
+  s.Set(0, -1, 1);
+  EXPECT_EQ(s.xGet(0), -1);
+  EXPECT_EQ(s.xGlobalIntervalGet(), 2);
+  EXPECT_EQ(s.yGlobalMax, 2);
+  s.Add(1e308, -1e308);
+  EXPECT_EQ(s.GetSize(), 2u);
 }
 
 }  // namespace

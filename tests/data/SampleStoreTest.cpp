@@ -12,21 +12,6 @@ namespace {
 constexpr std::size_t kBlockBytes = sizeof(SampleBlock);
 constexpr std::size_t kTableBytes = SampleStore::kFirstTableSize * sizeof(BlockEntry);
 
-void expectExactRuns(const SourceData& series) {
-  const SampleReader samples = series.Read();
-  constexpr unsigned kRun = SampleBlock::kRunSamples;
-  for (unsigned begin = 0; begin + kRun <= samples.size(); begin += kRun) {
-    double low = INFINITY, high = -INFINITY;
-    for (unsigned i = begin; i < begin + kRun; ++i) {
-      low = std::min(low, samples.y(i));
-      high = std::max(high, samples.y(i));
-    }
-    const SampleBlock& block = samples.block(begin / SampleBlock::kSamples);
-    ASSERT_EQ(block.runMin[begin % SampleBlock::kSamples / kRun], low) << begin;
-    ASSERT_EQ(block.runMax[begin % SampleBlock::kSamples / kRun], high) << begin;
-  }
-}
-
 TEST(SampleStore, GrowsItsTableAndSurvivesNoMemoryForIt) {
   constexpr unsigned kFull = 1024 * 8192;
   Series s;
@@ -60,39 +45,7 @@ TEST(SampleStore, TakesSingleBlocksWhereThereIsNoMemoryForMany) {
   EXPECT_LT(s.Store()->MemoryUse(), 2 * 150 * kBlockBytes) << "no piece beyond what is there";
 }
 
-TEST(SampleStore, AFailedAllocationChangesNothingAndMayBeTriedAgain) {
-  Series s;
-  for (const unsigned size : {0u, 8192u}) {
-    s.fillRamp(size);
-    const double highest = s.yGlobalMax;
-    {
-      const AllocationFailure noBlock(kBlockBytes, kBlockBytes);
-      EXPECT_THROW(s.Add(size, 9e9), std::bad_alloc);
-    }
-    EXPECT_EQ(s.GetSize(), size);
-    EXPECT_EQ(s.yGlobalMax, highest);
-    s.Add(size, size);
-    EXPECT_EQ(s.xGet(size), size);
-  }
-}
-
-TEST(SampleStore, SummariesOfRunsFollowEveryChange) {
-  std::mt19937 random(20);
-  std::uniform_real_distribution<double> value(-1000, 1000);
-  Series s;
-  for (unsigned i = 0; i < 20000; ++i)
-    s.Add(i, value(random));
-  s.Add(20000, std::numeric_limits<double>::max());
-  s.Add(20001, std::numeric_limits<double>::lowest());
-  expectExactRuns(s);
-  for (int i = 0; i < 3000; ++i) {
-    const unsigned sample = static_cast<unsigned>(random() % 20002);
-    s.Set(sample, sample, 5 * value(random));
-  }
-  expectExactRuns(s);
-}
-
-TEST(SampleStore, SortingAWaveformKeepsSamplesFlagsAndSummariesTogether) {
+TEST(SampleStore, SortingAWaveformKeepsSamplesAndFlagsTogether) {
   std::mt19937 random(21);
   Series s;
   s.InitDataTransfer(true);
@@ -109,7 +62,6 @@ TEST(SampleStore, SortingAWaveformKeepsSamplesFlagsAndSummariesTogether) {
     ASSERT_EQ(s.yGet(i), 3 * s.xGet(i));
     ASSERT_EQ(s.slopeGet(i), static_cast<int>(s.xGet(i)) % 3 == 0);
   }
-  expectExactRuns(s);
 }
 
 TEST(SampleStore, KnowsWhetherXAscends) {

@@ -17,6 +17,7 @@ struct RenderShape {
   GraphAxis axis;
   unsigned from = 0;
   unsigned end = 0;
+  unsigned part = 0;  ///< is rendered first, up to this sample; 0 is all of it
 };
 
 /// Makes shapes of up to `most` samples from a stream of 32-bit numbers: even and uneven steps of x,
@@ -44,6 +45,8 @@ class RenderShapes {
     shape.end = next_() % 2
                     ? static_cast<unsigned>(count)
                     : shape.from + static_cast<unsigned>(next_() % (count - shape.from)) + 1;
+    if (next_() % 4 == 0)
+      shape.part = shape.from + static_cast<unsigned>(next_() % (shape.end - shape.from)) + 1;
     setAxis(shape, values);
     return shape;
   }
@@ -112,8 +115,8 @@ class RenderShapes {
   Numbers& next_;
 };
 
-/// Renders a shape in full and compares what comes out with the plain fold. Empty when it is the
-/// same, else what isn't.
+/// Renders a shape, first up to some sample of it in full and then the rest, and compares what comes
+/// out with the plain fold. Empty when it is the same, else what isn't.
 inline std::string DifferenceOfRender(ViewData& view, RenderShape shape) {
   view.Reset();
   for (const Sample& s : shape.samples)
@@ -125,12 +128,15 @@ inline std::string DifferenceOfRender(ViewData& view, RenderShape shape) {
     view.Set(i, s.x, s.y);
   }
   view.SetFrom(shape.from);
-  view.SetTo(shape.end);
   view.ResetViewData();
-  if (!view.Render(&shape.axis, true))
-    return "stopped";
   FoldModel model;
-  model.render(shape.samples, shape.from, shape.end, shape.axis, true);
+  for (const unsigned end : {shape.part ? shape.part : shape.end, shape.end}) {
+    const bool full = model.columns.empty();
+    view.SetTo(end);
+    if (!view.Render(&shape.axis, full))
+      return "stopped";
+    model.render(shape.samples, shape.from, end, shape.axis, full);
+  }
   const auto columns = columnsOf(view);
   const auto [wrong, right] =
       std::mismatch(columns.begin(), columns.end(), model.columns.begin(), model.columns.end());

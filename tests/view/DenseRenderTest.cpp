@@ -27,41 +27,21 @@ TEST(DenseRender, GivesTheColumnsOfThePlainFoldOverManyShapes) {
   }
 }
 
-TEST(DenseRender, SeesThePeakInEveryPlaceOfALongRecord) {
-  Live<ViewData> view;
-  view.Reset();
-  constexpr unsigned n = 5 * SampleBlock::kSamples + 700;
-  for (unsigned i = 0; i < n; ++i)
-    view.Add(i, 0.5);
-  GraphAxis axis;
-  axis.SetRange(-10, 10, 0, n);
-  axis.hor.SetScale(3);
-  axis.ver.SetScale(200);
-  view.AdjustSizeTo();
-  Random random(7);
-  const auto peakAt = [&](unsigned place) {
-    view.Set(place, place, 9.85);
-    view.Render(&axis, true);
-    const int shown = std::min({view.yMinPos[0], view.yMinPos[1], view.yMinPos[2]});
-    view.Set(place, place, 0.5);
-    return shown;
-  };
-  for (unsigned place = 0; place < n; place += 1 + random() % 97)
-    ASSERT_EQ(peakAt(place), 1) << place;
-  EXPECT_EQ(peakAt(n - 1), 1);
-  view.SetTo(n - 1);
-  EXPECT_EQ(peakAt(n - 1), 95) << "it is not on show";
-}
-
 TEST(DenseRender, EndsAtTheLastColumn) {
-  RenderShape shape;
-  shape.end = 20000 * 150;
-  for (unsigned i = 0; i < shape.end; ++i)
-    shape.samples.push_back({static_cast<double>(i), static_cast<double>(i * 7919 % 1009)});
-  shape.axis.SetRange(0, 1009, 0, shape.end);
-  shape.axis.hor.SetScale(20000);
   Live<ViewData> view;
-  EXPECT_EQ(DifferenceOfRender(view, shape), "");
+  for (const unsigned samplesOfAColumn : {1u, 150u}) {
+    RenderShape shape;
+    shape.end = 20000 * samplesOfAColumn;
+    for (unsigned i = 0; i < shape.end; ++i)
+      shape.samples.push_back({static_cast<double>(i), static_cast<double>(i * 7919 % 1009)});
+    shape.axis.SetRange(0, 1009, 0, shape.end);
+    shape.axis.hor.SetScale(20000);
+    EXPECT_EQ(DifferenceOfRender(view, shape), "");
+    EXPECT_EQ(view.nColumns, ViewColumns::kMaxColumns);
+  }
+  view.InitDataTransfer(true);  // a waveform of old samples, which have no flags
+  GraphAxis axis = unitAxis();
+  EXPECT_TRUE(view.Render(&axis, true));
   EXPECT_EQ(view.nColumns, ViewColumns::kMaxColumns);
 }
 

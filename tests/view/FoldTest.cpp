@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <climits>
+
 #include "tests/view/View.h"
 
 namespace sparlow::test {
@@ -25,33 +27,38 @@ struct InRows : OwnBoth {
   void PosGet(unsigned first, unsigned count, const GraphAxis*, int* xs, int* ys) const override {
     for (unsigned i = 0; i < count; ++i) {
       xs[i] = static_cast<int>(first + i) / 3;
-      ys[i] = 7;
+      ys[i] = INT_MIN;
     }
   }
 };
 struct BelowRows : InRows {};
 struct KeepsAll : Live<ViewData> {};
+struct Far : Live<ViewData> {
+  int xPosGet(unsigned, const GraphAxis*) const override { return INT_MAX; }
+  int yPosGet(unsigned, const GraphAxis*) const override { return INT_MIN; }
+};
 
+// And far pixels leave room for a pen.
 TEST(Fold, AsksAClassForWhatItOverridesAndForNothingElse) {
-  const auto expect = [](auto&& view, unsigned columns, unsigned asked, int y) {
+  const auto expect = [](auto&& view, unsigned columns, unsigned asked, CPoint last) {
     GraphAxis axis = unitAxis();
     for (int i = 0; i < 90000; ++i)
       view.Add(i * 0.1, 0);
     view.ResetInterval(nullptr);
     view.Render(&axis, true);
     EXPECT_EQ(view.nColumns, columns);
-    EXPECT_EQ(view.yMaxPos[columns - 1], y);
+    EXPECT_EQ((CPoint{view.xPos[columns - 1], view.yMaxPos[columns - 1]}), last);
     if constexpr (requires { view.asked; }) {
       EXPECT_EQ(view.asked, asked);
     }
     EXPECT_EQ(view.MapsByAxes(), columns == 9000u);
   };
-  expect(KeepsAll(), 9000, 0, 0);
-  expect(OwnX(), 3000, 90000, 0);
-  expect(OwnXBelow(), 3000, 90000, 0);
-  expect(OwnBoth(), 3000, 180000, 7);
-  expect(InRows(), 16384, 0, 7);
-  expect(BelowRows(), 3000, 180000, 7);
+  expect(KeepsAll(), 9000, 0, {8999, 0});
+  expect(OwnXBelow(), 3000, 90000, {2999, 0});
+  expect(OwnBoth(), 3000, 180000, {2999, 7});
+  expect(InRows(), 16384, 0, {16383, -kFarPixel});
+  expect(BelowRows(), 3000, 180000, {2999, 7});
+  expect(Far(), 1, 0, {kFarPixel, -kFarPixel});
 }
 
 TEST(Fold, TellsTheExactRangeOnShowOfAClassWithoutBoundsOfItsOwn) {

@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <limits>
-
 #include <functional>
 
 #include "tests/view/View.h"
@@ -17,19 +15,6 @@ struct Render : testing::Test {
   Live<ViewData> view;
   GraphAxis axis = unitAxis();
 };
-
-TEST_F(Render, GoesOnWhereTheLastOneStopped) {
-  view.fill({{1, 1}, {1, 9}});
-  render(true);
-  EXPECT_TRUE(view.CanContinueRender(axis));
-  EXPECT_TRUE(render(false));
-  EXPECT_EQ(columnsOf(view), (Columns{{1, 1, 9, 1, 9}}));
-  view.SetTo(0);
-  view.inTransfer = true;
-  view.add({{1, 4}, {2, 2}});
-  render(false);
-  EXPECT_EQ(columnsOf(view), (Columns{{1, 1, 4, 1, 9}, {2, 2, 2, 2, 2}}));
-}
 
 TEST_F(Render, BeginsAnewWhenItsColumnsWereForSomethingElse) {
   const std::pair<const char*, std::function<void()>> changes[] = {
@@ -68,7 +53,10 @@ TEST_F(Render, StopsWhenItIsTold) {
   for (const bool byEvent : {true, false}) {
     view.fill({{1, 1}, {2, 2}, {3, 3}});
     render(true);
-    byEvent ? static_cast<void>(SetEvent(view.terminator)) : void(view.renderStop = true);
+    if (byEvent)
+      SetEvent(view.terminator);
+    else
+      view.renderStop = true;
     EXPECT_FALSE(render(true));
     EXPECT_FALSE(view.CanContinueRender(axis));
     EXPECT_FALSE(render(false)) << "half-written columns ask for a full render";
@@ -85,21 +73,6 @@ TEST_F(Render, StopsWhenItIsTold) {
     EXPECT_EQ(view.nColumns, 4u);
     ResetEvent(view.terminator);
   }
-}
-
-TEST_F(Render, EndsAtTheLastColumn) {
-  for (int i = 0; i < 20000; ++i)
-    view.Add(i, i);
-  view.ResetInterval(nullptr);
-  for (const bool full : {true, false}) {
-    EXPECT_TRUE(render(full));
-    EXPECT_EQ(view.nColumns, 16384u);
-    EXPECT_EQ(view.nextSample, 16384u);
-    EXPECT_EQ(view.xPos[16383], 16383);
-  }
-  view.InitDataTransfer(true);  // a waveform of old samples, which have no flags
-  EXPECT_TRUE(render(true));
-  EXPECT_EQ(view.nColumns, 16384u);
 }
 
 TEST_F(Render, OfAnEmptyIntervalShowsTheSampleAtItsStart) {
@@ -129,26 +102,6 @@ TEST_F(Render, AWaveformHasAColumnForEachEdge) {
   view.SetTo(3);
   render(false);
   EXPECT_EQ(columnsOf(view), (Columns{{7, 1, 1, 1, 1}, {7, 2, 2, 2, 2}}));
-}
-
-TEST_F(Render, PixelsOfAHostLeaveRoomForAPen) {
-  struct Far : ViewData {
-    int xPosGet(unsigned, const GraphAxis*) const override {
-      return std::numeric_limits<int>::max();
-    }
-    int yPosGet(unsigned, const GraphAxis*) const override {
-      return std::numeric_limits<int>::min();
-    }
-  } far;
-  far.Init("far");
-  far.Reset();
-  far.Add(0.0, 0.0);
-  far.AdjustSizeTo();
-  GraphAxis axes = unitAxis();
-  far.Render(&axes, true);
-  EXPECT_EQ(far.xPos[0], kFarPixel);
-  EXPECT_EQ(far.yMinPos[0], -kFarPixel);
-  far.Term();
 }
 
 }  // namespace
