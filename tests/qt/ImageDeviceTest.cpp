@@ -5,7 +5,6 @@
 #include <cstdlib>
 #include <random>
 
-#include "sparlow/graph/Cursor.h"
 #include "sparlow/platform/paint/CDC.h"
 #include "tests/qt/Pixels.h"
 
@@ -103,6 +102,8 @@ TEST_P(ImageDeviceTest, PatternsScaleWithTheWidthAndGapsAreTransparent) {
       ASSERT_EQ(FromQt(device.Image().pixel(x, edge(20))), expected) << x;
     }
   }
+  const int solid = inkedBy({5, 5}, {50, 40}, {PS_SOLID, 3, ink});
+  EXPECT_NEAR(inkedBy({5, 5}, {50, 40}, {PS_DOT, 3, ink}), solid / 2, solid / 8);
 }
 
 TEST_P(ImageDeviceTest, ASecondNotXorDrawingRestoresEverything) {
@@ -148,83 +149,49 @@ TEST_P(ImageDeviceTest, AreasExcludeRightAndBottomAndTakeEdgesInAnyOrder) {
   expectInk({});
 }
 
-class ImageCopy : public testing::TestWithParam<double> {
- protected:
-  ImageCopy() {
-    test::MakeNoise(window);
-    first = window.Image().copy();
-  }
-  QRect area(const CRect& rect) const { return PixelScale(GetParam()).Area(rect); }
-
-  ImageDevice window{{40, 30}, GetParam(), white};
-  QImage first;
-  DeviceContext windowContext{&window};
-  CDC dc{&windowContext};
-};
-
-INSTANTIATE_TEST_SUITE_P(Scales, ImageCopy, testing::Values(1.0, 1.25, 1.5, 2.0));
-
-TEST_P(ImageCopy, ASavedAreaComesBackExactly) {
-  const HDC memory = CreateCompatibleDC(&windowContext);
-  const HBITMAP bitmap = CreateCompatibleBitmap(&windowContext, 40, 30);
-  CDC memoryDC(memory);
-  memoryDC.SelectObject(bitmap);
-  memoryDC.BitBlt(0, 0, 40, 30, &windowContext, 0, 0, SRCCOPY);
-  dc.FillSolidRect({7, 5, 24, 22}, RGB(1, 2, 3));
-  EXPECT_EQ(dc.GetPixel({7, 5}), RGB(1, 2, 3));
+TEST_P(ImageDeviceTest, ASavedAreaComesBackExactly) {
+  test::MakeNoise(device);
+  const QImage before = device.Image().copy();
+  DeviceContext context{&device};
+  CDC dc{&context};
+  const HDC memory = CreateCompatibleDC(&context);
+  const HBITMAP bitmap = CreateCompatibleBitmap(&context, size.cx, size.cy);
+  CDC(memory).SelectObject(bitmap);
+  CDC(memory).BitBlt(0, 0, size.cx, size.cy, &context, 0, 0, SRCCOPY);
+  dc.FillSolidRect({7, 5, 24, 22}, filling);
+  EXPECT_EQ(dc.GetPixel({7, 5}), filling);
   dc.BitBlt(7, 5, 17, 17, memory, 7, 5, SRCCOPY);
-  EXPECT_EQ(window.Image(), first);
-
+  EXPECT_EQ(device.Image(), before);
   // Beyond the edges of both.
   dc.BitBlt(-100, -100, 1000, 1000, memory, -100, -100, SRCCOPY);
-  EXPECT_EQ(window.Image(), first);
+  EXPECT_EQ(device.Image(), before);
   DeleteDC(memory);
   DeleteObject(bitmap);
-  EXPECT_EQ(dc.GetPixel({40, 0}), 0xFFFFFFFFu) << "outside";
+  EXPECT_EQ(dc.GetPixel({size.cx, 0}), 0xFFFFFFFFu) << "outside";
+  // One from a screen of another scale has its place too, and each keeps to the clip.
+  clear();
+  for (const double scale : {GetParam(), 3.0}) {
+    device.Copy({5, 5, 50, 40}, ImageDevice(size, scale, ink), {0, 0}, CRect{12, 0, 30, 15});
+    expectInk(area({12, 5, 30, 15}));
+  }
 }
 
-TEST_P(ImageCopy, AMarkerOfAnyShapeIsTakenAwayExactly) {
-  constexpr CSize room{100, 100};
-  ImageDevice frame(room, GetParam(), white);
-  test::MakeNoise(frame);
-  ImageDevice shown(room, GetParam(), white);
-  shown.Copy({0, 0, 100, 100}, frame, {0, 0}, {});
-  const QImage before = shown.Image().copy();
-  DeviceContext onFrame{&frame}, onWindow{&shown};
-  for (int style = 0; style < 3; ++style) {
-    Cursor::SetStyle(style);
-    for (int width = 1; width <= 9; ++width) {
-      Cursor::PenWidth = width;
-      for (const int y : {-1, 43, 100}) {
-        Cursor cursor;
-        cursor.Draw(&onWindow, &onFrame, 50, y, 90);
-        EXPECT_NE(shown.Image(), before);
-        cursor.Clear(&onWindow, &onFrame);
-        ASSERT_EQ(shown.Image(), before) << style << ' ' << width << ' ' << y;
-      }
-    }
-  }
-  Cursor::SetStyleCross();
-}
-
-TEST(ImageText, FillsItsCellAtEveryScaleAndTakesTheSameRoom) {
-  for (const int height : {15, 30}) {
-    const FontRequest font{"Arial", height};
-    const CSize extent = ImageDevice({1, 1}, 1.0, white).TextExtent("Hgjy|", font);
-    EXPECT_LE(extent.cy, height);
-    EXPECT_GE(extent.cy, height - 2);
-    for (const double scale : {1.0, 1.5, 2.0}) {
-      SCOPED_TRACE(testing::Message() << height << " at " << scale);
-      ImageDevice device({500, 200}, scale, white);
-      EXPECT_EQ(device.TextExtent("Hgjy|", font), extent);
-      device.Text({20, 10}, "Hgjy|", font, ink, {});
-      const QRect touched = test::Find(device.Image(), white, true).area;
-      const QRect cell = PixelScale(scale).Area({20, 10, 20 + extent.cx, 10 + extent.cy});
-      EXPECT_TRUE(cell.adjusted(-2, 0, 2, 0).contains(touched));
-      EXPECT_GT(touched.height(), cell.height() * 2 / 3);
-      EXPECT_GT(touched.width(), cell.width() * 3 / 4);
-    }
-  }
+TEST_P(ImageDeviceTest, TextFillsItsCellAndTakesTheSameRoomAtEveryScale) {
+  const FontRequest font{"Arial", 15};
+  const CSize extent = device.TextExtent("Hgjy|", font);
+  EXPECT_EQ(extent, ImageDevice({1, 1}, 1.0, white).TextExtent("Hgjy|", font));
+  EXPECT_NEAR(extent.cy, 14, 1);
+  device.Text({10, 10}, "Hgjy|", font, ink, {});
+  const QRect touched = Find(device.Image(), white, true).area;
+  const QRect cell = area({10, 10, 10 + extent.cx, 10 + extent.cy});
+  EXPECT_TRUE(cell.adjusted(-2, -1, 2, 1).contains(touched));
+  EXPECT_GT(touched.height(), cell.height() * 2 / 3);
+  EXPECT_GT(touched.width(), cell.width() * 3 / 4);
+  // Its clip is not that of what comes after it.
+  clear();
+  device.Text({0, 0}, "Hgjy|", font, white, CRect{0, 0, 5, 5});
+  device.FillRect({20, 20, 30, 30}, ink, {});
+  expectInk(area({20, 20, 30, 30}));
 }
 
 }  // namespace

@@ -97,6 +97,14 @@ TEST_F(QtInputTest, MouseEventsArriveAsMessagesWithThePixelThatTheyAreOn) {
     Move(at);
     EXPECT_EQ(view->mouseAt, pixel);
   }
+  // A shape of the pointer is there until a move that sets none.
+  then = [](UINT, WPARAM) { SetCursor(LoadCursor(IDC_SIZEALL)); };
+  for (const auto shape : {Qt::SizeAllCursor, Qt::SizeAllCursor, Qt::ArrowCursor}) {
+    if (shape == Qt::ArrowCursor)
+      then = nullptr;
+    Move({5, 5});
+    EXPECT_EQ(Area().viewport()->cursor().shape(), shape);
+  }
 }
 
 TEST_F(QtInputTest, AHeldKeyRepeatsWithoutKeyUp) {
@@ -174,6 +182,8 @@ TEST_F(QtInputTest, AThumbIsTrackedAndTheBarShowsWhatWasSet) {
                         {200000, 200000}, {200000, 3000000}, {222, 3000001}, {222, 3000001}}));
   EXPECT_EQ(bar.value(), 222);
   EXPECT_EQ(bar.maximum(), 6000000 - 1000 + 1);
+  SetScrollInfo(window, SB_HORZ, {0, 6000000, 1000, 7000000, 0});
+  EXPECT_EQ(Info().nPos, bar.maximum());
 }
 
 TEST_F(QtInputTest, ArrowsAndTroughTellOneStepEachAndRepeatWhileHeld) {
@@ -222,26 +232,32 @@ TEST_F(QtInputTest, EachWayOfLosingTheMouseIsToldOnce) {
   }
 }
 
-TEST_F(QtInputTest, AWindowMayEndInsideEachOfItsInputs) {
-  const std::function<void(QtInputTest&, QScrollBar&)> inputs[] = {
-      [](QtInputTest& t, QScrollBar&) { t.Mouse(QEvent::MouseButtonPress); },
-      [](QtInputTest& t, QScrollBar&) { t.Press(Qt::Key_Left); },
-      [](QtInputTest& t, QScrollBar&) {
+TEST(QtInput, AWindowMayEndInsideEachOfItsMessages) {
+  struct Input : QtInputTest {
+    void TestBody() override {}
+  };
+  const std::function<void(Input&, QScrollBar&)> causes[] = {
+      [](Input& t, QScrollBar&) { t.Mouse(QEvent::MouseButtonPress); },
+      [](Input& t, QScrollBar&) { t.Press(Qt::Key_Left); },
+      [](Input& t, QScrollBar&) {
         SetCapture(t.window);
         ReleaseCapture();
       },
-      [](QtInputTest& t, QScrollBar& bar) { t.PressBar(bar, QStyle::SC_ScrollBarAddLine); },
-      [](QtInputTest&, QScrollBar& bar) { bar.setSliderDown(true); },
+      [](Input& t, QScrollBar& bar) { t.PressBar(bar, QStyle::SC_ScrollBarAddLine); },
+      [](Input&, QScrollBar& bar) { bar.setSliderDown(true); },
+      [](Input& t, QScrollBar&) { ShowScrollBar(t.window, SB_BOTH, false); },
+      [](Input& t, QScrollBar&) { qt::Resize(*t.view, 90, 90); },
+      [](Input& t, QScrollBar&) { t.Area().resize(20, 20); },
+      [](Input& t, QScrollBar&) { RedrawWindow(t.window); },
+      [](Input& t, QScrollBar&) { PostMessage(t.window, WM_USER, 0, 0); },
   };
-  for (const auto& input : inputs) {
-    struct : QtInputTest {
-      void TestBody() override {}
-    } test;
+  for (const auto& cause : causes) {
+    Input test;
     QScrollBar& bar = test.Bar();
-    test.then = [&test](UINT, WPARAM) { test.view->DestroyWindow(); };
-    input(test, bar);
+    test.view->onMessage = [&test](UINT, WPARAM) { test.view->DestroyWindow(); };
+    cause(test, bar);
     app->ProcessEvents();
-    EXPECT_TRUE(test.deleted) << &input - inputs;
+    EXPECT_TRUE(test.deleted) << &cause - causes;
     EXPECT_EQ(GetCapture(), nullptr);
   }
 }

@@ -1,11 +1,9 @@
 #include <QApplication>
 #include <QPixmap>
-#include <QTemporaryDir>
 #include <QWidget>
 
 #include "sparlow/platform/qt/QtWindow.h"
 #include "sparlow/sparlow.h"
-#include "tests/qt/Pixels.h"
 #include "tests/qt/QtEnvironment.h"
 
 namespace sparlow::test {
@@ -82,38 +80,9 @@ TEST_F(QtWindowTest, AWindowEndsWithItsQtParent) {
   EXPECT_FALSE(RedrawWindow(window));
 }
 
-TEST(QtWindow, MayEndInsideEachOfItsMessages) {
-  void (*const causes[])(ProbeView&) = {
-      [](ProbeView& view) { ShowScrollBar(view.GetSafeHwnd(), SB_BOTH, true); },
-      [](ProbeView& view) { qt::Resize(view, 90, 90); },
-      [](ProbeView& view) { qt::WidgetOf(view)->resize(20, 20); },
-      [](ProbeView& view) { RedrawWindow(view.GetSafeHwnd()); },
-      [](ProbeView& view) { PostMessage(view.GetSafeHwnd(), WM_USER, 0, 0); },
-      [](ProbeView& view) { qt::WidgetOf(view)->close(); },
-  };
-  for (const auto cause : causes) {
-    ProbeView* const view = ProbeView::Shown(80, 60);
-    bool deleted = false;
-    view->deleted = &deleted;
-    view->onMessage = [view](UINT, WPARAM) { view->DestroyWindow(); };
-    cause(*view);
-    app->ProcessEvents();
-    EXPECT_TRUE(deleted);
-  }
-}
-
-TEST_F(QtWindowTest, PicturesShowWhatIsDueAlsoOfHiddenWindows) {
-  const QTemporaryDir folder;
-  const QString path = folder.filePath("picture.png");
-  for (const bool shown : {true, false}) {
-    const COLORREF color = shown ? RGB(9, 99, 199) : RGB(199, 99, 9);
-    view->onDraw = [=](CDC& dc) { dc.FillSolidRect({0, 0, 80, 60}, color); };
-    view->ShowWindow(shown);
-    RedrawWindow(window);
-    ASSERT_TRUE(qt::SavePicture(*view, path.toStdString()));
-    const QImage picture(path);
-    EXPECT_EQ(Find(picture, color).area, picture.rect());
-  }
+TEST_F(QtWindowTest, AWindowEndsWhenItsUserClosesIt) {
+  qt::WidgetOf(*view)->close();
+  EXPECT_TRUE(deleted);
 }
 
 TEST(QtApplication, TakesItsWindowsAlongAndLeavesTheHostItsOwn) {
