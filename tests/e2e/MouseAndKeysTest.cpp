@@ -1,5 +1,9 @@
-// Zoom, scroll and cursors by mouse, wheel and keys.
+// Zooms, cursors, curves and the size of the window under mouse, wheel and keys.
 
+#include <QCursor>
+
+#include "examples/host/TimerSource.h"
+#include "sparlow/graph/GraphColors.h"
 #include "sparlow/platform/window/Windows.h"
 #include "tests/e2e/ScreenTest.h"
 
@@ -64,6 +68,70 @@ TEST_F(MouseAndKeys, ArrowKeysMoveCursorsWhileTheyAreHeld) {
     Await("the right cursor moves", [&] { return Look().right < start.right - 20; });
     Do("keyup Left sleep 0.2 keyup shift");
     EXPECT_EQ(Settled().left, held + 1);
+    Close();
+  });
+}
+
+TEST_F(MouseAndKeys, AClickPicksACurveAndDelTakesItOut) {
+  const std::vector<Curve> levels{[](double) { return 1.0; }, [](double) { return 2.0; },
+                                  [](double) { return 3.0; }};
+  const auto person = [this] {
+    const auto awaitTitle = [this](const char* title) {
+      Await(title, [=, this] { return Tab().Title().ends_with(title) && Tab().Settled(); });
+    };
+    const auto awaitHand = [this](bool hand) {
+      Await("the pointer", [=, this] {
+        return (Widget()->viewport()->cursor().shape() == Qt::BitmapCursor) == hand;
+      });
+    };
+    const auto toLevel = [this](double y) {
+      return To(InHost([=, this] {
+        const QPoint inPlot(PlotSize().width() / 2, Tab().Axis().ver.GetPosInv(y));
+        return Widget()->viewport()->mapToGlobal(PlotOrigin() + inPlot);
+      }));
+    };
+    awaitTitle("known samples 1");
+    Do(toLevel(2));
+    awaitHand(true);
+    Picture("10-hand");
+    Do(toLevel(2.4));
+    awaitHand(false);
+    Do(toLevel(2) + "sleep 0.1 click 1");
+    awaitTitle("known samples 2");
+    Do("key Delete");
+    awaitTitle("known samples 1");
+    EXPECT_EQ(InHost([this] { return Tab().Count(); }), 2u);
+    Close();
+  };
+  RunFiles(levels, person, ViewKind::masks);
+}
+
+TEST_F(MouseAndKeys, ALiveGraphFollowsAWindowThatChangesItsSize) {
+  Sources sources;
+  sources.push_back(std::make_unique<TimerSource>(std::chrono::microseconds(200), std::nullopt));
+  Run(std::move(sources), HostOptions::Job::measure, [this] {
+    const QString window = InHost([this] { return QString::number(Widget()->window()->winId()); });
+    unsigned size = 0;
+    for (const QSize wanted : {QSize(620, 420), {950, 450}, {620, 570}}) {
+      for (int step = 8; step >= 0; --step)
+        Do(QString("windowsize %1 %2 %3")
+               .arg(window)
+               .arg(wanted.width() + 7 * step)
+               .arg(wanted.height() + 3 * step));
+      Await("the size", [&] { return Widget()->window()->size() == wanted; });
+      Await("a frame that reaches to the new right edge", [this] {
+        const QPoint edge = PlotOrigin() + QPoint(PlotSize().width(), PlotSize().height() / 2);
+        return !Tab().View().RenderDue() && Shows(edge, GraphColors(0).frame);
+      });
+      Await("more samples, on show too", [&] {
+        const SampleReader samples = Source().Series().Read();
+        const bool more = samples.size() > size + 200;
+        if (more)
+          size = samples.size();
+        return more && Look().xMax > samples.x(size - 1) - 0.5;
+      });
+    }
+    Picture("8-resized");
     Close();
   });
 }

@@ -146,16 +146,6 @@ QString ScreenTest::To(double right, double down) {
   }));
 }
 
-QString ScreenTest::ToCursor(bool left) {
-  return To(InHost([=, this] {
-    const ViewData& series = Source().Series();
-    const GraphAxis* const axis = &Tab().Axis();
-    const QPoint inPlot(left ? series.xLCursorPosGet(axis) : series.xRCursorPosGet(axis),
-                        left ? series.yLCursorPosGet(axis) : series.yRCursorPosGet(axis));
-    return Widget()->viewport()->mapToGlobal(PlotOrigin() + inPlot);
-  }));
-}
-
 void ScreenTest::Drag(const QString& from, const QString& to) {
   // In two moves, as a hand does it.
   Do(from + "mousedown 1 sleep 0.1 mousemove_relative 3 3 sleep 0.1 " + to + "sleep 0.1");

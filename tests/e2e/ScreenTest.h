@@ -65,8 +65,6 @@ class ScreenTest : public testing::Test {
   void Do(const QString& commands);
   /// "mousemove X Y" to a point of the plot by its shares of width and height, from its top left.
   QString To(double right, double down);
-  /// The same to the marker of a cursor.
-  QString ToCursor(bool left);
   static QString To(QPoint onScreen);
   /// Draws a box from one such point to another.
   void Drag(const QString& from, const QString& to);

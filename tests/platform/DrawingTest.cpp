@@ -32,9 +32,13 @@ TEST_F(DrawingTest, OriginMovesEverythingButTheClip) {
   dc.LineTo(5, 5);
   dc.LineTo(6, 5);
   dc.FillSolidRect({0, 0, 2, 2}, 0xFF);
+  dc.SetROP2(R2_NOTXORPEN);
+  dc.Rectangle({0, 0, 9, 9});
   EXPECT_EQ(surface.take(), (Calls{"Line 10,20 15,25 style 0 width 1 color 0x000000 clip 1,2 30,40",
                                    "Line 15,25 16,25 style 0 width 1 color 0x000000 clip 1,2 30,40",
-                                   "FillRect 10,20 12,22 color 0x0000FF clip 1,2 30,40"}));
+                                   "FillRect 10,20 12,22 color 0x0000FF clip 1,2 30,40",
+                                   "Rectangle 10,20 19,29 style 0 width 1 color 0x000000 mix 10 "
+                                   "fill 0xFFFFFF clip 1,2 30,40"}));
 }
 
 TEST_F(DrawingTest, TextHangsOnItsCell) {

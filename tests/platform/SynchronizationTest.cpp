@@ -49,21 +49,6 @@ struct BoxTest : ::testing::Test {
   int open = 0;
 };
 
-TEST_F(BoxTest, AWorkerThatHoldsALockGetsItsBoxWhileTheWindowsThreadWaitsForThatLock) {
-  CMutex mutex;
-  Event locked;
-  int answer = 0;
-  const std::jthread worker([&] {
-    const CSingleLock lock(&mutex);
-    locked.Set();
-    answer = AfxMessageBox("Too large");
-  });
-  locked.Wait(std::chrono::hours(1));
-  const CSingleLock lock(&mutex);
-  EXPECT_EQ(answer, 7);
-  EXPECT_EQ(shown, std::vector<std::string>{"Too large"});
-}
-
 TEST_F(BoxTest, BoxesOfWorkersWaitForOneThatIsOpen) {
   std::atomic<int> answered{0};
   std::vector<std::jthread> workers;
