@@ -34,16 +34,16 @@ struct Input {
 /// All that a series knows of its samples.
 std::vector<double> knownOf(const SourceData& s) {
   const SampleReader samples = s.Read();
-  const YRange all = samples.RangeOfY(0, samples.size());
-  std::vector<double> known{1.0 * s.GetSize(), static_cast<double>(s.GetDroppedSamples().notFinite),
-                            s.xGlobalMin,      s.xGlobalMax,
-                            s.yGlobalMin,      s.yGlobalMax,
-                            all.low,           all.high};
+  const auto dropped = static_cast<double>(s.GetDroppedSamples().notFinite);
+  std::vector<double> known{1.0 * s.GetSize(), dropped,      s.xGlobalMin,
+                            s.xGlobalMax,      s.yGlobalMin, s.yGlobalMax};
   const auto add = [&](const auto& values, unsigned count) {
     known.insert(known.end(), values, values + count);
   };
-  if (s.Store())
-    known.insert(known.end(), {1.0 * s.Store()->Ascending(), 1.0 * s.Store()->iLastBlock()});
+  if (s.Store()) {
+    const YRange all = samples.RangeOfY(0, samples.size());
+    known.insert(known.end(), {1.0 * s.Store()->Ascending(), all.low, all.high});
+  }
   for (unsigned b = 0; b < samples.blockCount(); ++b) {
     const SampleBlock& block = samples.block(b);
     const unsigned count = samples.countIn(b);
@@ -128,20 +128,6 @@ TEST_F(BulkAdd, EndsWhereAWaveformIsFull) {
     s->TermDataTransfer();
   }
   EXPECT_TRUE(knownOf(bulk) == knownOf(single));
-}
-
-TEST_F(BulkAdd, EndsAtTheLimitOfAStore) {
-  const Input in(random, 12000, 0);
-  SampleStore store(false, 10000);
-  std::size_t next = 0;
-  while (!store.AtLimit()) {
-    if (store.Full())
-      store.Grow();
-    next = store.Append({in.xs.data(), 0, 0, in.ys}, next).end;
-  }
-  EXPECT_EQ(next, 10000u);
-  EXPECT_EQ(store.Size(), 10000u);
-  EXPECT_EQ(store.y(9999), in.ys[9999]);
 }
 
 TEST_F(BulkAdd, KeepsWhatCameBeforeAFailedAllocation) {

@@ -97,16 +97,6 @@ TEST_F(Interval, ReachesAcrossTheEndsOfBlocks) {
   }
 }
 
-TEST_F(Interval, ResetShowsAllOrTheFixedRange) {
-  show(10, 20);
-  s.iLCursor = 3;
-  s.ResetInterval(&hor);
-  EXPECT_EQ(shown(), (Shown{0, 1000, 3, 999}));
-  fix(100.5, 200.5);
-  s.ZoomOutFull(&hor);
-  EXPECT_EQ(shown(), (Shown{100, 202, 101, 200}));
-}
-
 TEST_F(Interval, IsCutToTheSamplesForEveryReader) {
   show(700, 5000);
   EXPECT_EQ(s.GetInterval(), (SampleInterval{700, 1000}));
@@ -159,21 +149,6 @@ TEST_F(Interval, ZoomBySample) {
   }
 }
 
-TEST_F(Interval, ZoomingOutEndsInTheWholeSeriesWhichMayGoOnGrowing) {
-  for (const unsigned size : {1000u, 1001u, 1003u, 4097u}) {
-    s.fillRamp(size);
-    for (int i = 0; i < 5; ++i)
-      s.SetIntervalBySample(true, &hor, 2);
-    s.inTransfer = true;
-    for (int i = 0; i < 20; ++i)
-      s.SetIntervalBySample(false, &hor, 2);
-    EXPECT_TRUE(s.IntervalWhole());
-    s.Add(size, 0);
-    EXPECT_TRUE(s.IntervalWhole()) << size;
-    s.inTransfer = false;
-  }
-}
-
 TEST_F(Interval, Scroll) {
   const Shown atStart{0, 100, 0, 99}, atEnd{900, 1000, 900, 999};
   show(30, 130);
@@ -190,17 +165,6 @@ TEST_F(Interval, Scroll) {
   EXPECT_EQ(shown(), (Shown{7, 107, 7, 105})) << "where it was";
   s.ScrollTo(UINT_MAX);
   EXPECT_EQ(shown(), atEnd);
-}
-
-TEST_F(Interval, IsAnalysedBetweenCursorsThatAreSamples) {
-  SourceData::AnalyzeDataBetweenCursors = true;
-  for (const auto& [left, right, range] :
-       {std::tuple{5, 9, SampleInterval{5, 10}}, {-1, INT_MAX, SampleInterval{0, 1000}}}) {
-    s.iLCursor = left;
-    s.iRCursor = right;
-    EXPECT_EQ((SampleInterval{s.GetAnalyzeFrom(), s.GetAnalyzeTo()}), range);
-  }
-  SourceData::AnalyzeDataBetweenCursors = false;
 }
 
 using Peaks = std::map<unsigned, double>;

@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <thread>
-
 #include "tests/data/Series.h"
 
 namespace sparlow::test {
@@ -40,27 +38,6 @@ TEST(SourceData, IsHarmlessBeforeInitAndAfterTerm) {
     EXPECT_EQ(s.GetSize(), 1u);
     s.Term();
   }
-}
-
-TEST(SourceData, TermWaitsForWhoeverWorksOnTheSeries) {
-  SourceData s;
-  s.Init("series");
-  s.Add(1, 1);
-  std::atomic<bool> working{false}, done{false};
-  std::thread worker([&] {
-    const CSingleLock lock(s.threadsMutex);
-    working = true;
-    for (int i = 0; i < 1000; ++i) {
-      std::this_thread::yield();
-      ASSERT_EQ(s.GetSize(), 1u);
-    }
-    done = true;
-  });
-  while (!working)
-    std::this_thread::yield();
-  s.Term();
-  EXPECT_TRUE(done);
-  worker.join();
 }
 
 }  // namespace

@@ -19,8 +19,6 @@ struct Counting : Series {
 };
 
 struct Transfer : testing::Test {
-  ~Transfer() override { SourceData::nLastSamplesToDraw = 0; }
-
   void block(unsigned samples) {
     s.InitBlockTransfer();
     for (unsigned i = 0; i < samples; ++i) {
@@ -68,13 +66,6 @@ TEST_F(Transfer, CountsTheSamplesOfABlockWhateverIsOnShow) {
   }
 }
 
-TEST_F(Transfer, AFillWithoutOneIsPinnedToAllSamples) {
-  for (int i = 0; i < 7; ++i)
-    s.Add(i, i);
-  s.AdjustSizeTo();
-  EXPECT_TRUE(s.IntervalWhole());
-}
-
 TEST_F(Transfer, WithoutSamplesEndsWithFalse) {
   s.fillRamp(10);
   s.InitDataTransfer(false);
@@ -83,18 +74,6 @@ TEST_F(Transfer, WithoutSamplesEndsWithFalse) {
   EXPECT_EQ(s.GetTo(), 10u);
   EXPECT_FALSE(s.inTransfer);
   EXPECT_EQ(s.calls, 0);
-}
-
-TEST_F(Transfer, SlidesOverTheLastSamples) {
-  SourceData::nLastSamplesToDraw = 1000;
-  s.InitDataTransfer(false);
-  block(400);
-  block(4600);
-  EXPECT_EQ(s.GetInterval(), (SampleInterval{4000, 5000}));
-  EXPECT_EQ(s.xIntervalMin, 4000);
-  s.TermDataTransfer();
-  EXPECT_EQ(s.iLCursor, 4000);
-  EXPECT_EQ(s.iRCursor, 4999);
 }
 
 TEST_F(Transfer, AWaveformEndsWithItsBlock) {

@@ -45,24 +45,5 @@ TEST(DenseRender, EndsAtTheLastColumn) {
   EXPECT_EQ(view.nColumns, ViewColumns::kMaxColumns);
 }
 
-TEST(DenseRender, StopsWithinAColumnOfWhichNoRangeIsCertain) {
-  Live<ViewData> view;
-  constexpr unsigned n = 100000;
-  for (unsigned i = 0; i < n; ++i)
-    view.Add(i, i % 2 ? 0.0 : 5.0);
-  view.Set(n - 1, n - 1, 1000.0);
-  view.ResetInterval(nullptr);
-  GraphAxis axis;
-  axis.ver.log = true;
-  axis.SetRange(10, 1000, 0, 10 * n);
-  axis.hor.SetScale(10);
-  axis.ver.SetScale(100);
-  EXPECT_TRUE(view.Render(&axis, true));
-  EXPECT_EQ(view.yMinPos[0], 0);
-  view.renderStop = true;
-  EXPECT_FALSE(view.Render(&axis, true));
-  EXPECT_GT(view.yMinPos[0], 0) << "it went on to the end of the column";
-}
-
 }  // namespace
 }  // namespace sparlow::test
