@@ -45,7 +45,7 @@ void updateAtOpening(QMenu& menu, const std::function<void()>& update) {
 
 /// Takes over, for the actions that carry a command's number, what the popup menu of a view says.
 void takeOver(const QMenu& menu, CMenu& popup, HWND view) {
-  popup.TellOpening(view, 0);
+  popup.NotifyOpening(view, 0);
   for (const MenuItem& item : popup.Items()) {
     if (item.subMenu)
       takeOver(menu, *item.subMenu, view);

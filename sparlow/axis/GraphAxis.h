@@ -5,7 +5,7 @@
 namespace sparlow {
 
 // GraphAxis is held by value or by whoever made it and never deleted through a base, so it has no
-// virtual destructor; compilers that warn of that on sight are told so.
+// virtual destructor; compilers that warn of that on sight need a pragma.
 #if defined(__GNUC__)
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wnon-virtual-dtor"

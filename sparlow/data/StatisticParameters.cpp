@@ -29,7 +29,7 @@ struct Stretch {
   bool inside = false;
   YRange range{};  // of their y, if so, else of none
 
-  // Adds the samples in the window, each with the y of the one before it, and then tells where they
+  // Adds the samples in the window, each with the y of the one before it, and then returns where they
   // began, how many they were, and their range. A function of its own: nothing in it makes the
   // compiler take the sum out of its register, which would cost three times as much.
   template <class Sums>

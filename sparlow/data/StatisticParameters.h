@@ -17,7 +17,7 @@ struct StatisticParameters {
   double max = 0.0;
   double span = 0.0;      ///< max - min
   double stdDev = 0.0;    ///< of the samples themselves: the denominator is their number
-  double allanDev = 0.0;  ///< of neighbouring samples, as CalculateAllanDev tells
+  double allanDev = 0.0;  ///< of neighbouring samples, as CalculateAllanDev has it
 
   /// All six 0.
   void Reset() { *this = {}; }

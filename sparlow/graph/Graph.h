@@ -29,7 +29,7 @@ inline constexpr UINT WM_UPDATE_GRAPH = WM_USER + 104;
 /// Every change of data, interval or axes ends in UpdateGraph, every change of window size in
 /// ResizeGraph. A full render of few samples runs there and then, and so does one that only adds
 /// new samples; a larger one goes to a worker, and the window shows "Rendering graph" until it is
-/// done. docs/road-of-an-update.md tells the whole road.
+/// done. docs/road-of-an-update.md has the whole road.
 ///
 /// A graph that is closed is inert: each operation returns as on one without series. Its window may
 /// close at any moment, in a host's own code that an operation runs too; the graph of a view lives as
@@ -255,7 +255,7 @@ class Graph {
   /// Renders a series beside the active one. False when it was stopped. One that is being analysed
   /// is left without columns, and the analysis brings an update when it ends.
   bool renderBeside(ViewData& series, bool followAxis);
-  /// Tells whoever works at a series to stop, until it is released. releaseSeries answers false when the
+  /// Tells whoever works at a series to stop, until it is released. releaseSeries returns false when the
   /// end of the graph has done so already, and the series may be gone.
   void stopSeries(ViewData* series);
   bool releaseSeries(ViewData* series);

@@ -13,7 +13,7 @@
 
 namespace sparlow {
 
-/// What a graph is made of, and what its workers tell one another. Apart from Graph.h, so that a change
+/// What a graph is made of, and what its workers share. Apart from Graph.h, so that a change
 /// of one part compiles the graph's own sources and nothing else.
 struct Graph::Parts final : RenderPipeline::Client {
   explicit Parts(Graph& owner);

@@ -98,7 +98,7 @@ void Graph::Parts::RenderFailed(const std::exception_ptr& reason) {
 void Graph::sendDueReadouts() {
   ViewData* const series = activeViewData;
   const SeriesLeases::Use use(parts->leases, series);
-  // A series that is to stop has nothing to tell; whoever renders it next sends what is due.
+  // A series that is to stop has nothing to send; whoever renders it next sends what is due.
   if (!use || series->IsAborted() || !parts->pipeline.TakeReadout())
     return;
   UpdateCursorsReadout();

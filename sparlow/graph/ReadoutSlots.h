@@ -7,7 +7,7 @@
 namespace sparlow {
 
 /// The sending half of the readouts: each call stores a whole record in the slot of its message and
-/// posts the slot. Made before anything is read that it will send: of two threads that tell the
+/// posts the slot. Made before anything is read that it will send: of two threads that send the
 /// same readout, the one that began first may have read what is old by now, so it never replaces a
 /// record of the later one.
 /// Threads: any, each with its own.

@@ -96,7 +96,7 @@ class CSingleGraphView : public CView {
   std::unique_ptr<Graph> graph;
   MouseGesture gesture;
   /// How often an arrow key has been pressed or has repeated since one was let go, or could have
-  /// been without this window being told: in a menu, in another window.
+  /// been without a message to this window: in a menu, in another window.
   int keyRepeat = 0;
   /// Where the thumb of a horizontal bar was dragged last; a user drags one at a time.
   static inline std::uint32_t thumbTrackPos = 0;

@@ -12,10 +12,10 @@ class MouseGesture {
 
   Kind Now() const { return kind_; }
   bool DragsCursor() const { return kind_ == leftCursor || kind_ == rightCursor; }
-  /// Takes the mouse for a window. Another one that had it is told.
+  /// Takes the mouse for a window. Another one that had it is notified.
   void Begin(Kind kind, HWND window);
-  /// Gives the mouse back, unless it has gone to another window, and tells what it did. It is over
-  /// before: the window is told of the release as of any other loss of the mouse.
+  /// Gives the mouse back, unless it has gone to another window, and returns what it did. It is over
+  /// before: the window is notified of the release as of any other loss of the mouse.
   Kind End();
 
  private:

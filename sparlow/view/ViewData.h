@@ -176,7 +176,7 @@ class ViewData : public SourceData, public ViewColumns {
   template <class Ver>
   bool addRange(Column& column, const SampleReader& samples, const Ver& ver, unsigned from,
                 unsigned end) const;
-  bool toldToStop() const;
+  bool stopRequested() const;
   template <class Pixels>
   void foldWith(Fold& fold, Pixels pixels);
   void foldBatch(Fold& fold, Column& column, const int* xs, const int* ys, unsigned count);

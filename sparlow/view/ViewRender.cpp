@@ -38,14 +38,14 @@ int nearPixel(int pixel) {
 
 // What a class overrides is asked, and the rest comes from the axes. Asking may take long, so a render
 // that is told to stop asks no more.
-template <class Told>
+template <class Stop>
 struct OwnPixels : Pixels<SampleBlock::kRunSamples> {
   const ViewData* view;
   const GraphAxis* axis;
   bool ownX, ownY;
-  Told toldToStop;
-  OwnPixels(const ViewData* mapped, const GraphAxis* axes, bool xIsOwn, bool yIsOwn, Told told)
-      : view(mapped), axis(axes), ownX(xIsOwn), ownY(yIsOwn), toldToStop(told) {}
+  Stop stopRequested;
+  OwnPixels(const ViewData* mapped, const GraphAxis* axes, bool xIsOwn, bool yIsOwn, Stop stop)
+      : view(mapped), axis(axes), ownX(xIsOwn), ownY(yIsOwn), stopRequested(stop) {}
   unsigned map(const SampleBlock& block, unsigned sample, unsigned most) {
     unsigned count = 0;
     do {
@@ -54,7 +54,7 @@ struct OwnPixels : Pixels<SampleBlock::kRunSamples> {
       if (ownY)
         y[count] = nearPixel(view->yPosGet(sample + count, axis));
       ++count;
-    } while (count < most && !toldToStop());
+    } while (count < most && !stopRequested());
     const unsigned place = sample & SampleBlock::kMask;
     for (unsigned i = 0; !ownX && i < count; ++i)
       x[i] = axis->hor.GetPos(block.xAt(place + i));
@@ -182,8 +182,8 @@ bool ViewData::renderPlain(Fold& fold, const GraphAxis& axis, const RenderKey& k
 void ViewData::foldByOwnMapping(Fold& fold, const GraphAxis& axis) {
   if (typeid(*this) == *rowMapping_)
     return foldWith(fold, RowPixels{this, &axis});
-  const auto told = [this, stoppable = fold.full] { return stoppable && toldToStop(); };
-  foldWith(fold, OwnPixels{this, &axis, !MapsXByAxis(), !MapsYByAxis(), told});
+  const auto stop = [this, stoppable = fold.full] { return stoppable && stopRequested(); };
+  foldWith(fold, OwnPixels{this, &axis, !MapsXByAxis(), !MapsYByAxis(), stop});
 }
 
 void ViewData::foldByAxes(Fold& fold, const GraphAxis& axis) {

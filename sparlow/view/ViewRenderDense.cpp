@@ -47,7 +47,7 @@ unsigned endOfPixel(const SampleReader& samples, const LinearMapping& hor, unsig
 
 }  // namespace
 
-bool ViewData::toldToStop() const {
+bool ViewData::stopRequested() const {
   const Event* const stop = terminator;
   return renderStop.relaxed() || (stop && stop->IsSet());
 }
@@ -89,7 +89,7 @@ void ViewData::foldDense(Fold& fold, const LinearMapping& hor, const Ver& ver) {
     fold.alone = fold.alone && width == 1;
     putColumn(fold.column++, work);
     fold.sample = next;
-    fold.stopped = fold.stopped || toldToStop();
+    fold.stopped = fold.stopped || stopRequested();
   }
 }
 
@@ -109,7 +109,7 @@ bool ViewData::addRange(Column& column, const SampleReader& samples, const Ver& 
   if (end - from <= SampleBlock::kRunSamples) {
     for (unsigned sample = from; sample < end; ++sample)
       column.add(ver(samples.y(sample)));
-    return !toldToStop();
+    return !stopRequested();
   }
   // Whole runs, and whole groups while there are some, so that their ranges are read.
   const unsigned half = (end - from) / 2;

@@ -26,7 +26,7 @@ class TestView : public CSingleGraphView {
   Graph& TheGraph() { return *graph; }
 
   std::function<void(UINT)> afterMessage;
-  std::function<void()> inOverlay;
+  std::function<void(CDC&)> inOverlay;
   /// With a number the graph lies over others: a click hits the mask 1, another curve, or with 0
   /// nothing.
   std::optional<int> overlaidHit;
@@ -52,9 +52,9 @@ class TestView : public CSingleGraphView {
         }
         return view.overlaidHit != 0;
       }
-      void DrawCustomOverlay(CDC*) override {
+      void DrawCustomOverlay(CDC* dc) override {
         if (const auto hook = std::exchange(view.inOverlay, nullptr))
-          hook();
+          hook(*dc);
       }
       void SetActiveMask(int index) override { view.picked += FormatText("mask %d ", index); }
       TestView& view;

@@ -2,6 +2,7 @@
 // 480.
 
 #include <algorithm>
+#include <cstdio>
 #include <set>
 #include <span>
 
@@ -56,6 +57,76 @@ TEST_F(PaintingTest, AFrameFromBackgroundToCurve) {
   }
   EXPECT_TRUE(Shows("1.75") && !Shows("2.00")) << "within 10 pixels of the top";
   EXPECT_TRUE(Shows("9") && !Shows("10")) << "in the way of the unit";
+}
+
+TEST_F(PaintingTest, FixedAxesAreHeavyAndAnOverlayIsClippedToThePlot) {
+  Paint();
+  const GraphColors scheme;
+  const std::string heavy = FormatText(" style 0 width 2 color 0x%06X", scheme.fixedAxis);
+  const std::string left = "Line 58,21 58,459" + heavy, below = "Line 58,459 620,459" + heavy;
+  for (const bool vertical : {false, true}) {
+    for (AxisData* const fixed : {&axis.hor, &axis.ver})
+      fixed->autoRange = true;
+    (vertical ? axis.ver : axis.hor).autoRange = false;
+    (vertical ? axis.ver : axis.hor).fixedMax = 2;
+    view->inOverlay = [](CDC& dc) { dc.FillSolidRect({-99, -99, 999, 999}, 0x123456); };
+    Repaint();
+    EXPECT_EQ(Has(left), vertical);
+    EXPECT_EQ(Has(below), !vertical);
+    EXPECT_TRUE(Has("FillRect -41,-78 1057,1020 color 0x123456 clip 59,22 620,459"));
+  }
+}
+
+TEST_F(PaintingTest, EdgesOfAWaveformHaveTheColoursOfTheScheme) {
+  series.InitDataTransfer(true);
+  series.InitBlockTransfer();
+  for (int i = 0; i < 4; ++i)
+    series.Add(i, i % 2, i % 2 == 1);
+  series.TermDataTransfer();
+  Repaint();
+  const GraphColors scheme;
+  EXPECT_NE(scheme.edgeRising, scheme.edgeFalling);
+  for (int i = 0; i < 4; ++i) {
+    const COLORREF color = i % 2 == 1 ? scheme.edgeRising : scheme.edgeFalling;
+    const int x = 58 + series.xPos[static_cast<unsigned>(i)];
+    const auto calls = Frame();
+    EXPECT_TRUE(std::any_of(calls.begin(), calls.end(), [&](const std::string& call) {
+      return call.find(FormatText(" color 0x%06X clip", color)) != std::string::npos &&
+             std::abs(std::atoi(call.c_str() + 5) - x) <= 5;
+    })) << i;
+  }
+}
+
+/// Whatever the size of the plot and the length of the labels.
+TEST_F(PaintingTest, NoTextLiesOverAnother) {
+  for (const double size : {1.0, 123456.0, 1e-9}) {
+    for (const bool log : {false, true}) {
+      axis.ver.log = log;
+      Fill(series, {{0, size}, {7 * size, 1000 * size}});
+      for (int side = 230; side < 700; side += 37) {
+        Window().Resize({side, side / 2});
+        Repaint();
+        std::vector<CRect> texts;
+        for (const std::string& call : Frame()) {
+          int x = 0, y = 0, length = 0;
+          if (std::sscanf(call.c_str(), "Text %d,%d \"%*[^\"]%n", &x, &y, &length) != 2)
+            continue;
+          const auto begin = call.find('"') + 1;
+          const int width = 7 * (length - static_cast<int>(begin));
+          texts.push_back({x, y, x + width, y + 15});
+        }
+        EXPECT_GT(texts.size(), 4u);
+        for (std::size_t i = 2; i < texts.size(); ++i) {  // the captions may meet
+          for (std::size_t j = 0; j < i; ++j) {
+            const CRect &a = texts[i], &b = texts[j];
+            EXPECT_TRUE(a.right <= b.left || b.right <= a.left || a.bottom <= b.top ||
+                        b.bottom <= a.top)
+                << side << ": " << a.left << "," << a.top << " " << b.left << "," << b.top;
+          }
+        }
+      }
+    }
+  }
 }
 
 TEST_F(PaintingTest, TheCaptionTellsTheIntervalAndItsSource) {

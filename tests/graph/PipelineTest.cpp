@@ -129,6 +129,52 @@ TEST_F(PipelineTest, DestroyEndsARenderAndTheOneThatIsDueAfterIt) {
   EXPECT_FALSE(series.IsAborted());
 }
 
+TEST_F(PipelineTest, DestroyAnswersBoxesOfItsWorkersAndKeepsAHostsOwnSignal) {
+  struct Asking : Analysis {
+    bool Calculate() override {
+      begun = true;
+      while (!IsAborted())
+        std::this_thread::yield();
+      AfxMessageBox("Nobody sees this");
+      return false;
+    }
+    std::atomic<bool> begun{false};
+  } asking;
+  asking.Init("Asking", &series);
+  Fill(series, 100);
+  OpenView({640, 480}, asking);
+  TheGraph().AnalyzeAll();
+  while (!asking.begun)
+    std::this_thread::yield();
+  CloseView();
+  EXPECT_TRUE(system.boxes.empty());
+  EXPECT_FALSE(asking.IsAborted());
+  asking.Term();
+  OpenView({640, 480});
+  SetEvent(series.terminator);
+  CloseView();
+  EXPECT_TRUE(series.terminator->IsSet());
+  ResetEvent(series.terminator);
+}
+
+TEST_F(PipelineTest, AnalysesThatThrowEndTheRunAndNothingElse) {
+  test::Doubled analysis;
+  analysis.Init("Doubled", &series);
+  Fill(series, 100);
+  OpenView({640, 480}, analysis);
+  analysis.end = test::Doubled::throws;
+  TheGraph().AnalyzeAll();
+  ASSERT_TRUE(AwaitIdle());
+  EXPECT_EQ(analysis.runs, 1);
+  SetThreadStarter([](AFX_THREADPROC, void*) { return false; });
+  EXPECT_THROW(TheGraph().AnalyzeAll(), std::runtime_error) << "the caller may know what to do";
+  analysis.end = test::Doubled::succeeds;
+  TheGraph().AnalyzeAll();
+  EXPECT_EQ(analysis.GetSize(), 100u);
+  CloseView();
+  analysis.Term();
+}
+
 TEST_F(PipelineTest, DestroyEndsAlsoTheAnalysisOfAReplacedSeries) {
   test::Doubled analysis;
   analysis.Init("Doubled", &series);

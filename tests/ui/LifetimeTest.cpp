@@ -114,7 +114,7 @@ TEST_F(LifetimeTest, InTheCodeOfItsSeries) {
 }
 
 TEST_F(LifetimeTest, InAnOverlay) {
-  view->inOverlay = [this] { CloseUnderWork(); };
+  view->inOverlay = [this](CDC&) { CloseUnderWork(); };
   Pump();
   RedrawWindow(window);
   Pump();
@@ -130,7 +130,7 @@ TEST_F(LifetimeTest, ABoxOrARepaintInAnOverlayIsPaintedAfterIt) {
     return IDOK;
   });
   view->afterMessage = [&](UINT message) { frames += message == WM_PAINT; };
-  view->inOverlay = [this] {
+  view->inOverlay = [this](CDC&) {
     TheGraph().DrawAll();
     AfxMessageBox("Overlay");
   };

@@ -29,10 +29,10 @@ class MenuTest : public GraphTest {
     std::string shown;
     system.onMenu = [&](CMenu& menu, CPoint at, HWND owner) {
       EXPECT_EQ(at, (CPoint{110, 70})) << "the point on the screen";
-      menu.TellOpening(owner, 0);
+      menu.NotifyOpening(owner, 0);
       for (int i = 0; i < menu.GetMenuItemCount(); ++i) {
         if (CMenu* const subMenu = menu.GetSubMenu(i))
-          subMenu->TellOpening(owner, i);
+          subMenu->NotifyOpening(owner, i);
       }
       shown = Lines(menu);
       return command;
@@ -109,7 +109,7 @@ TEST_F(MenuTest, TheViewMayEndInsideItsMenu) {
   Show(1000);
   system.onMenu = [this](CMenu& menu, CPoint, HWND owner) -> UINT {
     CloseView();
-    menu.TellOpening(owner, 0);
+    menu.NotifyOpening(owner, 0);
     return ID_VIEW_SAMPLE_ZOOM_IN;
   };
   SendMessage(view->GetSafeHwnd(), WM_RBUTTONDOWN, 0, 0);

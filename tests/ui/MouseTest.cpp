@@ -43,6 +43,12 @@ TEST_F(MouseTest, ABoxIsDrawnAgainOnANewFrameAndNotTakenAway) {
   const std::string edge =
       FormatText("Line %d,%d %d,%d ", corner.x, corner.y, corner.x + 200, corner.y);
   EXPECT_EQ(Window().surface->count(edge), 1);
+  // Mixed into the frame: the same line takes it away again.
+  Mouse(WM_MOUSEMOVE, At(310, 210));
+  int mixed = 0;
+  for (const std::string& call : Window().surface->calls())
+    mixed += call.starts_with(edge) && call.ends_with(FormatText(" mix %d", R2_NOTXORPEN));
+  EXPECT_EQ(mixed, 2);
 }
 
 TEST_F(MouseTest, LosingTheMouseFinishesTheGestureAtThePointer) {
@@ -63,6 +69,24 @@ TEST_F(MouseTest, LosingTheMouseFinishesTheGestureAtThePointer) {
   CaptureLost(window);
   EXPECT_FALSE(TheGraph().IsCursorDrag());
   EXPECT_EQ(series.iLCursor, dragged);
+}
+
+TEST_F(MouseTest, EitherCursorIsDraggedUntilItIsReleased) {
+  for (const bool right : {false, true}) {
+    PutCursors();
+    CPoint from =
+        right ? At(series.xRCursorPosGet(&axis), series.yRCursorPosGet(&axis)) : LeftMarker();
+    CopyableAtomic<int>& cursor = right ? series.iRCursor : series.iLCursor;
+    const int before = cursor;
+    Drag(from, {from.x + 30, from.y});
+    EXPECT_GT(cursor, before);
+    EXPECT_EQ(right ? series.iLCursor : series.iRCursor, right ? 2000 : 5000);
+    Release({from.x + 30, from.y});
+    EXPECT_FALSE(Window().captured);
+    const int released = cursor;
+    Mouse(WM_MOUSEMOVE, {from.x + 60, from.y});
+    EXPECT_EQ(cursor, released);
+  }
 }
 
 TEST_F(MouseTest, AnUpdateAppliesTheBoxFirst) {

@@ -56,13 +56,13 @@ bool CMutex::TryLock() {
 }
 
 void CMutex::Unlock() {
-  // Told under the lock: the next owner may destroy this mutex as soon as it has it.
+  // Notified under the lock: the next owner may destroy this mutex as soon as it has it.
   const std::lock_guard guard(state_);
   if (depth_ == 0 || owner_ != std::this_thread::get_id())
     return;
   if (--depth_ == 0) {
     owner_ = {};
-    // One that is told to stop just now would keep the word from another one.
+    // One that is told to stop just now would keep the notification from another one.
     freed_.notify_all();
   }
 }

@@ -92,7 +92,7 @@ inline constexpr std::uint32_t WAIT_TIMEOUT = 258;
 
 /// Makes an event, to be closed with CloseHandle. Only manual-reset events exist here.
 HANDLE CreateEvent(bool signalled);
-/// The next three do nothing on null, and tell so by false.
+/// The next three do nothing on null, and return false.
 bool SetEvent(HANDLE event);
 bool ResetEvent(HANDLE event);
 bool CloseHandle(HANDLE event);

@@ -5,7 +5,7 @@
 
 namespace sparlow {
 
-/// The platform's text value. Texts are bytes; what they mean on a screen is told by ToUtf8.
+/// The platform's text value. Texts are bytes; what they mean on a screen is what ToUtf8 gives.
 using CString = std::string;
 
 /// A printf-style text. A null format gives an empty text.

@@ -100,7 +100,7 @@ QtDialog::~QtDialog() = default;
 QWidget* QtDialog::makeItem(const DialogItemTemplate& item) {
   using Kind = DialogItemTemplate::Kind;
   const QString text = FromUtf8(ToUtf8(item.text));
-  const auto tell = [dialog = dialog_, id = static_cast<WPARAM>(item.id)] {
+  const auto notify = [dialog = dialog_, id = static_cast<WPARAM>(item.id)] {
     SendMessage(dialog, WM_COMMAND, id, 0);
   };
   switch (item.kind) {
@@ -108,12 +108,12 @@ QWidget* QtDialog::makeItem(const DialogItemTemplate& item) {
     case Kind::defaultButton: {
       auto* const button = new QPushButton(text, widget_.get());
       button->setDefault(item.kind == Kind::defaultButton);
-      QObject::connect(button, &QPushButton::clicked, button, tell);
+      QObject::connect(button, &QPushButton::clicked, button, notify);
       return button;
     }
     case Kind::checkBox: {
       auto* const box = new QCheckBox(text, widget_.get());
-      QObject::connect(box, &QCheckBox::clicked, box, tell);
+      QObject::connect(box, &QCheckBox::clicked, box, notify);
       return box;
     }
     case Kind::edit:

@@ -32,7 +32,7 @@ constexpr KeyName keyNames[] = {
     {Qt::Key_Control, 0x11}, {Qt::Key_Escape, 0x1B},    {Qt::Key_Return, 0x0D},
 };
 
-/// VK_* of a key; 0 for one that isn't told.
+/// VK_* of a key; 0 for one that isn't sent.
 WPARAM nameOf(int key) {
   for (const KeyName& name : keyNames) {
     if (name.qt == key)
@@ -100,7 +100,7 @@ void QtWindow::setPointer(HCURSOR shape) {
 
 bool QtWindow::Key(bool down, const QKeyEvent& event) {
   const WPARAM key = nameOf(event.key());
-  // Between the repeats of a held key Qt tells releases that nobody has made.
+  // Between the repeats of a held key Qt reports releases that nobody has made.
   if (key != 0 && (down || !event.isAutoRepeat()))
     keyEvent(down, key, event);
   return key == VK_LEFT || key == VK_RIGHT;
@@ -118,7 +118,7 @@ void QtWindow::keyEvent(bool down, WPARAM key, const QKeyEvent& event) {
   if (repeats)
     heldRelease_.reset();
   else
-    tellRelease();
+    sendRelease();
   // X repeats a key by a release and a press of one time, which Qt joins only if both are there
   // already. So a release waits a little for its press; one without a time has no such pair.
   if (!down && event.timestamp() != 0 && widget_) {
@@ -127,19 +127,19 @@ void QtWindow::keyEvent(bool down, WPARAM key, const QKeyEvent& event) {
     // Not called when the widget has gone.
     QTimer::singleShot(pairGap, widget_, [this, time = now.time] {
       if (heldRelease_ && heldRelease_->time == time)
-        tellRelease();
+        sendRelease();
     });
     return;
   }
-  tellKey(down, now, repeats || event.isAutoRepeat());
+  sendKey(down, now, repeats || event.isAutoRepeat());
 }
 
-void QtWindow::tellRelease() {
+void QtWindow::sendRelease() {
   if (heldRelease_)
-    tellKey(false, *std::exchange(heldRelease_, std::nullopt), true);
+    sendKey(false, *std::exchange(heldRelease_, std::nullopt), true);
 }
 
-void QtWindow::tellKey(bool down, const KeyStroke& stroke, bool before) {
+void QtWindow::sendKey(bool down, const KeyStroke& stroke, bool before) {
   if (UiThread::InWait())
     return;
   system_.NoteInput(nullptr, stroke.modifiers);
@@ -172,34 +172,34 @@ void QtWindow::SetScrollInfo(int bar, const SCROLLINFO& info) {
 
 void QtWindow::FocusChanged(bool focused) {
   const WindowHold hold(site_);
-  tellRelease();
+  sendRelease();
   if (!focused)
     downKey_.reset();
   focused_ = focused;
-  tellFocus();
+  sendFocus();
 }
 
 void QtWindow::KeysTaken() {
   const WindowHold hold(site_);
-  tellRelease();
+  sendRelease();
   if (downKey_)
-    tellKey(false, *std::exchange(downKey_, std::nullopt), true);
+    sendKey(false, *std::exchange(downKey_, std::nullopt), true);
 }
 
 void QtWindow::ActivationChanged(bool active) {
   active_ = active;
-  tellFocus();
+  sendFocus();
 }
 
-void QtWindow::tellFocus() {
+void QtWindow::sendFocus() {
   if (UiThread::InWait()) {
     UiThread::Wake();
     return;
   }
   const WindowHold hold(site_);
-  if (std::exchange(toldActive_, active_) != active_)
+  if (std::exchange(sentActive_, active_) != active_)
     site_.Send(WM_ACTIVATE, active_ ? 1 : 0);
-  if (std::exchange(toldFocused_, focused_) != focused_)
+  if (std::exchange(sentFocused_, focused_) != focused_)
     site_.Send(focused_ ? WM_SETFOCUS : WM_KILLFOCUS);
 }
 
@@ -218,7 +218,7 @@ void QtWindow::SetCapture(bool capture) {
 }
 
 void QtWindow::MouseTaken() {
-  // Told later: the event that took it is on its way to a widget, which must outlive it.
+  // Reported later: the event that took it is on its way to a widget, which must outlive it.
   mouseTaken_ = true;
   UiThread::Wake();
 }
@@ -244,7 +244,7 @@ void QtWindow::CatchUp() {
   SyncSize();
   if (std::exchange(mouseTaken_, false))
     CaptureLost(site_.handle());
-  tellFocus();
+  sendFocus();
 }
 
 }  // namespace sparlow::qt

@@ -21,10 +21,10 @@ class Popup final : public QMenu {
     fill();
   }
 
-  /// Tells the owner that the popup opens, and takes over what that changed. False when the owner
+  /// Notifies the owner that the popup opens, and takes over what that changed. False when the owner
   /// is gone.
   bool Open(int position) {
-    menu_.TellOpening(owner_, position);
+    menu_.NotifyOpening(owner_, position);
     fill();
     return WindowSite::Find(owner_) != nullptr;
   }

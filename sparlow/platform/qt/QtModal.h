@@ -7,7 +7,7 @@
 
 namespace sparlow::qt {
 
-/// A menu, dialog or box while it is open. It belongs to a window, and is told to close when that
+/// A menu, dialog or box while it is open. It belongs to a window, and is asked to close when that
 /// ends; what it closes with runs later, in the event loop.
 /// Threads: the window's.
 class QtModal {

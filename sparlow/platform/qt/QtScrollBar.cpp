@@ -74,22 +74,22 @@ void QtScrollBar::stepped(int action) {
   // Qt takes as the new value where the slider stands after this.
   setSliderPosition(value());
   if (const int code = codeOf(action); code >= 0)
-    tell(code);
+    report(code);
 }
 
 void QtScrollBar::thumbMoved() {
   if (!dragging_)
     return;
   info_.nTrackPos = sliderPosition();
-  tell(SB_THUMBTRACK);
+  report(SB_THUMBTRACK);
 }
 
 void QtScrollBar::thumbReleased() {
   if (!dragging_)
     return;
-  // Still dragged while this is told: the track position holds.
+  // Still dragged while this is reported: the track position holds.
   const QPointer<QtScrollBar> keep(this);
-  tell(SB_THUMBPOSITION);
+  report(SB_THUMBPOSITION);
   if (keep)
     endDrag();
 }
@@ -100,7 +100,7 @@ void QtScrollBar::endDrag() {
   show();
 }
 
-void QtScrollBar::tell(int code) {
+void QtScrollBar::report(int code) {
   owner_.Scrolled(orientation() == Qt::Horizontal ? SB_HORZ : SB_VERT, code, info_.nTrackPos);
 }
 

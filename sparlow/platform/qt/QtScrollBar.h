@@ -10,7 +10,7 @@ namespace sparlow::qt {
 class QtWidget;
 
 /// A window's scroll bar. It shows what was last set and never moves by itself: steps and drags of
-/// the thumb are told to the window, which sets the new position or leaves it.
+/// the thumb are reported to the window, which sets the new position or leaves it.
 /// Threads: the window's.
 class QtScrollBar final : public QScrollBar {
  public:
@@ -32,7 +32,7 @@ class QtScrollBar final : public QScrollBar {
   void thumbReleased();
   void endDrag();
   void show();
-  void tell(int code);
+  void report(int code);
 
   QtWidget& owner_;
   SCROLLINFO info_;

@@ -121,7 +121,7 @@ namespace {
 
 constexpr UINT noMessage = 0;
 
-/// The message of a button that is told by one.
+/// The message of a button that has one.
 UINT messageOf(const QMouseEvent& event, UINT left, UINT right) {
   if (event.button() == Qt::LeftButton)
     return left;
@@ -180,7 +180,7 @@ void QtWidget::focusOutEvent(QFocusEvent* event) {
 }
 
 void QtWidget::Scrolled(int bar, int code, int position) {
-  // The bar that tells it is in the middle of an event of its own.
+  // The bar that reports it is in the middle of an event of its own.
   const Hold hold(this);
   if (window_)
     window_->Scrolled(bar, code, position);

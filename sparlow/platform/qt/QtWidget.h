@@ -11,7 +11,7 @@ class QtScrollBar;
 class QtWindow;
 
 /// The widget of a window: its viewport is the client area and shows the window's surface. Whatever
-/// it is told by Qt it hands to its QtWindow.
+/// it gets from Qt it hands to its QtWindow.
 /// Threads: the window's.
 class QtWidget final : public QAbstractScrollArea {
  public:

@@ -108,9 +108,9 @@ void QtWindow::SyncSize() {
   const QWidget* const viewport = widget_->viewport();
   const CSize size{viewport->width(), viewport->height()};
   const double scale = viewport->devicePixelRatioF();
-  if (told_ && size == surface_.Size() && scale == surface_.Scale())
+  if (sizeKnown_ && size == surface_.Size() && scale == surface_.Scale())
     return;
-  told_ = true;
+  sizeKnown_ = true;
   surface_.Remake(size, scale, background);
   // Also for a new scale alone: off-screen bitmaps are to be made anew.
   site_.Resized(size);

@@ -42,15 +42,15 @@ class QtWindow final : public WindowPeer {
   /// Makes the client area so large, as far as the widget's surroundings let it.
   void SetClientSize(CSize size);
 
-  /// Makes the surface as large and as fine as the viewport is, and tells the site. Nothing happens
+  /// Makes the surface as large and as fine as the viewport is, and notifies the site. Nothing happens
   /// when that is so already, or while the window's thread waits: then the next Serve comes back.
   void SyncSize();
-  /// Tells the window what it couldn't be told before: its size, that the mouse was taken from it,
+  /// Reports to the window what had to wait: its size, that the mouse was taken from it,
   /// focus and activation.
   void CatchUp();
 
   /// @name Input, from the widget
-  /// While the window's thread waits, presses, moves and keys come to nothing, and the rest is told
+  /// While the window's thread waits, presses, moves and keys come to nothing, and the rest is reported
   /// later.
   void Mouse(UINT message, const QMouseEvent& event);
   /// True for a key that is this window's matter and nobody else's.
@@ -73,7 +73,7 @@ class QtWindow final : public WindowPeer {
   void setBarPolicy(int bar, bool show);
   void layOut();
   void setPointer(HCURSOR shape);
-  void tellFocus();
+  void sendFocus();
 
   struct KeyStroke {
     WPARAM key;
@@ -81,15 +81,15 @@ class QtWindow final : public WindowPeer {
     Qt::KeyboardModifiers modifiers;
   };
   void keyEvent(bool down, WPARAM key, const QKeyEvent& event);
-  void tellKey(bool down, const KeyStroke& stroke, bool before);
+  void sendKey(bool down, const KeyStroke& stroke, bool before);
   /// The release that is held back, if any.
-  void tellRelease();
+  void sendRelease();
 
   WindowSite& site_;
   QtWindowSystem& system_;
   QtWidget* widget_;
   ImageDevice surface_;
-  bool told_ = false;  ///< the site knows the size
+  bool sizeKnown_ = false;  ///< the site knows the size
 
   Qt::MouseButtons buttons_;  ///< that are down
   bool grabbed_ = false;
@@ -97,11 +97,11 @@ class QtWindow final : public WindowPeer {
   HCURSOR pointer_ = nullptr;
   bool pointerSet_ = false;               ///< since the mouse moved last
   std::optional<KeyStroke> heldRelease_;  ///< may turn out to be half of a repeat
-  std::optional<KeyStroke> downKey_;      ///< was told last, and not let go
+  std::optional<KeyStroke> downKey_;      ///< was sent last, and not let go
   bool focused_ = false;
-  bool toldFocused_ = false;
+  bool sentFocused_ = false;
   bool active_ = false;
-  bool toldActive_ = false;
+  bool sentActive_ = false;
 };
 
 }  // namespace sparlow::qt

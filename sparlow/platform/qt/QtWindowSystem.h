@@ -29,7 +29,7 @@ class QtWindowSystem final : public WindowSystem {
   void NoteInput(QtWindow* window, Qt::KeyboardModifiers modifiers);
   void Forget(QtWindow* window);
 
-  /// Windows that couldn't be told something before catch up.
+  /// Windows that couldn't be notified before catch up.
   static void CatchUp();
 
  private:

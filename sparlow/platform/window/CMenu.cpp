@@ -147,7 +147,7 @@ bool CMenu::TrackPopupMenu(UINT, int x, int y, const CWnd* owner) const {
   return true;
 }
 
-void CMenu::TellOpening(HWND owner, int position) {
+void CMenu::NotifyOpening(HWND owner, int position) {
   SendMessage(owner, WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(this), position & 0xFFFF);
 }
 

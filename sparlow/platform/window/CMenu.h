@@ -82,7 +82,7 @@ class CMenu {
   bool TrackPopupMenu(UINT flags, int x, int y, const CWnd* owner) const;
   /// Before the menu is shown, alone or as the submenu at a position of another one: sends the
   /// owner WM_INITMENUPOPUP with this object and the position. For whoever shows it.
-  void TellOpening(HWND owner, int position);
+  void NotifyOpening(HWND owner, int position);
 
  private:
   void fill(const std::vector<MenuItemTemplate>& items);

@@ -15,7 +15,7 @@ inline constexpr UINT HH_HELP_CONTEXT = 15;
 /// Threads: the window's.
 void HtmlHelp(HWND window, const char* path, UINT command, std::uintptr_t topic);
 
-/// The path of the program that runs; empty where the system doesn't tell.
+/// The path of the program that runs; empty where the system doesn't say.
 /// Threads: any.
 std::string GetModuleFileName();
 

@@ -13,7 +13,7 @@ namespace {
 HWND captured = nullptr;
 HWND mainWindow = nullptr;
 
-/// Takes the mouse from the window that has it, which is told.
+/// Takes the mouse from the window that has it, which is notified.
 void endCapture() {
   const auto site = WindowSite::Find(std::exchange(captured, nullptr));
   if (!site)
@@ -30,7 +30,7 @@ void SetCapture(HWND window) {
   if (!site || !site->peer() || window == captured)
     return;
   endCapture();
-  // The window that was told may have ended this one, or taken the mouse back.
+  // The window that was notified may have ended this one, or taken the mouse back.
   if (captured || !site->peer())
     return;
   captured = window;

@@ -17,11 +17,11 @@ inline constexpr int IDC_SIZEALL = 0x7F86;
 /// Threads: the window's.
 ///
 /// All mouse messages go to the window until it releases the mouse or loses it to a popup, a dialog
-/// or another window; it is told so once, by WM_CAPTURECHANGED, from inside ReleaseCapture if it
+/// or another window; it is notified once, by WM_CAPTURECHANGED, from inside ReleaseCapture if it
 /// released the mouse itself.
 void SetCapture(HWND window);
 void ReleaseCapture();
-/// From a peer: the window system has taken the mouse from a window, which is told if it had it.
+/// From a peer: the window system has taken the mouse from a window, which is notified if it had it.
 void CaptureLost(HWND window);
 /// The window that has the mouse; null when none of this process has.
 HWND GetCapture();

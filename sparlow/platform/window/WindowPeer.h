@@ -23,7 +23,7 @@ class WindowPeer {
   WindowPeer& operator=(const WindowPeer&) = delete;
   virtual ~WindowPeer() = default;
 
-  /// The window ends: what is on the screen goes, and nothing is told any more. The surface stays as
+  /// The window ends: what is on the screen goes, and nothing is reported any more. The surface stays as
   /// long as the peer.
   virtual void End() {}
   /// The window's own pixels, as large as its client area. They stay until the next change of size.
@@ -42,7 +42,7 @@ class WindowPeer {
   virtual void SetScrollInfo(int bar, const SCROLLINFO& info) = 0;
   virtual void SetTitle(const std::string& utf8) = 0;
   /// All mouse messages go to this window, or not any more. A peer that loses the mouse by itself
-  /// tells that by CaptureLost.
+  /// reports that by CaptureLost.
   virtual void SetCapture(bool capture) = 0;
   /// From pixels of the client area to those of the screen, and back.
   virtual CPoint ToScreen(CPoint client) const = 0;
@@ -58,12 +58,12 @@ class WindowSystem {
   WindowSystem& operator=(const WindowSystem&) = delete;
   virtual ~WindowSystem() = default;
 
-  /// Makes a hidden window. The peer tells events to site, which outlives it. style: WS_*.
+  /// Makes a hidden window. The peer reports events to site, which outlives it. style: WS_*.
   virtual std::unique_ptr<WindowPeer> CreatePeer(WindowSite& site, std::uint32_t style) = 0;
 
   /// Shows a popup menu at a point of the screen until something is chosen or it is closed, and
-  /// gives the command that was chosen, or 0. Each menu that opens tells the owner first
-  /// (CMenu::TellOpening), which may change it. It closes by itself when the owner ends.
+  /// gives the command that was chosen, or 0. Each menu that opens notifies the owner first
+  /// (CMenu::NotifyOpening), which may change it. It closes by itself when the owner ends.
   virtual UINT TrackMenu(CMenu& menu, CPoint at, HWND owner) = 0;
   /// Makes a dialog, not yet shown, of the items of a template. What happens to it is sent to
   /// dialog: WM_COMMAND of a button or a check box that was clicked (IDCANCEL also when it is

@@ -10,7 +10,7 @@
 namespace sparlow {
 
 /// One window: joins its CWnd, its peer and its handle, and keeps what other threads may ask. A peer
-/// tells it what happens.
+/// notifies it.
 ///
 /// A window ends at once. What it was made of, its CWnd and its peer, is deleted when no WindowHold is
 /// left, since some of it is still at work then.
