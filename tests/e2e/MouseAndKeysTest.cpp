@@ -1,6 +1,7 @@
 // Zooms, cursors, curves and the size of the window under mouse, wheel and keys.
 
 #include <QCursor>
+#include <QMenu>
 
 #include "examples/host/TimerSource.h"
 #include "sparlow/graph/GraphColors.h"
@@ -10,9 +11,20 @@
 namespace sparlow::host {
 namespace {
 
-class MouseAndKeys : public ScreenTest {};
+class MouseAndKeys : public ScreenTest {
+ protected:
+  /// Where an item of the menu is on the screen; null while it isn't there.
+  static QPoint ItemPlace(const QString& text) {
+    const auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    for (QAction* const action : menu ? menu->actions() : QList<QAction*>()) {
+      if (action->text().section('\t', 0, 0) == text)
+        return menu->mapToGlobal(menu->actionGeometry(action).center());
+    }
+    return {};
+  }
+};
 
-TEST_F(MouseAndKeys, AZoomBoxZoomsAndLeavesNoTrace) {
+TEST_F(MouseAndKeys, ABoxTheWheelAndMenusZoomAndLeaveNoTrace) {
   RunKnownFile([this] {
     const Shown whole = Settled();
     const QImage before = Pixels();
@@ -42,8 +54,16 @@ TEST_F(MouseAndKeys, AZoomBoxZoomsAndLeavesNoTrace) {
 
     Do(To(0.5, 0.5) + "click 4");
     Await("the wheel to zoom", [&] { return Look().to - Look().from < 1600; });
-    Do("key ctrl+minus");
-    Await("all again", [&] { return Look().to == whole.to; });
+    Do("click 3");
+    Await("the menu", [] { return !ItemPlace("Zoom Out Full Graph").isNull(); });
+    Picture("6-menu");
+    Do(To(InHost([] { return ItemPlace("Zoom Out Full Graph"); })) + "sleep 0.1 click 1");
+    Await("all again", [&] { return Look().to - Look().from == whole.size; });
+
+    Do("sleep 0.3 key shift+F10");
+    Await("the menu", [] { return !ItemPlace("Zoom In").isNull(); });
+    Do("key Down key Return");
+    Await("half of them", [&] { return Look().to - Look().from <= whole.size / 2 + 1; });
     Close();
   });
 }

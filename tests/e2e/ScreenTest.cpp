@@ -17,23 +17,6 @@ namespace {
 
 constexpr int kSamples = 10001;
 
-/// Notes that a window was asked to close.
-class CloseWatch : public QObject {
- public:
-  CloseWatch(QWidget* window, std::shared_ptr<std::atomic<bool>> asked)
-      : QObject(window), asked_(std::move(asked)) {
-    window->installEventFilter(this);
-  }
-  bool eventFilter(QObject*, QEvent* event) override {
-    if (event->type() == QEvent::Close)
-      *asked_ = true;
-    return false;
-  }
-
- private:
-  std::shared_ptr<std::atomic<bool>> asked_;
-};
-
 }  // namespace
 
 void ScreenTest::Run(Sources sources, HostOptions::Job job, const Act& person, ViewKind view) {
@@ -117,17 +100,6 @@ void ScreenTest::Await(const char* what, const std::function<bool()>& holds) {
 Shown ScreenTest::Settled() {
   Await("the graph is drawn", [this] { return !Tab().View().RenderDue(); });
   return InHost([this] { return Look(); });
-}
-
-// A window manager misses a key while it takes its keys anew; only then is it pressed again.
-void ScreenTest::Close() {
-  const auto asked = std::make_shared<std::atomic<bool>>(false);
-  InHost([&] { return new CloseWatch(Widget()->window(), asked); });
-  for (int press = 0; press < 3 && !*asked; ++press) {
-    Do("key alt+F4");
-    for (int wait = 0; wait < 100 && !*asked; ++wait)
-      std::this_thread::sleep_for(std::chrono::milliseconds(20));
-  }
 }
 
 void ScreenTest::Do(const QString& commands) {

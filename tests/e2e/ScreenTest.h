@@ -68,7 +68,9 @@ class ScreenTest : public testing::Test {
   static QString To(QPoint onScreen);
   /// Draws a box from one such point to another.
   void Drag(const QString& from, const QString& to);
-  void Close();
+  void Close() {
+    InHost([this] { return Widget()->window()->close(); });
+  }
   /// What the client area of the view shows.
   QImage Pixels() {
     return InHost([this] { return Grab(); });

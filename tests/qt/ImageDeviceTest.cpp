@@ -114,15 +114,15 @@ TEST_P(ImageDeviceTest, ASecondNotXorDrawingRestoresEverything) {
     return static_cast<int>(random() % static_cast<unsigned>(2 * far)) - far;
   };
   for (int i = 0; i < 400; ++i) {
-    const int far = i % 10 == 0 ? 30000 : 70;
     const CPoint a{coordinate(70), coordinate(70)};
+    const int far = i % 10 == 0 ? 30000 : 70;
     const CPoint b{i % 3 == 0 ? a.x : coordinate(far), i % 5 == 0 ? a.y : coordinate(far)};
     const Stroke stroke{i % 5, 1 + i % 7, ink, R2_NOTXORPEN};
     const auto clip = i % 2 ? Device::Clip(CRect{5, 7, 41, 39}) : Device::Clip();
-    device.Line(a, b, stroke, clip);
-    device.Rectangle({a.x, a.y, b.x, b.y}, stroke, white, clip);
-    device.Line(b, a, stroke, clip);
-    device.Rectangle({b.x, b.y, a.x, a.y}, stroke, white, clip);
+    for (const auto& [from, to] : {std::pair{a, b}, {b, a}}) {
+      device.Line(from, to, stroke, clip);
+      device.Rectangle({from.x, from.y, to.x, to.y}, stroke, white, clip);
+    }
     ASSERT_EQ(device.Image(), before) << i;
   }
   device.Line({5, 20}, {50, 31}, {PS_SOLID, 1, 0, R2_NOTXORPEN}, {});

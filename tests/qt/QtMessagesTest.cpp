@@ -1,4 +1,3 @@
-#include <QEventLoop>
 #include <QTimer>
 #include <QWidget>
 #include <atomic>
@@ -28,35 +27,6 @@ TEST_F(QtMessagesTest, APosterThatNeverStopsStarvesNobody) {
   });
   timer.start(1);
   EXPECT_EQ(app->Exec(), 0);
-}
-
-TEST_F(QtMessagesTest, WorkersWakeAlsoALoopInsideAHandlerAndTheLastCloseEndsIt) {
-  std::vector<WPARAM> order;
-  QEventLoop inner;
-  view->onMessage = [&](UINT message, WPARAM n) {
-    if (message != WM_USER)
-      return;
-    if (n == 0)
-      inner.exec();  // ends only when the second message comes
-    else
-      inner.quit();
-    order.push_back(n);
-    if (order.size() == 3)
-      qt::WidgetOf(*view)->close();
-  };
-  testing::internal::CaptureStderr();
-  // Nothing but another thread wakes the loop.
-  std::thread worker([this] {
-    EXPECT_EQ(AfxMessageBox("no samples"), IDOK);
-    for (const WPARAM n : {0, 1, 2})
-      PostMessage(window, WM_USER, n, 0);
-  });
-  EXPECT_EQ(app->Exec(), 0);
-  worker.join();
-  EXPECT_EQ(testing::internal::GetCapturedStderr(), "qt_tests: no samples\n")
-      << "without a display";
-  ASSERT_EQ(order.size(), 3u);
-  EXPECT_EQ(order.front(), 1u);
 }
 
 TEST_F(QtMessagesTest, ABoxThatRunsALoopInAWaitForALockServesNothingElse) {

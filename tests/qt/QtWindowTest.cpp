@@ -30,20 +30,6 @@ TEST_F(QtWindowTest, AnExposeCopiesTheSurfaceAndPaintsNothing) {
   EXPECT_EQ(view->draws, 0);
 }
 
-TEST_F(QtWindowTest, AChangeOfSizeMakesANewSurfaceAndPaintsOnce) {
-  const HDC hdc = GetDC(window);
-  for (int i = 0; i < 2; ++i) {
-    qt::Resize(*view, 120, 90);
-    EXPECT_EQ(view->sizes, (std::vector<CSize>{{120, 90}}));
-    app->ProcessEvents();
-    EXPECT_EQ(view->draws, 1);
-  }
-  // A context from before goes on, on the new surface.
-  CDC(hdc).FillSolidRect({110, 80, 120, 90}, RGB(1, 2, 3));
-  EXPECT_EQ(CDC(hdc).GetPixel({115, 85}), RGB(1, 2, 3));
-  ReleaseDC(window, hdc);
-}
-
 TEST_F(QtWindowTest, AScrollBarChangesTheClientAreaBeforeTheCallReturns) {
   for (const bool shown : {true, false}) {
     view->ShowWindow(shown);

@@ -1,32 +1,12 @@
-#include "sparlow/platform/base/Synchronization.h"
-
 #include <gtest/gtest.h>
 
+#include <thread>
 #include <vector>
 
 #include "sparlow/platform/base/UiThread.h"
 
 namespace sparlow {
 namespace {
-
-TEST(Mutex, BelongsToAThreadAndCounts) {
-  CMutex mutex;
-  const auto takenElsewhere = [&mutex] {
-    bool taken = false;
-    std::thread([&] {
-      taken = mutex.TryLock();
-      mutex.Unlock();  // if it isn't its own, nothing happens
-    }).join();
-    return taken;
-  };
-  mutex.Lock();
-  mutex.Lock();
-  mutex.Unlock();
-  EXPECT_FALSE(takenElsewhere());
-  EXPECT_FALSE(takenElsewhere());
-  mutex.Unlock();
-  EXPECT_TRUE(takenElsewhere());
-}
 
 /// A window's thread whose boxes are answered by the test.
 struct BoxTest : ::testing::Test {
