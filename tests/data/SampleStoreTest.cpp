@@ -30,21 +30,6 @@ TEST(SampleStore, GrowsItsTableAndSurvivesNoMemoryForIt) {
   EXPECT_EQ(after.x(kFull), kFull);
 }
 
-TEST(SampleStore, TakesSingleBlocksWhereThereIsNoMemoryForMany) {
-  Series s;
-  constexpr unsigned n = 150 * SampleBlock::kSamples;
-  {
-    const AllocationFailure noPieces(2 * kBlockBytes, 1000 * kBlockBytes);
-    s.fillRamp(n / 2);
-  }
-  for (unsigned i = n / 2; i < n; ++i)
-    s.Add(i, i);
-  ASSERT_EQ(s.GetSize(), n);
-  for (unsigned i = 0; i < n; i += 100)
-    ASSERT_EQ(s.yGet(i), i);
-  EXPECT_LT(s.Store()->MemoryUse(), 2 * 150 * kBlockBytes) << "no piece beyond what is there";
-}
-
 TEST(SampleStore, SortingAWaveformKeepsSamplesAndFlagsTogether) {
   std::mt19937 random(21);
   Series s;

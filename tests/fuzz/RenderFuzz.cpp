@@ -39,7 +39,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     return made;
   }();
   Numbers numbers(data, size);
-  const auto shape = sparlow::test::RenderShapes<Numbers>(numbers)(20000);
+  const auto shape = sparlow::test::RenderShapes(numbers)(20000);
   const std::string difference = sparlow::test::DifferenceOfRender(view, shape);
   if (difference.empty())
     return 0;

@@ -93,7 +93,8 @@ TEST_F(CommandLine, MasksAnalysesAndAPageAreLeftByTheEnd) {
   for (const QRgb mask : {qRgb(0x00, 0xC0, 0xFF), qRgb(0xC6, 0xC6, 0x00)})
     EXPECT_GT(Count("pictures/finished.png", mask), 700) << "no line across the plot";
   QFile page(folder.filePath("page.pdf"));
-  EXPECT_TRUE(page.open(QFile::ReadOnly) && page.readAll().startsWith("%PDF"));
+  EXPECT_TRUE(page.open(QFile::ReadOnly));
+  EXPECT_TRUE(page.readAll().startsWith("%PDF"));
   Expect({"noise", "--analyse", "histogram", "--pdf", "noise/page.pdf", "--pictures", "two"}, 1,
          "sparlow-host: noise/page.pdf: the page can't be printed\n");
   EXPECT_EQ(Pictures("two"), "finished-1.png finished-2.png");

@@ -16,7 +16,6 @@ namespace {
 using test::TestWindows;
 
 constexpr UINT WM_NUMBER = WM_USER + 1;
-constexpr UINT WM_END = WM_USER + 2;
 
 /// Writes down what reaches it.
 class NotedView : public CView {
@@ -32,8 +31,6 @@ class NotedView : public CView {
   std::function<void()> onPaint;
 
   LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
-    if (message == WM_END)
-      return DestroyWindow();
     if (message == WM_NUMBER) {
       numbers->push_back(static_cast<int>(wParam));
       return 2 * static_cast<LRESULT>(wParam);
@@ -92,8 +89,8 @@ TEST_F(WindowTest, AMarkInAPaintMakesAnotherAndWhatWaitsGoesWithTheWindow) {
   MessageQueue::Serve();
   EXPECT_EQ(view->paints, 1);
   EXPECT_TRUE(TestWindows::PumpUntil([this] { return view->paints == 2; }));
-  PostMessage(handle, WM_END, 0, 0);
   PostMessage(handle, WM_NUMBER, 2, 0);
+  view->DestroyWindow();
   TestWindows::Pump();
   EXPECT_TRUE(deleted);
   EXPECT_TRUE(numbers.empty());

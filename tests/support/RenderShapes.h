@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <functional>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -20,43 +22,46 @@ struct RenderShape {
   unsigned part = 0;  ///< is rendered first, up to this sample; 0 is all of it
 };
 
-/// Makes shapes of up to `most` samples from a stream of 32-bit numbers: even and uneven steps of x,
+/// Makes a random shape of up to `most` samples: even and uneven steps of x,
 /// equal x, gaps, bursts, x out of order; noise, steps, constants, powers of ten, 0 and less on
 /// logarithmic axes; plots of few and of many pixels, far off and turned round.
-template <class Numbers>
 class RenderShapes {
  public:
-  explicit RenderShapes(Numbers& numbers) : next_(numbers) {}
+  explicit RenderShapes(unsigned seed)
+      : next([engine = std::mt19937(seed)]() mutable {
+          return static_cast<std::uint32_t>(engine());
+        }) {}
+  explicit RenderShapes(std::function<std::uint32_t()> numbers) : next(std::move(numbers)) {}
 
   RenderShape operator()(std::size_t most) {
     RenderShape shape;
-    const std::size_t count = 1 + next_() % most;
-    const unsigned steps = next_() % 6, values = next_() % 7;
-    const double size = std::pow(10.0, static_cast<int>(next_() % 13) - 6);
-    double x = next_() % 2 ? 0.0 : unit() * 1e3 * size, y = 0.0;
+    const std::size_t count = 1 + next() % most;
+    const unsigned steps = next() % 6, values = next() % 7;
+    const double size = std::pow(10.0, static_cast<int>(next() % 13) - 6);
+    double x = next() % 2 ? 0.0 : unit() * 1e3 * size, y = 0.0;
     for (std::size_t i = 0; i < count; ++i) {
       x += size * step(steps);
       y = value(values, y);
       shape.samples.push_back({x, y});
     }
-    for (unsigned i = next_() % 4; i > 0; --i)
-      shape.overwritten.push_back(static_cast<unsigned>(next_() % count));
-    shape.from = next_() % 2 ? 0 : static_cast<unsigned>(next_() % count);
-    shape.end = next_() % 2
-                    ? static_cast<unsigned>(count)
-                    : shape.from + static_cast<unsigned>(next_() % (count - shape.from)) + 1;
-    if (next_() % 4 == 0)
-      shape.part = shape.from + static_cast<unsigned>(next_() % (shape.end - shape.from)) + 1;
+    for (unsigned i = next() % 4; i > 0; --i)
+      shape.overwritten.push_back(static_cast<unsigned>(next() % count));
+    shape.from = next() % 2 ? 0 : static_cast<unsigned>(next() % count);
+    shape.end = next() % 2 ? static_cast<unsigned>(count)
+                           : shape.from + static_cast<unsigned>(next() % (count - shape.from)) + 1;
+    if (next() % 4 == 0)
+      shape.part = shape.from + static_cast<unsigned>(next() % (shape.end - shape.from)) + 1;
     setAxis(shape, values);
     return shape;
   }
 
  private:
-  double unit() { return next_() / 4294967296.0; }
+  const std::function<std::uint32_t()> next;
+  double unit() { return next() / 4294967296.0; }
 
   double step(unsigned kind) {
     const double u = unit();
-    const bool seldom = next_() % 200 == 0;
+    const bool seldom = next() % 200 == 0;
     const double steps[] = {
         1.0,
         u,
@@ -73,16 +78,16 @@ class RenderShapes {
       case 0:
         return before + unit() - 0.5;
       case 1:
-        return next_() % 1000 == 0 ? 1e6 * unit() : unit();
+        return next() % 1000 == 0 ? 1e6 * unit() : unit();
       case 2:
         return 1.0;
       case 3:  // right on the lines of a logarithmic grid
-        return std::pow(10.0, static_cast<int>(next_() % 5) - 2);
+        return std::pow(10.0, static_cast<int>(next() % 5) - 2);
       case 4:  // a last digit apart
-        return std::nextafter(100.0, next_() % 2 ? 0.0 : 1e9);
+        return std::nextafter(100.0, next() % 2 ? 0.0 : 1e9);
       case 5: {
         const double odd[] = {0.0, -1.0, 1e300, -1e300, 5e-324, 1e9 * unit()};
-        return next_() % 100 == 0 ? odd[next_() % 6] : 1.0 + unit();
+        return next() % 100 == 0 ? odd[next() % 6] : 1.0 + unit();
       }
       default:
         return std::exp(10.0 * unit());
@@ -95,24 +100,22 @@ class RenderShapes {
         std::minmax_element(shape.samples.begin(), shape.samples.end(),
                             [](const Sample& a, const Sample& b) { return a.y < b.y; });
     const Sample &a = shape.samples[shape.from], &b = shape.samples[shape.end - 1];
-    axis.ver.log = values >= 3 ? next_() % 3 != 0 : next_() % 8 == 0;
-    axis.hor.log = next_() % 16 == 0;
-    const unsigned place = next_() % 8;
+    axis.ver.log = values >= 3 ? next() % 3 != 0 : next() % 8 == 0;
+    axis.hor.log = next() % 16 == 0;
+    const unsigned place = next() % 8;
     if (place == 0)  // zoomed, or turned round
       axis.SetRange(unit(), unit(), a.x + unit() * (b.x - a.x), a.x + unit() * (b.x - a.x));
     else if (place == 1)  // far off
       axis.SetRange(1e12, 1e12 + 1.0, -1e15, -1e15 + 1.0);
     else
       axis.SetRange(axis.ver.log ? std::max(low->y, 1e-3) : low->y, high->y, a.x, b.x);
-    axis.hor.SetScale(next_() % 4 ? 1 + next_() % 10 : 1 + next_() % 30000);
-    axis.ver.SetScale(1 + next_() % 600);
-    if (next_() % 64 == 0)
-      axis.hor.scale = next_() % 2 ? 0.0 : -axis.hor.scale;
-    if (next_() % 64 == 0)
-      axis.ver.scale = next_() % 2 ? 0.0 : -axis.ver.scale;
+    axis.hor.SetScale(next() % 4 ? 1 + next() % 10 : 1 + next() % 30000);
+    axis.ver.SetScale(1 + next() % 600);
+    if (next() % 64 == 0)
+      axis.hor.scale = next() % 2 ? 0.0 : -axis.hor.scale;
+    if (next() % 64 == 0)
+      axis.ver.scale = next() % 2 ? 0.0 : -axis.ver.scale;
   }
-
-  Numbers& next_;
 };
 
 /// Renders a shape, first up to some sample of it in full and then the rest, and compares what comes

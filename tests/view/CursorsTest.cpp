@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <climits>
-#include <limits>
 #include <tuple>
 
 #include "tests/view/View.h"
@@ -107,25 +106,7 @@ TEST_F(DataCursors, MoveOnAnAutomaticAxis) {
   EXPECT_EQ(placed(false), (Placed{false, 100, 199}));
 }
 
-TEST_F(DataCursors, StayInAFixedRange) {
-  hor.autoRange = false;
-  hor.fixedMin = 199;  // samples 100 to 400
-  hor.fixedMax = 801;
-  show(100, 401);
-  EXPECT_EQ(moved({150, 350}, INT_MIN, INT_MAX), (Placed{false, 100, 400}));
-  EXPECT_EQ(moved({150, 350}, -7, 7), (Placed{false, 143, 357}));
-  EXPECT_EQ(moved({99, 401}, 5, -5), (Placed{false, 99, 401})) << "outside";
-  hor.fixedMax = std::numeric_limits<double>::infinity();
-  EXPECT_EQ(moved({150, 350}, 5, 5), (Placed{false, 150, 350})) << "no range";
-}
-
-TEST_F(DataCursors, GiveTheirSamplesAndNothingWhereThereIsNone) {
-  at({10, 20});
-  EXPECT_EQ(view.dnCursorGet(), 11);
-  EXPECT_EQ((std::pair{view.xLCursorGet(), view.yLCursorGet()}), (std::pair{20.0, -10.0}));
-  EXPECT_EQ((std::pair{view.xRCursorGet(), view.yRCursorGet()}), (std::pair{40.0, -20.0}));
-  EXPECT_EQ((Cursors{view.xLCursorPosGet(&axis), view.yLCursorPosGet(&axis)}), (Cursors{20, 10}));
-  EXPECT_EQ((Cursors{view.xRCursorPosGet(&axis), view.yRCursorPosGet(&axis)}), (Cursors{40, 20}));
+TEST_F(DataCursors, AreNothingWhereThereIsNoSample) {
   for (const int nowhere : {-1, INT_MIN, 1000, INT_MAX}) {
     at({nowhere, nowhere});
     EXPECT_EQ(view.xLCursorGet(), 0);

@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <random>
 #include <string>
 
 #include "tests/support/Asked.h"
@@ -10,19 +9,12 @@
 namespace sparlow::test {
 namespace {
 
-struct Random {
-  explicit Random(unsigned seed) : engine(seed) {}
-  std::uint32_t operator()() { return static_cast<std::uint32_t>(engine()); }
-  std::mt19937 engine;
-};
-
 TEST(DenseRender, GivesTheColumnsOfThePlainFoldOverManyShapes) {
   Live<ViewData> view;
   for (unsigned seed = 1; seed <= Asked("SPARLOW_SHAPES", 4000); ++seed) {
-    Random random(seed);
     // One in forty reaches over several blocks.
     const std::string difference =
-        DifferenceOfRender(view, RenderShapes<Random>(random)(seed % 40 == 0 ? 60000 : 1500));
+        DifferenceOfRender(view, RenderShapes(seed)(seed % 40 == 0 ? 60000 : 1500));
     ASSERT_EQ(difference, "") << "seed " << seed;
   }
 }

@@ -51,7 +51,10 @@ TEST_F(Drawing, ADenseCurveHasAStrokeAndAPieceAColumnWhateverTheStyle) {
   }
 }
 
-TEST_F(Drawing, ASparseCurveFollowsTheStyle) {
+TEST_F(Drawing, ASparseCurveFollowsTheStyleAndGivesThePenBack) {
+  EXPECT_EQ(draw(), Calls{});  // no columns yet
+  const CPen before(PS_DOT, 3, 0x00FF00);
+  dc.SelectObject(&before);
   render({{10, 10}, {20, 20}});
   EXPECT_EQ(draw(), (Calls{line("10,10 10,10"), line("10,10 20,20")}));
   ViewData::SetDrawStyle(0, 1);
@@ -60,21 +63,7 @@ TEST_F(Drawing, ASparseCurveFollowsTheStyle) {
   ViewData::SetDrawStyle(2, 1);
   EXPECT_EQ(draw(true), (Calls{line("10,10 10,10", 2), "FillRect 8,8 13,13 color 0x0000FF",
                                line("10,10 20,20", 2), "FillRect 18,18 23,23 color 0x0000FF"}));
-}
-
-TEST_F(Drawing, TakesItsWidthFromTheLogicalPixelAndGivesThePenBack) {
-  EXPECT_EQ(draw(), Calls{});  // no columns yet
-  const CPen before(PS_DOT, 3, 0x00FF00);
-  dc.SelectObject(&before);
-  render({{10, 10}});
-  LogicalPixel::LogPixelSize = 7u;
-  EXPECT_EQ(draw()[0], line("10,10 10,10", 7));
-  EXPECT_EQ(draw(true)[0], line("10,10 10,10", 14));
   EXPECT_EQ(context.pen, &before);
-  drawWaveform();
-  EXPECT_EQ(context.pen, &before);
-  view.Draw(nullptr, 0, false);
-  view.DrawWaveform(nullptr, 0, 0);
 }
 
 TEST_F(Drawing, AnEdgeLeansAsItsFlagSays) {

@@ -49,32 +49,6 @@ TEST_F(Render, BeginsAnewWhenItsColumnsWereForSomethingElse) {
   }
 }
 
-TEST_F(Render, StopsWhenItIsTold) {
-  for (const bool byEvent : {true, false}) {
-    view.fill({{1, 1}, {2, 2}, {3, 3}});
-    render(true);
-    if (byEvent)
-      SetEvent(view.terminator);
-    else
-      view.renderStop = true;
-    EXPECT_FALSE(render(true));
-    EXPECT_FALSE(view.CanContinueRender(axis));
-    EXPECT_FALSE(render(false)) << "half-written columns ask for a full render";
-    EXPECT_EQ(view.IsAborted(), byEvent);
-    EXPECT_EQ(view.renderStop, !byEvent) << "who asked takes it back";
-    ResetEvent(view.terminator);
-    view.renderStop = false;
-    EXPECT_TRUE(render(true));
-    // Going on is short and isn't stopped.
-    SetEvent(view.terminator);
-    view.add({{4, 4}});
-    view.SetTo(4);
-    EXPECT_TRUE(render(false));
-    EXPECT_EQ(view.nColumns, 4u);
-    ResetEvent(view.terminator);
-  }
-}
-
 TEST_F(Render, OfAnEmptyIntervalShowsTheSampleAtItsStart) {
   view.fill({{1, 1}, {2, 2}, {3, 3}});
   view.SetFrom(1);
