@@ -65,6 +65,8 @@ TEST(GraphAxisTest, AMarginGoesToAnAutomaticVerticalAxisOnly) {
     EXPECT_DOUBLE_EQ(axis.ver.min, c.withMarginMin);
     EXPECT_DOUBLE_EQ(axis.ver.max, c.withMarginMax);
     EXPECT_DOUBLE_EQ(axis.hor.max, 10.0);
+    axis.Reset();
+    EXPECT_EQ(axis.ver.max, AxisData().max);
   }
 }
 

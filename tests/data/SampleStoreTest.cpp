@@ -9,7 +9,6 @@
 namespace sparlow::test {
 namespace {
 
-constexpr std::size_t kBlockBytes = sizeof(SampleBlock);
 constexpr std::size_t kTableBytes = SampleStore::kFirstTableSize * sizeof(BlockEntry);
 
 TEST(SampleStore, GrowsItsTableAndSurvivesNoMemoryForIt) {

@@ -34,6 +34,7 @@ TEST(SourceData, IsHarmlessBeforeInitAndAfterTerm) {
     s.Set(0, 1, 1);
     s.Term();
     s.Init(name);
+    EXPECT_EQ(s.GetSize(), 0u);
     s.Add(1, 1);
     EXPECT_EQ(s.GetSize(), 1u);
     s.Term();

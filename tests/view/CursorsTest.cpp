@@ -95,6 +95,7 @@ TEST_F(DataCursors, MoveOnAnAutomaticAxis) {
       {{100, 200}, {105, 150}, -10, 0, {true, 90, 189}, {90, 190}},
       {{100, 200}, {105, 150}, INT_MIN, 0, {true, 0, 99}, {0, 100}},
       {{100, 200}, {50, 300}, -10, 10, {false, 40, 310}, {100, 200}},
+      {{100, 200}, {105, 200}, 0, 1, {false, 105, 201}, {100, 200}},
   };
   for (const auto& each : cases) {
     SCOPED_TRACE(&each - cases);
