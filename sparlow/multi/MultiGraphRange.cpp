@@ -1,4 +1,4 @@
-// What several series on one pair of axes show: their intervals, the range of the axes, the columns.
+// What several series on one pair of axes show: their intervals and the range of the axes.
 
 #include <algorithm>
 #include <cmath>
@@ -77,32 +77,6 @@ void MultiGraph::ResetInterval() {
 void MultiGraph::zoomOutFullSecondary() {
   for (ViewData* const data : viewDataList)
     data->ZoomOutFull(&axis->hor);
-}
-
-bool MultiGraph::RenderSecondaryGraphs() {
-  return renderList(Snapshot(viewDataList), true);
-}
-
-bool MultiGraph::renderList(const SourceDataList& list, bool followAxis) {
-  const ViewData* const primary = activeViewData;
-  return std::all_of(list.begin(), list.end(), [&](ViewData* data) {
-    return data == primary || !data->Valid() || renderBeside(*data, followAxis);
-  });
-}
-
-void MultiGraph::DrawSecondaryGraphs(CDC* dc) {
-  DrawList(dc, viewDataList);
-}
-
-void MultiGraph::DrawList(CDC* dc, const SourceDataList& list) {
-  for (const ViewData* const data : list) {
-    if (data != activeViewData)
-      data->Draw(dc, layout.Height(), false);
-  }
-}
-
-void MultiGraph::DrawPrimaryGraph(CDC* dc) {
-  activeViewData.load()->Draw(dc, layout.Height(), IsMultiple());
 }
 
 }  // namespace sparlow
