@@ -3,6 +3,7 @@
 #include <thread>
 #include <vector>
 
+#include "sparlow/platform/base/Synchronization.h"
 #include "sparlow/platform/base/UiThread.h"
 
 namespace sparlow {
@@ -11,7 +12,7 @@ namespace {
 /// A window's thread whose boxes are answered by the test.
 struct BoxTest : ::testing::Test {
   BoxTest() {
-    UiThread::Attach([] {});
+    UiThread::Attach([this] { ++wakes; });
     UiThread::SetBoxHandler([this](const BoxRequest& box) {
       EXPECT_TRUE(UiThread::IsCurrent());
       EXPECT_EQ(++open, 1) << "one box at a time";
@@ -27,7 +28,21 @@ struct BoxTest : ::testing::Test {
   std::vector<std::string> shown;
   std::function<void()> during;
   int open = 0;
+  std::atomic<int> wakes{0};
 };
+
+TEST_F(BoxTest, AWorkerThatHoldsALockGetsItsBoxWhileTheWindowsThreadWaitsForThatLock) {
+  CMutex mutex;
+  int answer = 0;
+  const std::jthread worker([&] {
+    const CSingleLock lock(&mutex);
+    answer = AfxMessageBox("Too large");
+  });
+  while (wakes == 0)
+    std::this_thread::yield();
+  const CSingleLock lock(&mutex);
+  EXPECT_EQ(answer, 7);
+}
 
 TEST_F(BoxTest, BoxesOfWorkersWaitForOneThatIsOpen) {
   std::atomic<int> answered{0};
