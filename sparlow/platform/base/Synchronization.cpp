@@ -24,6 +24,21 @@ void WaitServingBoxes(std::unique_lock<std::mutex>& lock, std::condition_variabl
   }
 }
 
+namespace {
+
+/// Threads that wait for any CMutex: to notify costs a lock of the condition's own, and mostly nobody
+/// waits. Each counts itself under the state of the mutex that it waits for.
+std::atomic<int> waiting{0};
+
+struct Waiting {
+  Waiting() { ++waiting; }
+  ~Waiting() { --waiting; }
+  Waiting(const Waiting&) = delete;
+  Waiting& operator=(const Waiting&) = delete;
+};
+
+}  // namespace
+
 void CMutex::take(std::thread::id thread) {
   owner_ = thread;
   ++depth_;
@@ -32,16 +47,21 @@ void CMutex::take(std::thread::id thread) {
 void CMutex::Lock() {
   const std::thread::id self = std::this_thread::get_id();
   std::unique_lock guard(state_);
-  if (!freeFor(self))
+  if (!freeFor(self)) {
+    const Waiting counted;
     WaitServingBoxes(guard, freed_, [this, self] { return freeFor(self); });
+  }
   take(self);
 }
 
 bool CMutex::Lock(const std::stop_token& stop) {
   const std::thread::id self = std::this_thread::get_id();
   std::unique_lock guard(state_);
-  if (!freed_.wait(guard, stop, [this, self] { return freeFor(self); }))
-    return false;
+  if (!freeFor(self)) {
+    const Waiting counted;
+    if (!freed_.wait(guard, stop, [this, self] { return freeFor(self); }))
+      return false;
+  }
   take(self);
   return true;
 }
@@ -63,7 +83,8 @@ void CMutex::Unlock() {
   if (--depth_ == 0) {
     owner_ = {};
     // One that is told to stop just now would keep the notification from another one.
-    freed_.notify_all();
+    if (waiting != 0)
+      freed_.notify_all();
   }
 }
 
