@@ -5,7 +5,6 @@
 
 #include "sparlow/data/DataLock.h"
 #include "sparlow/graph/GraphParts.h"
-#include "sparlow/platform/base/ErrorBox.h"
 #include "sparlow/platform/base/UiThread.h"
 #include "sparlow/platform/window/WindowSite.h"
 #include "sparlow/platform/window/Windows.h"

@@ -12,8 +12,6 @@
 
 namespace sparlow {
 
-class CMutex;
-class Event;
 class ViewData;
 
 /// The renders of one graph: whether one is due, the one worker that does them, and the turns that

@@ -44,20 +44,10 @@ void SeriesLeases::Readmit(ViewData* series) {
   std::erase(withdrawn_, series);
 }
 
-bool SeriesLeases::UsedElsewhere(const ViewData* series) const {
-  const std::lock_guard guard(lock_);
-  return usedElsewhere(series);
-}
-
 bool SeriesLeases::usedElsewhere(const ViewData* series) const {
   return std::any_of(used_.begin(), used_.end(), [&](const Entry& use) {
-    return (!series || use.series == series) && use.thread != std::this_thread::get_id();
+    return use.series == series && use.thread != std::this_thread::get_id();
   });
-}
-
-void SeriesLeases::WaitUntilIdle() {
-  std::unique_lock guard(lock_);
-  WaitServingBoxes(guard, changed_, [&] { return !usedElsewhere(nullptr); });
 }
 
 std::vector<ViewData*> SeriesLeases::Close() {

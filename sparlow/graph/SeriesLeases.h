@@ -45,18 +45,14 @@ class SeriesLeases {
   void Withdraw(ViewData* series);
   /// Takes it back.
   void Readmit(ViewData* series);
-  /// Another thread uses the series.
-  bool UsedElsewhere(const ViewData* series) const;
-  /// Waits until no other thread uses any series; message boxes are served meanwhile.
-  void WaitUntilIdle();
   /// No use begins any more, and who is at work is asked to end. The series that are in use, with
   /// those that were taken out of the graph meanwhile.
   std::vector<ViewData*> Close();
 
  private:
-  bool usedElsewhere(const ViewData* series) const;  // null: any; lock_ held
+  bool usedElsewhere(const ViewData* series) const;  // lock_ held
 
-  mutable std::mutex lock_;
+  std::mutex lock_;
   std::condition_variable_any changed_;
   // Guarded by lock_.
   bool closed_ = false;

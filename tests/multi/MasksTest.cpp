@@ -11,13 +11,16 @@ TEST_F(MasksTest, ANewMaskIsCalculatedOnceAndAFailureHindersNoOther) {
   fails.end = Doubled::fails;
   throws.end = Doubled::throws;
   Analyze(true);
-  EXPECT_TRUE(Paint(false) && updates == 0) << "nothing was calculated";
+  EXPECT_TRUE(Paint(false));
+  EXPECT_EQ(updates, 0) << "nothing was calculated";
   throws.Reset();  // else half a result counts
   Doubled& mask = AddDoubled("Mask");
   StayAt(mask, true);
   Analyze(true);
   mask.end = Doubled::succeeds;
-  EXPECT_TRUE(Paint(false) && updates > 0 && Draws(mask, 1));
+  EXPECT_TRUE(Paint(false));
+  EXPECT_GT(updates, 0);
+  EXPECT_TRUE(Draws(mask, 1));
   EXPECT_TRUE(fails.runs == 1 && throws.runs == 2 && mask.runs == 1);
   EXPECT_FALSE(Multi().AnalyzeEachNewMask()) << "none is new";
   view->afterMessage = nullptr;
