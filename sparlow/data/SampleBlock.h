@@ -116,4 +116,16 @@ struct SampleBlock {
   void summarizeGroup(unsigned group);
 };
 
+/// A block in the table of its store, with the exact y range of all its samples once it is full:
+/// the ranges of many blocks lie side by side, while each block lies far from the next.
+/// Threads: as SampleBlock.
+struct BlockEntry {
+  SampleBlock* block = nullptr;
+  CopyableAtomic<double> low = SampleBlock::kNoMin;
+  CopyableAtomic<double> high = SampleBlock::kNoMax;
+  /// yMin and yMax of the block once it is full.
+  CopyableAtomic<double> addedLow = SampleBlock::kNoMin;
+  CopyableAtomic<double> addedHigh = SampleBlock::kNoMax;
+};
+
 }  // namespace sparlow

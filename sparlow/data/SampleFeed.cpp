@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "sparlow/data/DataLock.h"
+#include "sparlow/data/SampleSpan.h"
 
 namespace sparlow {
 

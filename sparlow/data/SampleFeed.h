@@ -13,6 +13,7 @@
 namespace sparlow {
 
 class CMutex;
+struct SampleSpan;
 
 /// Samples that were offered to a series and not taken.
 /// Threads: a value; any thread, each with its own.

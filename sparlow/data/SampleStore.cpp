@@ -2,11 +2,10 @@
 
 #include <algorithm>
 #include <cmath>
-#include <new>
-#include <utility>
 
-#include "sparlow/data/Error.h"
+#include "sparlow/data/BlockTable.h"
 #include "sparlow/data/Finite.h"
+#include "sparlow/data/SampleSpan.h"
 
 namespace sparlow {
 
@@ -19,130 +18,37 @@ std::uint64_t nextSerial() {
 
 }  // namespace
 
-// The samples stay as memory gives them: nobody reads what isn't counted.
-SampleBlock::SampleBlock(bool withSlopes)
-    : slope(withSlopes ? std::make_unique<std::uint8_t[]>(kSamples) : nullptr) {}
-
-void SampleBlock::Set(unsigned place, double newX, double newY, bool newSlope, unsigned count) {
-  put(place, newX, newY, newSlope);
-  const unsigned run = place >> kRunShift, group = place >> kGroupShift;
-  if ((run + 1) << kRunShift <= count)
-    summarizeRun(run);
-  if ((group + 1) << kGroupShift <= count)
-    summarizeGroup(group);
-}
-
-void SampleBlock::SortByX(unsigned count) {
-  for (unsigned i = 0; i < count; ++i) {
-    // Read plainly, by the thread that writes: an atomic read in such a loop takes five times as long.
-    unsigned smallest = i;
-    for (unsigned k = i + 1; k < count; ++k)
-      if (x[k] < x[smallest])
-        smallest = k;
-    if (smallest == i)
-      continue;
-    const double oldX = xAt(i), oldY = yAt(i);
-    const bool oldSlope = slopeAt(i);
-    put(i, xAt(smallest), yAt(smallest), slopeAt(smallest));
-    put(smallest, oldX, oldY, oldSlope);
-  }
-  for (unsigned end = kRunSamples; end <= count; end += kRunSamples)
-    FinishRun(end);
-}
-
-void SampleBlock::FinishRun(unsigned end) {
-  summarizeRun((end - 1) >> kRunShift);
-  if (end % kGroupSamples == 0)
-    summarizeGroup((end - 1) >> kGroupShift);
-}
-
-void SampleBlock::FinishRun(unsigned end, const YRange& range) {
-  const unsigned run = (end - 1) >> kRunShift;
-  runMin[run].setRelaxed(range.low);
-  runMax[run].setRelaxed(range.high);
-  if (end % kGroupSamples == 0)
-    summarizeGroup((end - 1) >> kGroupShift);
-}
-
-// By the thread that writes, so that its samples need no atomic reads. In lanes that don't wait for
-// one another.
-void SampleBlock::summarizeRun(unsigned run) {
-  constexpr unsigned lanes = 4;
-  const double* const ys = y + (run << kRunShift);
-  YRange ranges[lanes];
-  for (unsigned i = 0; i < kRunSamples; i += lanes)
-    for (unsigned lane = 0; lane < lanes; ++lane)
-      ranges[lane].Include(ys[i + lane]);
-  for (unsigned lane = 1; lane < lanes; ++lane)
-    ranges[0].Include(ranges[lane]);
-  runMin[run].setRelaxed(ranges[0].low);
-  runMax[run].setRelaxed(ranges[0].high);
-}
-
-void SampleBlock::summarizeGroup(unsigned group) {
-  constexpr unsigned runs = kGroupSamples / kRunSamples;
-  YRange range;
-  for (unsigned run = group * runs; run < (group + 1) * runs; ++run)
-    range.Include(RunRange(run));
-  groupMin[group].setRelaxed(range.low);
-  groupMax[group].setRelaxed(range.high);
-}
-
-YRange SampleBlock::RangeOfGroups() const {
-  YRange range;
-  for (unsigned group = 0; group < kGroups; ++group)
-    range.Include(GroupRange(group));
-  return range;
-}
-
 SampleStore::SampleStore(bool waveform, unsigned limit)
     : serial_(nextSerial()),
       waveform_(waveform),
       limit_(waveform ? std::min(limit, SampleBlock::kSamples) : limit),
-      newest_(makeTable(kFirstTableSize)) {
-  enter(memory_.Take(), waveform);
-  entries_.store(newest_->entries.get());
+      blocks_(std::make_unique<BlockTable>()) {
+  open(blocks_->Grow(waveform));
 }
 
-SampleStore::~SampleStore() {
-  for (unsigned b = 0; b < nBlocks_; ++b)
-    std::destroy_at(newest_->entries[b].block);
+SampleStore::~SampleStore() = default;
+
+void SampleStore::Grow() {
+  open(blocks_->Grow(false));
 }
 
-std::unique_ptr<SampleStore::Table> SampleStore::makeTable(unsigned size) {
-  try {
-    return std::make_unique<Table>(size);
-  } catch (const std::bad_alloc&) {
-    throw Error(Error::kNoTableMemory);
-  }
-}
-
-void SampleStore::enter(void* memory, bool withSlopes) {
-  lastBlock_ = new (memory) SampleBlock(withSlopes);
+void SampleStore::open(SampleBlock* block) {
+  entries_.store(blocks_->Entries());
+  lastBlock_ = block;
   lastRange_ = {};
-  newest_->entries[nBlocks_++].block = lastBlock_;
   appendEnd_ = std::min(nCapacity(), limit_);
 }
 
-void SampleStore::Grow() {
-  std::unique_ptr<Table> table = TableFull() ? makeTable(2 * newest_->size) : nullptr;
-  void* const block = memory_.Take();
-  if (table) {
-    std::copy_n(newest_->entries.get(), nBlocks_, table->entries.get());
-    table->older = std::move(newest_);
-    newest_ = std::move(table);
-    entries_.store(newest_->entries.get());
-  }
-  enter(block, false);
+unsigned SampleStore::nBlocksMax() const {
+  return blocks_->Room();
+}
+
+unsigned SampleStore::iLastBlock() const {
+  return blocks_->Count() - 1;
 }
 
 std::size_t SampleStore::MemoryUse() const {
-  std::size_t bytes = sizeof(*this) + memory_.Bytes();
-  if (waveform_)
-    bytes += SampleBlock::kSamples;
-  for (const Table* table = newest_.get(); table; table = table->older.get())
-    bytes += sizeof(*table) + table->size * sizeof(BlockEntry);
-  return bytes;
+  return sizeof(*this) + blocks_->Bytes() + (waveform_ ? SampleBlock::kSamples : 0);
 }
 
 namespace {
@@ -229,7 +135,7 @@ Appended SampleStore::Append(const SampleSpan& samples, std::size_t begin) {
     place += count;
   }
   if (place == SampleBlock::kSamples)
-    finishBlock(newest_->entries[size >> SampleBlock::kShift]);
+    finishBlock(entries_.relaxed()[size >> SampleBlock::kShift]);
   size_.store(size + (place - start));
   return all;
 }
@@ -249,7 +155,7 @@ void SampleStore::takeRun(unsigned place, unsigned count, const YRange& range) {
 }
 
 void SampleStore::finishRun(unsigned end) {
-  BlockEntry& entry = newest_->entries[(end - 1) >> SampleBlock::kShift];
+  BlockEntry& entry = entries_.relaxed()[(end - 1) >> SampleBlock::kShift];
   const unsigned place = ((end - 1) & SampleBlock::kMask) + 1;
   entry.block->FinishRun(place);
   if (place == SampleBlock::kSamples)
@@ -257,7 +163,7 @@ void SampleStore::finishRun(unsigned end) {
 }
 
 void SampleStore::Set(unsigned sample, double x, double y, bool slope) {
-  BlockEntry& entry = newest_->entries[sample >> SampleBlock::kShift];
+  BlockEntry& entry = entries_.relaxed()[sample >> SampleBlock::kShift];
   const unsigned first = sample & ~SampleBlock::kMask;
   const unsigned count = std::min(size_.relaxed() - first, SampleBlock::kSamples);
   entry.block->Set(sample - first, x, y, slope, count);
@@ -289,9 +195,9 @@ bool SampleStore::ordered(unsigned sample) const {
 
 void SampleStore::SortFirstBlock() {
   const unsigned size = size_.relaxed();
-  newest_->entries[0].block->SortByX(std::min(size, SampleBlock::kSamples));
+  entries_.relaxed()[0].block->SortByX(std::min(size, SampleBlock::kSamples));
   ++changes_;
-  if (size == 0 || nBlocks_ > 1)
+  if (size == 0 || iLastBlock() > 0)
     return;
   lastX_ = x(size - 1);
   ascending_.setRelaxed(true);

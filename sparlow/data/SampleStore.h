@@ -1,60 +1,17 @@
 #pragma once
 
-#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
-#include <span>
 
-#include "sparlow/data/BlockMemory.h"
 #include "sparlow/data/SampleBlock.h"
 #include "sparlow/platform/base/CopyableAtomic.h"
 
 namespace sparlow {
 
-/// The samples of one appending call; x given, or evenly spaced where xs is null.
-/// Threads: a value; any thread, each with its own.
-struct SampleSpan {
-  const double* xs;
-  double firstX;
-  double stepX;
-  std::span<const double> ys;
-
-  double x(std::size_t i) const { return xs ? xs[i] : firstX + Number(i) * stepX; }
-  double y(std::size_t i) const { return ys[i]; }
-  /// Copies samples from one on. The numbers of samples are exact in a double, and so are sums.
-  void CopyTo(double* toX, double* toY, std::size_t begin, unsigned count) const {
-    const double first = Number(begin);
-    for (unsigned i = 0; i < count; ++i)
-      toX[i] = xs ? xs[begin + i] : firstX + (first + static_cast<int>(i)) * stepX;
-    std::copy_n(ys.data() + begin, count, toY);
-  }
-  /// Of a signed number: a conversion in one instruction.
-  static double Number(std::size_t i) {
-    return static_cast<double>(static_cast<std::ptrdiff_t>(i));
-  }
-};
-
-/// What was appended in one go: how many samples of the span were looked at, and the bounds of those
-/// that were taken, low above high if there are none.
-/// Threads: a value.
-struct Appended {
-  std::size_t end;
-  YRange x;
-  YRange y;
-};
-
-/// A block in the table of its store, with the exact y range of all its samples once it is full:
-/// the ranges of many blocks lie side by side, while each block lies far from the next.
-/// Threads: as SampleBlock.
-struct BlockEntry {
-  SampleBlock* block = nullptr;
-  CopyableAtomic<double> low = SampleBlock::kNoMin;
-  CopyableAtomic<double> high = SampleBlock::kNoMax;
-  /// yMin and yMax of the block once it is full.
-  CopyableAtomic<double> addedLow = SampleBlock::kNoMin;
-  CopyableAtomic<double> addedHigh = SampleBlock::kNoMax;
-};
+class BlockTable;
+struct Appended;
+struct SampleSpan;
 
 /// The samples of one data set, in blocks that live as long as anybody holds the store. A series
 /// that starts a new data set takes a new store and leaves the old one to its readers.
@@ -65,7 +22,6 @@ class SampleStore {
  public:
   /// Indices of samples are ints wherever cursors and scroll bars count in them.
   static constexpr unsigned kMaxSamples = 0x7FFFFFFF;
-  static constexpr unsigned kFirstTableSize = 1024;
 
   /// With its first block. limit is the number of samples beyond which none are taken. Throws Error
   /// with code 0xFF04 when there is no memory for the block table, std::bad_alloc for the rest.
@@ -97,8 +53,8 @@ class SampleStore {
 
   /// @name Capacity
   unsigned nCapacity() const { return (iLastBlock() + 1) << SampleBlock::kShift; }
-  unsigned nBlocksMax() const { return newest_->size; }
-  unsigned iLastBlock() const { return nBlocks_ - 1; }
+  unsigned nBlocksMax() const;
+  unsigned iLastBlock() const;
   /// Bytes that the store takes: samples, their ranges, tables. The feeding thread's to ask.
   std::size_t MemoryUse() const;
   /// The next sample needs Grow first, or is beyond the limit.
@@ -107,7 +63,7 @@ class SampleStore {
   /// No sample is taken any more.
   bool AtLimit() const { return size_.relaxed() >= limit_; }
   /// The next Grow moves the block table.
-  bool TableFull() const { return nBlocks_ == newest_->size; }
+  bool TableFull() const { return iLastBlock() + 1 == nBlocksMax(); }
 
   /// @name Writing
   /// Makes room for one more block. Throws as the constructor does and leaves the store as it was.
@@ -123,15 +79,7 @@ class SampleStore {
   void SortFirstBlock();
 
  private:
-  // A table that has grown out of use may still be read, so the newer one keeps it.
-  struct Table {
-    explicit Table(unsigned most) : size(most), entries(new BlockEntry[most]) {}
-    unsigned size;
-    std::unique_ptr<BlockEntry[]> entries;
-    std::unique_ptr<Table> older;
-  };
-  static std::unique_ptr<Table> makeTable(unsigned size);
-  void enter(void* memory, bool withSlopes);
+  void open(SampleBlock* block);
   void finishRun(unsigned end);
   void finishBlock(BlockEntry& entry);
   static void summarize(BlockEntry& entry);
@@ -149,13 +97,11 @@ class SampleStore {
 
   // The writer's own.
   const unsigned limit_;
-  unsigned nBlocks_ = 0;
   unsigned appendEnd_ = 0;  // size that the blocks, or the limit, allow
   SampleBlock* lastBlock_ = nullptr;
   YRange lastRange_;  // yMin and yMax of that block, in the writer's own memory
   double lastX_ = SampleBlock::kNoMax;
-  BlockMemory memory_;
-  std::unique_ptr<Table> newest_;
+  const std::unique_ptr<BlockTable> blocks_;
 };
 
 inline void SampleStore::Append(unsigned size, double x, double y, bool slope) {

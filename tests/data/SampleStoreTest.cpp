@@ -2,6 +2,7 @@
 
 #include <random>
 
+#include "sparlow/data/BlockTable.h"
 #include "sparlow/data/Error.h"
 #include "tests/data/Series.h"
 #include "tests/support/AllocationFailure.h"
@@ -9,7 +10,7 @@
 namespace sparlow::test {
 namespace {
 
-constexpr std::size_t kTableBytes = SampleStore::kFirstTableSize * sizeof(BlockEntry);
+constexpr std::size_t kTableBytes = BlockTable::kFirstSize * sizeof(BlockEntry);
 
 TEST(SampleStore, GrowsItsTableAndSurvivesNoMemoryForIt) {
   constexpr unsigned kFull = 1024 * 8192;
