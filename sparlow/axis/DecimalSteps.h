@@ -6,7 +6,7 @@ namespace sparlow {
 
 // Steps of decimal arithmetic in binary numbers. What differs from a decimal number only by the
 // rounding of its ends counts as that number: nobody who asks for 15 to 16 mV means a span that is
-// a little above a millivolt. Threads: all of these work on their arguments alone; any thread.
+// a little above a millivolt.
 
 /// The double next to 10 raised to exponent; 0 and infinity beyond what a double holds.
 double DecimalPower(int exponent);
@@ -23,7 +23,6 @@ double LinearStep(double min, double max);
 
 /// A place on the way over the steps of a logarithmic axis, from the lowest upward: the value
 /// digit x stepCur + base, which all 9 digits of a decade lead up to the next.
-/// Threads: a value; any thread, each with its own.
 struct LogSteps {
   std::uint32_t digit = 0;
   double stepCur = 0.0;
@@ -47,7 +46,6 @@ double TakeLabel(LogSteps& steps, LogLabels which);
 
 /// How a logarithmic axis is walked and labelled. The grid and the labels both begin at first, so
 /// that they stand on the same values.
-/// Threads: a value; any thread, each with its own.
 struct LogLayout {
   LogSteps first;
   LogLabels labels = LogLabels::all;

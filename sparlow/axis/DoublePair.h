@@ -11,7 +11,6 @@ namespace sparlow {
 
 /// Two numbers worked on at once, in one instruction where the processor has it: compilers don't
 /// make these of loops over samples that are read atomically.
-/// Threads: a value; any thread, each with its own.
 class DoublePair {
  public:
 #if defined(SPARLOW_SSE2)

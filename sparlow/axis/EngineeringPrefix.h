@@ -10,7 +10,6 @@ inline constexpr std::size_t kUnitChars = 16;
 
 // A power here is the exponent that a value is multiplied by for display: the negative of the
 // prefix's own exponent, so kilo is -3 and milli +3. Unit texts may be null, which is no unit.
-// Threads: all of these work on their arguments alone; any thread.
 
 /// 10 raised to power, by repeated squaring; for a negative power the reciprocal of that. Infinite
 /// from 309 on.

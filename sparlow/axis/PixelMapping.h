@@ -30,7 +30,6 @@ inline void SaturatePixels(DoublePair pixels, int* first) noexcept {
 
 /// The way from a value to its pixel on a linear axis, taken from the axis once and then used for
 /// many samples.
-/// Threads: a value; any thread, each with its own.
 class LinearMapping {
  public:
   /// Pixels counted from min upward: (value - min) / scale.
@@ -77,7 +76,6 @@ class LinearMapping {
 
 /// The way from a value to its pixel on a logarithmic axis. It rises or falls over the values above
 /// 0 as the logarithm does; 0 and the negative values stand apart from that order.
-/// Threads: a value; any thread, each with its own.
 class LogMapping {
  public:
   /// Pixels counted from min upward: (log10(value) - log10(min)) / scale.

@@ -6,7 +6,6 @@ namespace sparlow {
 
 /// What the library throws, by value, for the host to catch. A block of samples that can't be
 /// allocated is no Error but the allocator's own exception.
-/// Threads: a value; any thread, each with its own.
 class Error {
  public:
   /// A view has no rendered columns.

@@ -7,7 +7,6 @@ namespace sparlow {
 
 /// Neither of two numbers is infinite or not a number. By their bits: a program that is built with
 /// fast mathematics has the compiler take every comparison that would tell for granted.
-/// Threads: works on its arguments alone; any.
 inline bool BothFinite(double a, double b) noexcept {
   constexpr std::uint64_t limit = 0xFFE0'0000'0000'0000;
   const auto finite = [](double d) { return std::bit_cast<std::uint64_t>(d) << 1 < limit; };

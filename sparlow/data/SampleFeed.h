@@ -16,7 +16,6 @@ class CMutex;
 struct SampleSpan;
 
 /// Samples that were offered to a series and not taken.
-/// Threads: a value; any thread, each with its own.
 struct DroppedSamples {
   std::uint64_t notFinite = 0;    ///< with a NaN or an infinity
   std::uint64_t beyondLimit = 0;  ///< the series was full

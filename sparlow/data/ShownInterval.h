@@ -8,7 +8,6 @@
 namespace sparlow {
 
 /// Samples from `from` up to, and not including, `end`.
-/// Threads: a value; any thread, each with its own.
 struct SampleInterval {
   unsigned from = 0;
   unsigned end = 0;
@@ -17,7 +16,6 @@ struct SampleInterval {
 };
 
 /// What the samples of an interval reach over.
-/// Threads: a value; any thread, each with its own.
 struct IntervalBounds {
   double xMin = 0.0;
   double xMax = 0.0;

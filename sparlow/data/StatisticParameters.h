@@ -10,7 +10,6 @@ class SourceData;
 /// An operation that calculates follows a series that grows meanwhile, and keeps to the data set
 /// that it began with. Sums go over the samples in index order, in double. Values whose sum or sum
 /// of squares is beyond a double give what the arithmetic gives: an infinity or no number.
-/// Threads: a value; any thread, each with its own. The series may be fed meanwhile.
 struct StatisticParameters {
   double mean = 0.0;
   double min = 0.0;

@@ -9,7 +9,6 @@ namespace sparlow {
 /// standard has no such question; the tables are those of the Itanium C++ ABI (2.3 member function
 /// pointers, 2.5 virtual table layout), which GCC and Clang follow. Of other compilers, and of
 /// processors that sign the entries, nothing is known: every function then counts as replaced.
-/// Threads: a value; any thread, each with its own.
 class VirtualTable {
  public:
   VirtualTable() = default;

@@ -7,7 +7,6 @@ namespace sparlow {
 class AxisData;
 
 /// The range of one axis while it is edited, in the axis's own unit.
-/// Threads: a value; any thread, each with its own.
 struct AxisRange {
   double min = 0.0;
   double max = 0.0;
@@ -21,7 +20,6 @@ struct AxisRange {
 };
 
 /// Has the user edit the range of an axis: the dialog that Graph::OnXRange and OnYRange run.
-/// Threads: the window's.
 class AxisRangeEditor {
  public:
   AxisRangeEditor() = default;

@@ -6,7 +6,6 @@ namespace sparlow {
 
 /// The on-screen marker of one measurement cursor. It is drawn over the finished frame and taken
 /// away by copying the frame back, so that a cursor moves without a paint of the graph.
-/// Threads: the window's.
 class Cursor {
  public:
   void SetColor(COLORREF marker) { color = marker; }

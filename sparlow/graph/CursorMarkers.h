@@ -10,7 +10,6 @@ class ViewData;
 
 /// The markers of both cursors of a series on the window, and the one that the mouse holds. Points are
 /// plot pixels.
-/// Threads: the window's.
 class CursorMarkers {
  public:
   void SetColors(const GraphColors& colors);

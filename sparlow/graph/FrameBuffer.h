@@ -9,7 +9,6 @@ namespace sparlow {
 
 /// The finished frame of a window: painted off the screen, copied to the window, and kept, so that
 /// markers can be taken off the window again and a curve be found by its colour.
-/// Threads: the window's.
 class FrameBuffer {
  public:
   FrameBuffer() = default;

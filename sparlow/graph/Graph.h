@@ -37,7 +37,6 @@ inline constexpr UINT WM_UPDATE_GRAPH = WM_USER + 104;
 ///
 /// What keeps threads apart, in the order in which it is taken: a turn of the pipeline, threadsMutex of
 /// a series, dataMutex of a series.
-/// Threads: the window's, unless an operation says otherwise.
 class Graph {
  public:
   /// Samples of a full render that an update does on the caller's thread; one more is a worker's.

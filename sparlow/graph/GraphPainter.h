@@ -11,7 +11,6 @@ class ViewData;
 /// Paints what every graph has beside its curves: captions, grid, frame and labels. It keeps nothing:
 /// what it paints from is the caller's. Coordinates are plot pixels: the context has the plot's origin
 /// and its pixel factor.
-/// Threads: the one that paints.
 class GraphPainter {
  public:
   GraphPainter(CDC& dc, GraphAxis& axis, const GraphColors& colors, CSize plot)

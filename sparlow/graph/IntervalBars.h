@@ -11,7 +11,6 @@ class ViewData;
 
 /// The scroll bars of a graph's window: the horizontal one shows which samples are on show, the vertical
 /// one which part of the range of all data.
-/// Threads: the window's.
 class IntervalBars {
  public:
   void Create(HWND window) { window_ = window; }

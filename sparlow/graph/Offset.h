@@ -30,7 +30,8 @@ struct Offset : LogicalPixel {
 };
 
 /// The top margin for a series: Offset::Top, and a second caption line for one that was calculated
-/// from an interval of another series. Null counts as a series without such an interval.
+/// from an interval of another series. Null counts as a series without such an interval. Any
+/// thread.
 int TopOffset(const ViewData* series, double factor = 1.0);
 
 }  // namespace sparlow

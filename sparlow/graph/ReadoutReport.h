@@ -12,7 +12,7 @@ struct GraphAxis;
 class ViewData;
 
 /// Sends the readings of a series on show to the info bar, in the units of its axes.
-/// Threads: any, unless an operation says otherwise.
+/// Threads: any.
 class ReadoutReport {
  public:
   /// The window that receives the readouts of all graphs; null when there is none.

@@ -54,7 +54,6 @@ enum class Readout : UINT {
 };
 
 /// One message to the info bar, taken apart.
-/// Threads: a value; any thread, each with its own.
 struct ReadoutRecord {
   Readout what = Readout::cursorMoves;
   /// Scaled to the prefix that text has: 12.5 with "us". Of a drift: over the whole series.

@@ -5,7 +5,6 @@
 namespace sparlow {
 
 /// A pen in a device context for as long as it lives.
-/// Threads: the one that paints.
 class SelectedPen {
  public:
   SelectedPen(CDC* dc, int style, int width, COLORREF color)

@@ -25,7 +25,6 @@ inline constexpr COLORREF GraphColorTable[] = {0x000000, 0x0000C0, 0x008000,
 ///
 /// The series stay the host's and live as long as they are in the graph; removing one waits until
 /// nobody works at it.
-/// Threads: the window's, unless an operation says otherwise.
 class MultiGraph : public Graph {
  public:
   /// In one list; each table of colours has as many.

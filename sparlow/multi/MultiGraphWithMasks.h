@@ -13,7 +13,6 @@ inline constexpr COLORREF MaskColorTable[] = {0xFFC000, 0x00C6C6, 0xC600C6,
 /// most. A mask can be picked and made active as a series can; the menu offers those that have
 /// samples. It keeps its interval when the graph is zoomed, and the vertical axis holds all of that; a
 /// fixed horizontal axis gives it its range.
-/// Threads: the window's, unless an operation says otherwise.
 class MultiGraphWithMasks : public MultiGraph {
  public:
   static constexpr int maxMasks = maxSeries;

@@ -18,7 +18,6 @@ inline constexpr int IDC_MAX_VALUE = 32960;
 /// The dialog "Define Axis": fixes the range of an axis, or gives it back to automatic ranging. Set
 /// the values, run it, read them back, however it was closed: after a cancel the limits are those
 /// that were set, but the automatic mode is what the user last chose.
-/// Threads: the window's.
 class CGraphScale : public CDialog {
  public:
   /// A null parent is the main window.
@@ -66,7 +65,6 @@ class CGraphScale : public CDialog {
 };
 
 /// Edits ranges with that dialog.
-/// Threads: the window's.
 class AxisDialog : public AxisRangeEditor {
  public:
   void Edit(AxisRange& range) override;

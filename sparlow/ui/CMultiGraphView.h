@@ -6,7 +6,6 @@ namespace sparlow {
 
 /// The window that shows a MultiGraph: up to 6 series on one pair of axes. A click on a curve, or
 /// an item of the popup menu, makes that series active.
-/// Threads: the window's.
 class CMultiGraphView : public CSingleGraphView {
  public:
   static CObject* CreateObject();

@@ -5,7 +5,6 @@
 namespace sparlow {
 
 /// The window that shows a MultiGraphWithMasks: overlaid series, and up to 6 masks over them.
-/// Threads: the window's.
 class CMultiGraphViewWithMasks : public CMultiGraphView {
  public:
   static CObject* CreateObject();

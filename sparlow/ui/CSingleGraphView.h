@@ -27,7 +27,6 @@ inline constexpr UINT WM_VIEW_FOCUSED = WM_USER + 102;
 /// and calls UpdateGraph, or posts WM_UPDATE_GRAPH from any thread.
 /// It deletes itself with its window, also when a user closes that, but never while it handles a
 /// message or one of its operations runs. Term of the series comes after.
-/// Threads: the window's.
 class CSingleGraphView : public CView {
  public:
   /// A new view without a graph; its window is made with Create.

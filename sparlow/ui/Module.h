@@ -6,7 +6,6 @@ namespace sparlow {
 /// dialog as what edits the range of an axis, if nothing else is. The first view does it; a host
 /// that wants to use the resources before that, or to put others in their place, calls it itself. A
 /// second call does nothing.
-/// Threads: the window's.
 void AttachResources();
 
 }  // namespace sparlow

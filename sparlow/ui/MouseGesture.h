@@ -5,7 +5,6 @@
 namespace sparlow {
 
 /// What the mouse does in a view while its button is down. It alone takes the mouse and gives it back.
-/// Threads: the window's.
 class MouseGesture {
  public:
   enum Kind { none, box, leftCursor, rightCursor };

@@ -7,7 +7,7 @@ namespace sparlow {
 /// Number of the pointer that shows over a curve which a click would make the active one.
 inline constexpr int IDC_POINTING_HAND = 102;
 
-/// A hand whose forefinger points up, to its hot spot. Any thread.
+/// A hand whose forefinger points up, to its hot spot.
 PointerShape PointingHand();
 
 }  // namespace sparlow

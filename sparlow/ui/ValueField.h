@@ -8,7 +8,6 @@
 namespace sparlow {
 
 /// A field for a value with its unit, over a plain edit field.
-/// Threads: the window's.
 class ValueField : public CDialogItem {
  public:
   /// name is what the field is called.

@@ -10,7 +10,6 @@ namespace sparlow {
 // samples whose ranges the store keeps (ViewRenderDense.cpp).
 
 /// One entry of the columns.
-/// Threads: a value; the one that renders.
 struct ViewData::Column {
   int x, first, last, min, max;
 
@@ -30,7 +29,6 @@ inline void ViewData::putColumn(unsigned i, const Column& column) {
 }
 
 /// One pass over samples: where it goes on, and what came of it.
-/// Threads: the one that renders.
 struct ViewData::Fold {
   const SampleReader& samples;
   unsigned sample;  ///< next to fold

@@ -10,7 +10,6 @@
 namespace sparlow {
 
 /// What columns were made for: a render may go on over them only if all of it still holds.
-/// Threads: a value; any thread, each with its own.
 struct RenderKey {
   struct Axis {
     double min = 0.0;

@@ -15,8 +15,9 @@ class CDC;
 /// A series that can be drawn. Render reduces the samples of the interval to pixel columns, Draw
 /// walks the columns alone. A class derived from it may map samples to pixels in its own way.
 ///
-/// Threads: each operation says its own; one render at a time, under threadsMutex when there is
-/// more than one thread that renders. A copy waits for a render of its source.
+/// Threads: any, unless a group or an operation says otherwise; life and Reset as in SourceData. One
+/// render at a time, under threadsMutex when there is more than one thread that renders. A copy waits
+/// for a render of its source.
 class ViewData : public SourceData, public ViewColumns {
  public:
   ViewData();
@@ -31,7 +32,6 @@ class ViewData : public SourceData, public ViewColumns {
   /// @name Rendering
   ///@{
   /// Clears the columns, so that the next render is a full one. Waits for a render.
-  /// Threads: any.
   void ResetViewData();
   /// Makes the columns of the interval for the axes as they stand. Not full: goes on with the
   /// samples that have come since the last render, unless its columns were made for something else,
@@ -45,13 +45,11 @@ class ViewData : public SourceData, public ViewColumns {
   /// Threads: those that may render.
   bool CanContinueRender(const GraphAxis& axis) const;
   /// Asks a full render, and nobody else at the series, to give up. Whoever sets it clears it.
-  /// Threads: any.
   OwnRequest renderStop;
 
   /// Pixel of a sample, counted from the top left of the plot: the way of hor, and of ver
   /// inverted. 0 for a sample that doesn't exist. A class that overrides one of them has a mapping
   /// of its own: a render then asks it for each sample, and for no more than it overrides.
-  /// Threads: any.
   virtual int xPosGet(unsigned sample, const GraphAxis* axis) const;
   virtual int yPosGet(unsigned sample, const GraphAxis* axis) const;
   /// Pixels of samples in a row, which exist: what a render calls in place of the two above for a
@@ -61,17 +59,14 @@ class ViewData : public SourceData, public ViewColumns {
                       int* ys) const;
   /// What the mapping of a class gives has changed: the next render is a full one. UpdateGraph is
   /// due.
-  /// Threads: any.
   void MappingChanged() { ++mappingChanges_; }
   /// Samples lie where the axis puts them: xPosGet, yPosGet, both are the ones of this class.
-  /// Threads: any.
   bool MapsXByAxis() const { return keeps(&ViewData::xPosGet) || isDeclared(); }
   bool MapsYByAxis() const { return keeps(&ViewData::yPosGet) || isDeclared(); }
   bool MapsByAxes() const { return MapsXByAxis() && MapsYByAxis(); }
   /// The samples of the interval in x, as SetIntervalParams gives them, and the range of their y:
   /// exact where SetIntervalParams and yPosGet are those of this class, else as SetIntervalParams
   /// gives it. Of the whole series it is that of all samples since the last Reset.
-  /// Threads: any.
   IntervalBounds GetBoundsOnShow() const;
   ///@}
 

@@ -15,7 +15,6 @@ constexpr COLORREF RGB(unsigned red, unsigned green, unsigned blue) {
 }
 
 /// A width and a height in pixels.
-/// Threads: a value; any thread, each with its own.
 struct CSize {
   int cx = 0;
   int cy = 0;
@@ -23,7 +22,6 @@ struct CSize {
 };
 
 /// A point in pixels; rows grow downward.
-/// Threads: a value; any thread, each with its own.
 struct CPoint {
   int x = 0;
   int y = 0;
@@ -31,7 +29,6 @@ struct CPoint {
 };
 
 /// A rectangle in pixels: left and top belong to it, right and bottom don't.
-/// Threads: a value; any thread, each with its own.
 struct CRect {
   int left = 0;
   int top = 0;

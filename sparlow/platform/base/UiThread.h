@@ -17,7 +17,6 @@ inline constexpr int IDOK = 1;
 inline constexpr int IDCANCEL = 2;
 
 /// What a message box shows.
-/// Threads: a value; any thread, each with its own.
 struct BoxRequest {
   std::string text;
   std::string caption;

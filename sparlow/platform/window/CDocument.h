@@ -10,7 +10,6 @@ namespace sparlow {
 class CView;
 
 /// What views show, as far as a graph needs it: a title. A host derives its own.
-/// Threads: the window's.
 class CDocument : public CObject {
  public:
   ~CDocument() override;

@@ -17,7 +17,6 @@ struct CRuntimeClass {
 };
 
 /// The root of windows and documents: objects that know their class at run time.
-/// Threads: the window's.
 class CObject {
  public:
   CObject() = default;

@@ -8,7 +8,6 @@ class CDocument;
 
 /// A window that shows a document. It deletes itself when its window has ended, so it is made with
 /// new, in general through its run-time class.
-/// Threads: the window's.
 class CView : public CWnd {
  public:
   CDocument* GetDocument() const { return document_; }

@@ -13,7 +13,6 @@ class WindowPeer;
 class WindowSite;
 
 /// How a window is to be made; PreCreateWindow may change it.
-/// Threads: a value; any thread, each with its own.
 struct CREATESTRUCT {
   std::uint32_t style = 0;  ///< WS_*
 };

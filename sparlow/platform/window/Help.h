@@ -12,7 +12,6 @@ inline constexpr UINT HH_HELP_CONTEXT = 15;
 
 /// Opens a help file at a topic. Where no viewer knows topics the whole file is opened; nothing
 /// happens when the file isn't there.
-/// Threads: the window's.
 void HtmlHelp(HWND window, const char* path, UINT command, std::uintptr_t topic);
 
 /// The path of the program that runs; empty where the system doesn't say.

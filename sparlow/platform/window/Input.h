@@ -14,8 +14,6 @@ using HCURSOR = const PointerShape*;
 inline constexpr int IDC_SIZEALL = 0x7F86;
 
 /// @name Mouse and keyboard
-/// Threads: the window's.
-///
 /// All mouse messages go to the window until it releases the mouse or loses it to a popup, a dialog
 /// or another window; it is notified once, by WM_CAPTURECHANGED, from inside ReleaseCapture if it
 /// released the mouse itself.

@@ -67,7 +67,6 @@ inline constexpr int SB_THUMBTRACK = 5;
 
 /// State of a scroll bar. nMin and nMax are inclusive, nPage is a length, so the highest position
 /// is nMax - nPage + 1.
-/// Threads: a value; any thread, each with its own.
 struct SCROLLINFO {
   int nMin = 0;
   int nMax = 0;

@@ -11,7 +11,6 @@ namespace sparlow {
 
 /// One line of a menu resource: a command, a separator (id 0 without text), or a submenu when it
 /// has items.
-/// Threads: a value; any thread, each with its own.
 struct MenuItemTemplate {
   unsigned id = 0;
   std::string text;
@@ -20,7 +19,6 @@ struct MenuItemTemplate {
 
 /// One item of a dialog resource. Place and size are in dialog units: a quarter of the mean width
 /// of a character, an eighth of its height.
-/// Threads: a value; any thread, each with its own.
 struct DialogItemTemplate {
   enum class Kind { label, defaultButton, button, edit, checkBox };
   int id = 0;
@@ -33,7 +31,6 @@ struct DialogItemTemplate {
 };
 
 /// A dialog resource; its size is in dialog units, and its items come in tab order.
-/// Threads: a value; any thread, each with its own.
 struct DialogTemplate {
   std::string title;
   int width = 0;
@@ -44,7 +41,6 @@ struct DialogTemplate {
 
 /// A shape of the mouse pointer, 32 by 32 pixels, of two colours: a row each, its leftmost pixel in
 /// the highest bit. A pixel in neither mask is transparent.
-/// Threads: a value; any thread, each with its own.
 struct PointerShape {
   int id = 0;
   CPoint hotSpot;
@@ -53,7 +49,6 @@ struct PointerShape {
 };
 
 /// The resources of the library by number, entered by whoever owns them.
-/// Threads: the window's.
 class Resources {
  public:
   /// Enters a menu in place of any earlier one of that number.

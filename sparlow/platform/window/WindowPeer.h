@@ -15,7 +15,6 @@ struct DialogTemplate;
 class WindowSite;
 
 /// What one window is made of in the window system that is installed.
-/// Threads: the window's.
 class WindowPeer {
  public:
   WindowPeer() = default;
@@ -50,7 +49,6 @@ class WindowPeer {
 };
 
 /// A window system: makes the peers that the windows of this process stand on.
-/// Threads: the window's.
 class WindowSystem {
  public:
   WindowSystem() = default;

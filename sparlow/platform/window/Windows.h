@@ -29,7 +29,6 @@ HDC GetDC(HWND window);
 void ReleaseDC(HWND window, HDC dc);
 /// A context on a window's surface for as long as it lives, which then brings what it drew to the
 /// screen. It draws nothing on a window without a surface.
-/// Threads: the window's.
 class CClientDC : public CDC {
  public:
   explicit CClientDC(HWND window) : CDC(GetDC(window)), window_(window) {}
