@@ -1,8 +1,9 @@
 #pragma once
 
+/// @file
 /// Everything that a host needs, but for the header that embeds views in a program's windows:
-/// sparlow/platform/qt/Application.h. Which threads may use what is a rule
-/// in sparlow/platform/base/Threads.h.
+/// sparlow/platform/qt/Application.h. Which threads may use what is a rule in
+/// sparlow/platform/base/Threads.h.
 
 #include "sparlow/axis/EngineeringPrefix.h"
 #include "sparlow/axis/GraphAxis.h"

@@ -4,9 +4,10 @@
 
 namespace sparlow {
 
-// Steps of decimal arithmetic in binary numbers. What differs from a decimal number only by the
-// rounding of its ends counts as that number: nobody who asks for 15 to 16 mV means a span that is
-// a little above a millivolt.
+/// @file
+/// Steps of decimal arithmetic in binary numbers. What differs from a decimal number only by the
+/// rounding of its ends counts as that number: nobody who asks for 15 to 16 mV means a span that is
+/// a little above a millivolt.
 
 /// The double next to 10 raised to exponent; 0 and infinity beyond what a double holds.
 double DecimalPower(int exponent);

@@ -5,11 +5,12 @@
 
 namespace sparlow {
 
+/// @file
+/// A power here is the exponent that a value is multiplied by for display: the negative of the
+/// prefix's own exponent, so kilo is -3 and milli +3. Unit texts may be null, which is no unit.
+
 /// Chars that a unit text takes at most, its NUL included.
 inline constexpr std::size_t kUnitChars = 16;
-
-// A power here is the exponent that a value is multiplied by for display: the negative of the
-// prefix's own exponent, so kilo is -3 and milli +3. Unit texts may be null, which is no unit.
 
 /// 10 raised to power, by repeated squaring; for a negative power the reciprocal of that. Infinite
 /// from 309 on.

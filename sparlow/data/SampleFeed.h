@@ -28,6 +28,7 @@ class SampleFeed {
   /// @name Feeding
   /// Threads: the one that feeds, while others read.
   ///@{
+
   /// Appends a sample. One with a NaN or an infinity is dropped, and so is one beyond 8192 samples
   /// of a waveform or beyond 2^31 - 1 of any series. slope: the edge of a waveform rises.
   /// Throws Error with code 0xFF04 when there is no memory for the block table, std::bad_alloc when
@@ -50,6 +51,7 @@ class SampleFeed {
   /// @name Samples
   /// Threads: any.
   ///@{
+
   /// The samples as they stand, to be held while they are worked on.
   SampleReader Read() const { return {store_.Get(), nSamples}; }
   bool Valid() const { return nSamples > 0; }

@@ -9,8 +9,8 @@
 namespace sparlow {
 
 /// The samples of a series as they stood at one moment: it keeps them alive and in place, also when
-/// the series starts a new data set meanwhile. Those below size() change only through
-/// Set and Sort. An operation takes one and works on that alone.
+/// the series starts a new data set meanwhile. Those below size() change only
+/// through Set and Sort. An operation takes one and works on that alone.
 class SampleReader {
  public:
   SampleReader() = default;

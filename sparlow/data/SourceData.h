@@ -55,6 +55,7 @@ class SourceData : public SampleFeed, public ShownInterval, public CursorPair {
   /// Threads: the one that feeds. Add and the transfer calls may run while others read; Set and
   /// Reset may too.
   ///@{
+
   /// Empties the series. Samples that somebody reads at the moment go when the reader is done.
   ///
   /// A fill without a transfer is Reset, Add..., AdjustSizeTo, and CalculateStatParams for the
@@ -102,6 +103,7 @@ class SourceData : public SampleFeed, public ShownInterval, public CursorPair {
   /// override one of them take a const AxisData*.
   /// Threads: the window's; reading, any.
   ///@{
+
   /// The interval with its effective end, cut to the samples: from <= end <= GetSize().
   SampleInterval GetInterval() const { return effectiveInterval(nSamples); }
   unsigned GetFrom() const { return GetInterval().from; }
@@ -149,6 +151,7 @@ class SourceData : public SampleFeed, public ShownInterval, public CursorPair {
   /// @name Cursors
   /// Threads: the window's.
   ///@{
+
   /// Puts the cursors on the first and the last sample of the interval, if there are samples.
   void ResetCursor();
   /// Move a cursor by samples, toward higher ones if positive, as far as the other cursor and the
@@ -163,6 +166,7 @@ class SourceData : public SampleFeed, public ShownInterval, public CursorPair {
   /// @name Analysis
   /// Threads: any; SetAnalyzeFromSource, the window's.
   ///@{
+
   /// The samples that statistics and analyses read: from the first up to, and not including, the
   /// second. Both lie in the series.
   unsigned GetAnalyzeFrom() const;
@@ -204,6 +208,7 @@ class SourceData : public SampleFeed, public ShownInterval, public CursorPair {
   /// @name Settings of the process
   /// Threads: any.
   ///@{
+
   /// When not 0, each TermBlockTransfer leaves that many of the newest samples on show.
   static inline CopyableAtomic<unsigned> nLastSamplesToDraw{0u};
   /// The graph works out no drift rate.
@@ -214,6 +219,7 @@ class SourceData : public SampleFeed, public ShownInterval, public CursorPair {
 
   /// @name Shared with copies, fixed from Init to Term
   ///@{
+
   /// Held by whoever renders or analyses the series; taken before dataMutex.
   CMutex* threadsMutex = nullptr;
   /// Tells workers to stop; a host may signal it too.
@@ -245,7 +251,7 @@ class SourceData : public SampleFeed, public ShownInterval, public CursorPair {
   static SampleInterval findInterval(const SampleReader& samples, double xFrom, double xTo);
   void placeCursors(const SampleReader& samples, SampleInterval found, double xFrom, double xTo);
   bool showInterval(std::uint64_t dataSet, SampleInterval interval, bool openEnd = false);
-  /// openEnd: during a transfer the end follows new samples.
+  // openEnd: during a transfer the end follows new samples.
   bool writeInterval(std::uint64_t dataSet, SampleInterval interval, bool openEnd = false);
 };
 

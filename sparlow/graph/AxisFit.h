@@ -6,8 +6,9 @@ namespace sparlow {
 
 struct GraphAxis;
 
-// How a pair of axes is fitted to the data on show. Fixed axes keep their range; their steps are worked
-// out anew. Threads: in a turn of the graph.
+/// @file
+/// How a pair of axes is fitted to the data on show. Fixed axes keep their range; their steps are worked
+/// out anew. Threads: in a turn of the graph.
 
 /// Gives the axes the range of the data. With a part of the series on show, an axis without yAutoZoom
 /// keeps its vertical range.

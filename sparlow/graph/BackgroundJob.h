@@ -32,10 +32,10 @@ class BackgroundJob {
   struct State;
   static unsigned threadMain(void* state);
   static bool begin(std::shared_ptr<State> state);
-  /// Run after run, until none is asked for.
+  // Run after run, until none is asked for.
   static void work(State& state, bool onWorker);
 
-  /// Shared with the thread, whose last act is to count itself off: the job may be gone then.
+  // Shared with the thread, whose last act is to count itself off: the job may be gone then.
   const std::shared_ptr<State> state_;
 };
 

@@ -52,14 +52,19 @@ class Graph {
   virtual ~Graph();
 
   /// @name Life
+  ///@{
+
   /// Binds the graph to its window.
   void Create(HWND window);
   /// Closes the graph: stops the workers, waits for them and frees the device objects. A second call does
   /// nothing. Every series must live until it has returned, and until the operation of the graph has in
   /// which it was called.
   void Destroy();
+  ///@}
 
   /// @name Series
+  ///@{
+
   /// The series stays the host's. False, and nothing changes, when the graph has one already.
   virtual bool AddViewData(ViewData* series);
   virtual bool RemoveViewData(ViewData* series);
@@ -85,8 +90,11 @@ class Graph {
   /// Empties the active series, its units and the axes, after renders and the series' analysis have been
   /// told to stop and have ended. Nothing changes while another thread feeds the series.
   void Clear();
+  ///@}
 
   /// @name From a change to the screen
+  ///@{
+
   /// Brings the graph up to date after a change of data, interval, axes or settings.
   void UpdateGraph();
   /// Changes the axes while no worker reads them, then updates. Stops a render that runs. A host that
@@ -117,8 +125,11 @@ class Graph {
   void UpdateStaParams();
   /// Sends the statistics of a series in the unit given. Any thread.
   static void UpdateStaParams(const ViewData* series, const char* unit);
+  ///@}
 
   /// @name On paper
+  ///@{
+
   /// Draws the graph inside rect of a page: in the colours of scheme 0, at the resolution of dc, with
   /// text of 11 points and margins and pens of seven pixels for one, which hooks of a host find in
   /// CDC::GetPixelFactor. Renders on the caller's thread, whatever the interval; stops a render for the
@@ -126,10 +137,13 @@ class Graph {
   /// answered meanwhile. Without data nothing is drawn. An area of 16384 pixels or more is cut, which a
   /// box tells.
   void Print(CDC* dc, const CRect& rect);
+  ///@}
 
   /// @name Zoom and scroll
   /// Each brings the graph up to date. Without data they do nothing; the five zooms also do nothing
   /// on a fixed horizontal axis.
+  ///@{
+
   /// To the box between zoomStart, its left upper corner, and zoomEnd.
   void ZoomInByPoint();
   /// To the samples between the cursors.
@@ -158,9 +172,12 @@ class Graph {
   /// Automatic ranging, as any zoom, ends a range that was set by GraphAxis::Preset.
   void OnXRange();
   void OnYRange();
+  ///@}
 
   /// @name Cursors
   /// Points are plot pixels, as Clip gives them, unless said otherwise.
+  ///@{
+
   /// Draws both markers on the window, in place of where they were.
   void DrawCursors();
   /// Moves a cursor by samples. True when the interval scrolled with it, so that UpdateGraph is
@@ -181,8 +198,11 @@ class Graph {
   /// other hands the mouse over to it.
   void DragCursor(CPoint& point);
   void EndDragCursor();
+  ///@}
 
   /// @name Looks
+  ///@{
+
   /// The scheme stays the host's and must live as long as the graph uses it. Null is ignored.
   /// Paints nothing.
   void SetColors(GraphColors* scheme);
@@ -195,8 +215,11 @@ class Graph {
   /// Loads the popup menu of the active series into menu and gives its first sub-menu, which menu
   /// owns. Null without a series or a menu resource.
   virtual CMenu* CreateCustomPopupMenu(CMenu& menu);
+  ///@}
 
   /// @name Process-wide
+  ///@{
+
   /// The window that receives the readouts of all graphs.
   static void SetInfoBar(HWND window);
   /// For hosts that rearrange their windows: ResizeGraph does nothing in between.
@@ -205,8 +228,11 @@ class Graph {
   /// While true, a graph whose active series is in a data transfer takes no input and sends no
   /// cursor readouts.
   static inline CopyableAtomic<bool> RestrictGraphOperationInRealTime{true};
+  ///@}
 
   /// @name Zoom box
+  ///@{
+
   /// Moves the rubber-band box on a context of the window: takes the one from zoomStart to zoomPrev
   /// away and draws one from zoomStart to zoomEnd. The origin of dc stays that of the plot. Nothing
   /// on a fixed horizontal axis, which can't be zoomed.
@@ -215,12 +241,14 @@ class Graph {
   CPoint zoomStart;
   CPoint zoomEnd;
   CPoint zoomPrev;
+  ///@}
 
   /// The active one of its frame: shows its cursors and has the active background.
   CopyableAtomic<bool> active{false};
 
  protected:
   /// @name For classes that show more than one series
+  ///@{
   virtual void DrawSecondaryGraphs(CDC*) {}
   virtual void DrawPrimaryGraph(CDC* dc);
   virtual int LegendOffset() const { return 0; }
@@ -245,6 +273,7 @@ class Graph {
   virtual void ResetInterval();
   virtual void zoomOutFullPrimary();
   virtual void zoomOutFullSecondary() {}
+  ///@}
 
   /// Changes what renders read, while none runs; one that did begins anew. What change answers; false
   /// when the graph is closed, before or by it.
@@ -298,9 +327,9 @@ class Graph {
   void sbRender();
   void layOut();
   void SetGraphArea(const CRect& area);
-  /// The box for a window or a page that has more pixels than a series has columns.
+  // The box for a window or a page that has more pixels than a series has columns.
   void warnTooLarge(bool tooLarge);
-  /// The largest interval of all series: what decides who renders.
+  // The largest interval of all series: what decides who renders.
   unsigned largestInterval() const;
   bool DataValid() const;
   bool IsLegend() const { return IsMultiple(); }
@@ -318,10 +347,10 @@ class Graph {
   void AnalyzeThread(bool (Graph::*analyzeEach)(), bool onWorker);
   bool emptyActiveSeries();
 
-  /// painted: holds what the markers lie on; null on paper.
+  // painted: holds what the markers lie on; null on paper.
   void drawMarkers(HDC dc, HDC painted, const CRect& area);
   class PaperLooks;
-  /// False when a series was being analysed. tooLarge: the page is.
+  // False when a series was being analysed. tooLarge: the page is.
   bool tryPrint(CDC* dc, const CRect& area, bool* tooLarge);
   bool printFrame(CDC* dc, const CRect& area);
 

@@ -30,20 +30,20 @@ struct Graph::Parts final : RenderPipeline::Client {
 
   // The window's thread.
   FrameBuffer frame;
-  COLORREF frameBackground = 0xFFFFFF;  // of the last frame
+  COLORREF frameBackground = 0xFFFFFF;  ///< of the last frame
   IntervalBars bars;
   struct StoppedSeries {
     ViewData* series;
-    bool signalled;  // its terminator, and not by its host
+    bool signalled;  ///< its terminator, and not by its host
   };
   std::vector<StoppedSeries> stopped;
 
   // From worker to worker and to the window's thread.
-  std::atomic<bool> postponed{false};     // a series was analysed when it should be rendered
-  std::atomic<bool> updateMissed{false};  // the active one was, when an update came
-  std::atomic<bool> calculated{false};    // an analysis has succeeded, and no update is posted yet
-  std::atomic<bool> boxOpen{false};       // about a too large window
-  std::atomic<bool> failureShown{false};  // of renders, in a box; until one succeeds
+  std::atomic<bool> postponed{false};     ///< a series was analysed when it should be rendered
+  std::atomic<bool> updateMissed{false};  ///< the active one was, when an update came
+  std::atomic<bool> calculated{false};    ///< an analysis succeeded, no update is posted yet
+  std::atomic<bool> boxOpen{false};       ///< about a too large window
+  std::atomic<bool> failureShown{false};  ///< of renders, in a box; until one succeeds
 
   // Last: their workers use what is above.
   RenderPipeline pipeline;

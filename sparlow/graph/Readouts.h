@@ -10,6 +10,7 @@ namespace sparlow {
 /// @name Messages to the info bar
 /// Posted by all graphs to the window of Graph::SetInfoBar. wParam and lParam are pointers into the
 /// library's own memory, valid for ever, for a receiver in this process; TakeReadout reads them.
+///@{
 inline constexpr UINT WM_READOUT_LEFT_X = 0x46A;
 inline constexpr UINT WM_READOUT_LEFT_Y = 0x46B;
 inline constexpr UINT WM_READOUT_RIGHT_X = 0x46C;
@@ -29,6 +30,7 @@ inline constexpr UINT WM_READOUT_HAS_STATISTICS = 0x47A;
 inline constexpr UINT WM_READOUT_SLOPE = 0x47B;
 inline constexpr UINT WM_READOUT_INVERSE_SLOPE = 0x47C;
 inline constexpr UINT WM_READOUT_CURSOR_MOVES = 0x47D;
+///@}
 
 /// What a message to the info bar is about; the value is the message's number.
 enum class Readout : UINT {

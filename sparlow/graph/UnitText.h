@@ -5,7 +5,8 @@
 
 namespace sparlow {
 
-// Unit texts of derived quantities, by text alone.
+/// @file
+/// Unit texts of derived quantities, by text alone.
 
 /// The unit of a quotient: "V/s" for "V" and "s", "Hz" for "" and "s", "" for two that are equal.
 std::string RatioUnit(std::string_view numerator, std::string_view denominator);

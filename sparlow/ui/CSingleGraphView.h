@@ -128,13 +128,13 @@ class CSingleGraphView : public CView {
   LRESULT OnActivate(WPARAM, LPARAM);
 
   bool inTransfer() const;
-  /// True while data stream in, so that input is refused.
+  // True while data stream in, so that input is refused.
   bool transferLock() const;
   bool takesInput() const;
   void finishGesture(CPoint point);
-  /// Ends a zoom box in progress as a release of the mouse does.
+  // Ends a zoom box in progress as a release of the mouse does.
   void endZoomBox();
-  /// Ends a gesture that comes to nothing.
+  // Ends a gesture that comes to nothing.
   void dropGesture();
   void click(CPoint point);
   void showPointer(CPoint point);

@@ -6,7 +6,8 @@
 
 namespace sparlow {
 
-// Values as people write them: a number with a decimal point, a prefix, a unit.
+/// @file
+/// Values as people write them: a number with a decimal point, a prefix, a unit.
 
 /// A value with the prefix that an axis of that unit would show: "12.5 ms" for 0.0125 and "s". It
 /// has the digits that give the same value back, and no more, cut at so many. UTF-8.

@@ -6,8 +6,9 @@
 
 namespace sparlow {
 
-// What the ways of making columns have in common: sample by sample (ViewRender.cpp), and by runs of
-// samples whose ranges the store keeps (ViewRenderDense.cpp).
+/// @file
+/// What the ways of making columns have in common: sample by sample (ViewRender.cpp), and by runs of
+/// samples whose ranges the store keeps (ViewRenderDense.cpp).
 
 /// One entry of the columns.
 struct ViewData::Column {

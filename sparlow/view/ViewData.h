@@ -31,6 +31,7 @@ class ViewData : public SourceData, public ViewColumns {
 
   /// @name Rendering
   ///@{
+
   /// Clears the columns, so that the next render is a full one. Waits for a render.
   void ResetViewData();
   /// Makes the columns of the interval for the axes as they stand. Not full: goes on with the
@@ -74,6 +75,7 @@ class ViewData : public SourceData, public ViewColumns {
   /// Each stands on a sample, so it stays there when the graph is zoomed or resized.
   /// Threads: placing them, the window's; reading, any.
   ///@{
+
   /// Places a cursor; a sample beyond the series counts as its last one. True: it has crossed the
   /// other, and the two were exchanged, or it met the other, and the left one now stands one sample
   /// before the right one. Whoever drags then holds the other cursor. False below two samples, and
@@ -104,6 +106,7 @@ class ViewData : public SourceData, public ViewColumns {
   /// @name Drawing
   /// Threads: the one that paints.
   ///@{
+
   /// Draws the curve, with lines of twice the width if bold is true. Any height does. The draw
   /// style counts only while sparse is true; a denser curve is a line with a stroke for each
   /// column.
@@ -153,7 +156,7 @@ class ViewData : public SourceData, public ViewColumns {
   void setMadeFor(const RenderKey& key);
   void renderWaveform(const SampleReader& samples, const GraphAxis& axis);
   bool renderPlain(Fold& fold, const GraphAxis& axis, const RenderKey& key);
-  /// The object's class leaves a virtual function as it is here.
+  // The object's class leaves a virtual function as it is here.
   template <class Function>
   bool keeps(Function function) const {
     return VirtualTable::Same(VirtualTable(*this), ownTable, function);
@@ -164,7 +167,7 @@ class ViewData : public SourceData, public ViewColumns {
   RenderKey keyOf(const SampleReader& samples, unsigned from, const GraphAxis& axis) const;
   void foldByAxes(Fold& fold, const GraphAxis& axis);
   static bool isDense(const Fold& fold, const GraphAxis& axis);
-  /// False when the samples are to be folded one by one.
+  // False when the samples are to be folded one by one.
   bool renderDense(Fold& fold, const GraphAxis& axis);
   template <class Ver>
   void foldDense(Fold& fold, const LinearMapping& hor, const Ver& ver);

@@ -17,6 +17,7 @@ inline constexpr int IDC_SIZEALL = 0x7F86;
 /// All mouse messages go to the window until it releases the mouse or loses it to a popup, a dialog
 /// or another window; it is notified once, by WM_CAPTURECHANGED, from inside ReleaseCapture if it
 /// released the mouse itself.
+///@{
 void SetCapture(HWND window);
 void ReleaseCapture();
 /// From a peer: the window system has taken the mouse from a window, which is notified if it had it.
@@ -35,6 +36,7 @@ bool ScreenToClient(HWND window, CPoint* point);
 bool ClientToScreen(HWND window, CPoint* point);
 /// Negative while the key VK_SHIFT is down; other keys aren't followed.
 short GetKeyState(WPARAM key);
+///@}
 
 /// The point that a mouse message's lParam holds, in client pixels; coordinates are 16 bits and
 /// signed.

@@ -27,16 +27,21 @@ class WindowSite : public std::enable_shared_from_this<WindowSite> {
 
   /// @name From the peer
   /// The window's thread.
+  ///@{
+
   /// The client area has a new size. Everything in it is invalid; WM_SIZE is sent at once.
   void Resized(CSize size);
   /// Sends a message to the window at once; 0 when the window has gone.
   LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
+  ///@}
 
   /// @name Marks and values
   /// Any thread. None of these waits.
+  ///@{
   CSize ClientSize() const;
   void Invalidate();
   bool IsInvalid() const { return invalid_.load(std::memory_order_acquire); }
+  ///@}
 
   /// Paints if a paint is due and can be seen. The window's thread.
   void PaintIfDue();

@@ -8,6 +8,7 @@ namespace sparlow {
 /// @name Any thread
 /// None of these waits for another thread; on a handle that is gone they do nothing and say false.
 /// Two reads of one window may differ when the size changes in between.
+///@{
 bool GetClientRect(HWND window, CRect* rect);
 /// Marks the whole client area for a paint that comes later, on the window's thread; many marks
 /// before it make one paint. flags must hold RDW_INVALIDATE.
@@ -17,8 +18,11 @@ bool RedrawWindow(HWND window, UINT flags = RDW_INVALIDATE);
 bool InvalidateRect(HWND window, const CRect* rect, bool erase);
 /// Keeps a message for the window, which gets it later, in order.
 bool PostMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+///@}
 
 /// @name The window's thread
+///@{
+
 /// Runs the handler of a message now. 0 when the window is gone.
 LRESULT SendMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 /// Runs a paint that is due now.
@@ -47,5 +51,6 @@ bool GetScrollInfo(HWND window, int bar, SCROLLINFO* info);
 bool SetScrollInfo(HWND window, int bar, const SCROLLINFO& info);
 /// Moves the thumb; the position is brought into the range.
 bool SetScrollPos(HWND window, int bar, int position);
+///@}
 
 }  // namespace sparlow
