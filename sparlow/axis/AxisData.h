@@ -76,8 +76,9 @@ class AxisData {
   /// - a logarithmic axis replaces a max that isn't above 0 by 1 and raises one below 1e-280 to
   ///   that. A min that isn't above 0, or is above max, becomes max x 1e-10; one below 1e-290
   ///   becomes that.
-  /// Steps are those of decimal arithmetic: ends that are off by their rounding count as the decimal
-  /// numbers that they stand for.
+  ///
+  /// Steps are those of decimal arithmetic: ends that are off by their rounding count as the
+  /// decimal numbers that they stand for.
   void SetParams();
   /// Loads the fixed range of a fixed axis, then SetParams. A fixed range that is not finite is not
   /// loaded. Does nothing on an automatic axis.
@@ -138,7 +139,7 @@ class AxisData {
   double step = 0.0;
   /// Linear: the smallest multiple of step that is not below min.
   double firstStep = 0.0;
-  /// True: the range follows the data. False: it is fixedMin to fixedMax.
+  /// True while the range follows the data; false while it is fixedMin to fixedMax.
   bool autoRange = true;
   /// The range of a fixed axis; on an automatic one the range that SetParams left.
   double fixedMin = 0.0;

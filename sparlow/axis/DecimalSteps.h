@@ -30,7 +30,7 @@ struct LogSteps {
   double base = 0.0;
 
   double Value() const { return digit * stepCur + base; }
-  /// Gives the value and goes to the next step.
+  /// Returns the value and goes to the next step.
   double Take();
 };
 
@@ -41,8 +41,8 @@ enum class LogLabels : std::uint8_t {
   oneTwoAndFives,  ///< of each decade
 };
 
-/// The value of the next step that has a label, from the present one on; goes to the step behind it,
-/// among decades only to it.
+/// The value of the next step that has a label, from the present one on; goes to the step behind
+/// it, among decades only to it.
 double TakeLabel(LogSteps& steps, LogLabels which);
 
 /// How a logarithmic axis is walked and labelled. The grid and the labels both begin at first, so
@@ -52,7 +52,7 @@ struct LogLayout {
   LogLabels labels = LogLabels::all;
   /// Labelled steps from min to max, both included; 3 stands for more, too.
   unsigned inside = 0;
-  /// False: there is nothing to walk on, a step of 0 or ends that are no numbers.
+  /// False when there is nothing to walk on: a step of 0 or ends that are no numbers.
   bool valid = false;
 };
 
@@ -60,8 +60,8 @@ struct LogLayout {
 /// as large, unless fewer than two labels would then be left on the axis.
 LogLayout LayOutLogSteps(double min, double max, double step);
 
-/// The step of a logarithmic axis: the decade of min, or the largest power of ten below it that fits
-/// into the span and leaves two labels on the axis.
+/// The step of a logarithmic axis: the decade of min, or the largest power of ten below it that
+/// fits into the span and leaves two labels on the axis.
 double LogStep(double min, double max);
 
 }  // namespace sparlow

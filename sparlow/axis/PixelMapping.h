@@ -53,7 +53,7 @@ class LinearMapping {
   }
 
   /// Rounding keeps the order of differences and quotients, so pixels are in the order of the
-  /// values, or in the opposite one. False where the axis gives no such order.
+  /// values, or in the opposite one. Returns false where the axis gives no such order.
   bool KeepsOrder() const noexcept {
     return std::isfinite(origin_) && std::isfinite(scale_) && scale_ != 0.0;
   }
@@ -103,9 +103,9 @@ class LogMapping {
   }
 
   /// The smallest and the largest pixel of values between low and high, which are two of them.
-  /// False where that isn't certain: nobody promises that a computed logarithm never falls while the
-  /// value rises, so an end that lies within its error of the next pixel says nothing about the
-  /// values beside it.
+  /// Returns false where that isn't certain: a computed logarithm may fall while the value rises,
+  /// so an end that lies within its error of the next pixel proves nothing about the values beside
+  /// it.
   bool PixelsOf(double low, double high, int& least, int& most) const noexcept {
     int first = (*this)(low), last = first;
     if (low != high) {
@@ -128,8 +128,8 @@ class LogMapping {
       : origin_(origin), scale_(scale), min_(min), zeroScale_(zeroScale), beyondMin_(beyondMin) {}
 
   // Of values on both sides of 0, of which the highest lies on a pixel: the negative ones are the
-  // other end. Not on an axis turned round, where the smallest positive ones run away from them, nor
-  // where a 0 would lie beyond the highest.
+  // other end. Not on an axis turned round, where the smallest positive ones run away from them,
+  // nor where a 0 would lie beyond the highest.
   bool endsAtNegatives(int highest) const noexcept {
     const int zero = (*this)(0.0);
     return beyondMin_ < 0 ? scale_ > 0.0 && zero <= highest : scale_ < 0.0 && zero >= highest;

@@ -4,8 +4,8 @@
 
 namespace sparlow {
 
-/// The two measurement cursors of a series. Each stands on a sample, so it stays there when the graph is
-/// zoomed or resized.
+/// The two measurement cursors of a series. Each stands on a sample, so it stays there when the
+/// graph is zoomed or resized.
 /// Threads: placing them, the window's and, in transfers, the feeding one; reading, any.
 class CursorPair {
  public:
@@ -28,9 +28,9 @@ class CursorPair {
 
   CopyableAtomic<int>& cursor(Side side) { return side == Side::left ? iLCursor : iRCursor; }
   void putCursors(int left, int right);
-  /// Places a cursor in a series of that size; a sample beyond it counts as its last one. True: the
-  /// cursor has crossed the other, and the two were exchanged, or it met the other, and they stand one
-  /// sample apart now. False below two samples, and nothing changed.
+  /// Places a cursor in a series of that size; a sample beyond it counts as its last one. Returns
+  /// true when the cursor has crossed the other, and the two were exchanged, or it met the other,
+  /// and they stand one sample apart now. Returns false, and changes nothing, below two samples.
   bool placeCursor(Side side, unsigned sample, unsigned size);
 };
 

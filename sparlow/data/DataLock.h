@@ -16,10 +16,10 @@ class DataLock {
     if (mutex_)
       mutex_->Lock();
   }
-  /// Takes the mutex only if that needs no wait; false says that another thread has it.
+  /// Takes the mutex only if that needs no wait; it tests false when another thread has it.
   DataLock(CMutex* mutex, std::try_to_lock_t)
       : mutex_(mutex && mutex->TryLock() ? mutex : nullptr), refused_(mutex && !mutex_) {}
-  /// The same after a wait until it is told to stop.
+  /// The same after a wait, which a stop request ends.
   DataLock(CMutex* mutex, const std::stop_token& stop)
       : mutex_(mutex && mutex->Lock(stop) ? mutex : nullptr), refused_(mutex && !mutex_) {}
   ~DataLock() {

@@ -22,7 +22,7 @@ struct DroppedSamples {
 };
 
 /// The samples of a series, what they reach over, and how they come in.
-/// Threads: each group says who may call it.
+/// Threads: as each group states.
 class SampleFeed {
  public:
   /// @name Feeding
@@ -33,8 +33,8 @@ class SampleFeed {
   /// of a waveform or beyond 2^31 - 1 of any series. slope: the edge of a waveform rises.
   /// Throws Error with code 0xFF04 when there is no memory for the block table, std::bad_alloc when
   /// there is none for a block. Nothing has changed then, and the same sample may be added again.
-  /// Through a copy, samples go to the end of the shared store, which may lie beyond the copy's: what
-  /// the other has added in between is then among the copy's samples, but not in its bounds.
+  /// Through a copy, samples go to the end of the shared store, which may lie beyond the copy's:
+  /// what the other has added in between is then among the copy's samples, but not in its bounds.
   void Add(double x, double y, bool slope = false);
   /// Appends many samples at once, with the result of as many calls of Add, and much faster. The
   /// shorter of the two decides how many. Throws as Add does; the samples before are there then.
@@ -63,7 +63,7 @@ class SampleFeed {
   /// meanwhile.
   double xGet(unsigned sample) const { return store_.Raw()->x(sample); }
   double yGet(unsigned sample) const { return store_.Raw()->y(sample); }
-  /// False for a series that keeps no flags.
+  /// Returns false for a series that keeps no flags.
   bool slopeGet(unsigned sample) const { return store_.Raw()->slope(sample); }
   double xGlobalMinGet() const { return xGlobalMin; }
   double xGlobalMaxGet() const { return xGlobalMax; }
@@ -89,8 +89,8 @@ class SampleFeed {
   CopyableAtomic<double> xGlobalMax = SampleBlock::kNoMax;
   ///@}
 
-  /// Keeps the data set in place: held for a render, and to begin, to drop or to sort one. Shared with
-  /// copies, fixed from Init to Term.
+  /// Keeps the data set in place: held for a render, and to begin, to drop or to sort one. Shared
+  /// with copies, fixed from Init to Term.
   CMutex* dataMutex = nullptr;
 
  protected:

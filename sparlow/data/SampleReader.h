@@ -43,8 +43,8 @@ class SampleReader {
       return {entry.addedLow.relaxed(), entry.addedHigh.relaxed()};
     return {entry.block->yMin.relaxed(), entry.block->yMax.relaxed()};
   }
-  /// The exact range of y over the samples from a first one up to, and not including, an end: at the
-  /// cost of some hundred samples, however many they are. Not checked: end is at most size().
+  /// The exact range of y over the samples from a first one up to, and not including, an end: at
+  /// the cost of some hundred samples, however many they are. Not checked: end is at most size().
   YRange RangeOfY(unsigned from, unsigned end) const;
 
   bool ascending() const { return !store_ || store_->Ascending(); }

@@ -8,15 +8,15 @@ namespace sparlow {
 inline constexpr double kSearchTolerance = 1e-15;
 
 /// Bisects the places lo to hi (exclusive, at least one) of a block whose x ascends for value, and
-/// gives a place, or -1 when value is outside. Between two samples the result is the upper one if
+/// returns a place, or -1 when value is outside. Between two samples the result is the upper one if
 /// roundUp is true, else the lower one. A range of one sample also finds a value below that sample.
 /// -1 for a value that is not a number.
 int FindSample(const SampleBlock& block, unsigned lo, unsigned hi, double value, bool roundUp);
 
 /// The sample at value. Between two of them it is the one behind value if roundUp is true, else the
 /// one before it, also where they lie in two blocks. -1 before the first sample, unless roundUp is
-/// true, and -1 beyond the last one. Where x doesn't ascend, what FindSample gives in the first of
-/// the blocks from firstBlock on that has a place.
+/// true, and -1 beyond the last one. Where x doesn't ascend, what FindSample returns in the first
+/// of the blocks from firstBlock on that has a place.
 int FindSampleInBlocks(const SampleReader& samples, double value, bool roundUp,
                        unsigned firstBlock = 0);
 

@@ -15,25 +15,25 @@ namespace sparlow {
 
 class AxisData;
 
-/// The popup menu that a series asks for unless it has one of its own.
+/// The popup menu of a series, unless it has one of its own.
 inline constexpr int kSeriesMenuId = 194;
 
 /// One series of (x, y) samples, x ascending: its store, the interval of it that is on show, its
 /// two cursors and its units.
 ///
 /// A series lives from Init to Term. Before and after it has no samples and no locks: there is
-/// nothing to read, to find or to move, and asking for it does no harm. A copy is a second handle on
-/// the same samples, locks, event and statistics, with a sample count, an interval, cursors and
-/// bounds of its own; it keeps its samples when the source starts a new data set. Term is for one of
-/// the two: the other may then be read, be assigned to and be destroyed, and nothing else, since the
-/// locks, the event and the statistics are gone.
+/// nothing to read, to find or to move, and asking for it does no harm. A copy is a second handle
+/// on the same samples, locks, event and statistics, with a sample count, an interval, cursors and
+/// bounds of its own; it keeps its samples when the source starts a new data set. Term is for one
+/// of the two: the other may then be read, be assigned to and be destroyed, and nothing else, since
+/// the locks, the event and the statistics are gone.
 ///
 /// The fields read and write as the plain values that they hold; where no type asks for one, as in
 /// an auto or among the arguments of printf, .load() gives it.
 ///
 /// Threads: one thread feeds, the window's thread does the rest, workers render and analyse. Each
-/// group below says who may call it. The fields are atomic one by one; samples are reached through
-/// Read(), which stays good whatever the feeding thread does meanwhile.
+/// group below states who may call it. The fields are atomic one by one; samples are reached
+/// through Read(), which stays good whatever the feeding thread does meanwhile.
 class SourceData : public SampleFeed, public ShownInterval, public CursorPair {
  public:
   /// @name Life
@@ -62,21 +62,21 @@ class SourceData : public SampleFeed, public ShownInterval, public CursorPair {
   /// statistics. Without the Reset, samples go behind those that are there, and the interval begins
   /// where it did.
   virtual void Reset();
-  /// Reset, unless a transfer of another thread's runs: false then. Any thread, but not beside one
-  /// that adds samples without a transfer.
+  /// Reset; returns false, and changes nothing, while a transfer of another thread's runs. Any
+  /// thread, but not beside one that adds samples without a transfer.
   bool TryReset();
   /// A transfer is InitDataTransfer; InitBlockTransfer, Add..., TermBlockTransfer for each block;
   /// TermDataTransfer. The old samples stay until the first InitBlockTransfer.
   void InitDataTransfer(bool isWaveform);
-  /// True when this block starts a new data set.
+  /// Returns true when this block starts a new data set.
   bool InitBlockTransfer();
   void TermBlockTransfer();
-  /// Shows all samples and works out the statistics; sorts a waveform by x. False when the transfer
-  /// brought no samples: it is over then, the old samples stay, and an open end of the interval
-  /// stands at the last of them.
+  /// Shows all samples and works out the statistics; sorts a waveform by x. Returns false when the
+  /// transfer brought no samples: it is over then, the old samples stay, and an open end of the
+  /// interval stands at the last of them.
   bool TermDataTransfer();
-  /// Pins the end of the interval to the present size and puts the cursors on its ends. A start that
-  /// was never set, or lies beyond the samples, becomes the first one.
+  /// Pins the end of the interval to the present size and puts the cursors on its ends. A start
+  /// that was never set, or lies beyond the samples, becomes the first one.
   void AdjustSizeTo();
   ///@}
 
@@ -97,10 +97,10 @@ class SourceData : public SampleFeed, public ShownInterval, public CursorPair {
   ///@}
 
   /// @name Interval on show
-  /// Operations with an answer return true when it changed, and false when nothing did, as on a
+  /// Operations with a result return true when it changed, and false when nothing did, as on a
   /// series without samples and for an x that is not finite. A move puts the cursors on the ends of
-  /// the new interval, unless it says otherwise. A null axis counts as an automatic one. Classes that
-  /// override one of them take a const AxisData*.
+  /// the new interval, unless its text states otherwise. A null axis counts as an automatic one.
+  /// Classes that override one of them take a const AxisData*.
   /// Threads: the window's; reading, any.
   ///@{
 
@@ -134,7 +134,8 @@ class SourceData : public SampleFeed, public ShownInterval, public CursorPair {
   void ResetInterval(const AxisData* axis);
   /// The samples from x1 to x2 with one more at each side; on a fixed axis never beyond its range.
   virtual bool ZoomInByPoint(double x1, double x2, const AxisData* axis);
-  /// The samples from cursor to cursor, both included; the cursors stay. Declines when one isn't set.
+  /// The samples from cursor to cursor, both included; the cursors stay. Declines when one isn't
+  /// set.
   virtual bool ZoomInByCursor();
   virtual void ZoomOutFull(const AxisData* axis) { ResetInterval(axis); }
   /// Divides or multiplies the interval about its middle; one that becomes the whole series follows
@@ -143,8 +144,8 @@ class SourceData : public SampleFeed, public ShownInterval, public CursorPair {
   bool SetIntervalBySample(bool zoomIn, const AxisData* axis, int factor);
   /// Shifts the interval, as far as there are samples. Declines on a fixed axis, and an empty one.
   bool Scroll(int samples, const AxisData* axis);
-  /// Moves the interval to a first sample, or to the end of the series if it would go beyond; not an
-  /// empty one.
+  /// Moves the interval to a first sample, or to the end of the series if it would go beyond; not
+  /// an empty one.
   void ScrollTo(unsigned first);
   ///@}
 
@@ -156,9 +157,9 @@ class SourceData : public SampleFeed, public ShownInterval, public CursorPair {
   void ResetCursor();
   /// Move a cursor by samples, toward higher ones if positive, as far as the other cursor and the
   /// ends of the series; on a fixed axis never out of its range. On an automatic axis a cursor that
-  /// leaves the interval scrolls it and both go to its ends: true, and the graph is to be updated.
-  /// Decline (false, nothing changed) below two samples, with a cursor not set, and from outside of
-  /// a fixed range. A null axis counts as an automatic one.
+  /// leaves the interval scrolls it and both go to its ends: the result is true, and the graph is
+  /// to be updated. Return false, and change nothing, below two samples, with a cursor not set, and
+  /// from outside of a fixed range. A null axis counts as an automatic one.
   bool MoveLCursor(int samples, const AxisData* axis);
   bool MoveRCursor(int samples, const AxisData* axis);
   ///@}
@@ -176,7 +177,7 @@ class SourceData : public SampleFeed, public ShownInterval, public CursorPair {
   virtual double GetxAnalyzeTo() const { return -1.0; }
   void SetAnalyzeFromSource(SourceData* source) { analyzeFrom = source; }
   virtual bool IsCalculated() const { return analyzeFrom != nullptr; }
-  /// Recalculate the series. False: there was nothing to do, or it failed.
+  /// Recalculate the series. Return false when there was nothing to do, or it failed.
   virtual bool Analyze() { return false; }
   virtual bool ApplyMask() { return false; }
   /// Works out the statistics of the samples with yLow <= y <= yHigh, on the calling thread, if the
@@ -222,7 +223,7 @@ class SourceData : public SampleFeed, public ShownInterval, public CursorPair {
 
   /// Held by whoever renders or analyses the series; taken before dataMutex.
   CMutex* threadsMutex = nullptr;
-  /// Tells workers to stop; a host may signal it too.
+  /// Signalled to stop workers; a host may signal it too.
   HANDLE terminator = nullptr;
   /// Null for a calculated series. Read through GetStatParams where another thread may write.
   StatisticParameters* statParams = nullptr;

@@ -26,8 +26,9 @@ struct StatisticParameters {
   void Calculate(const SourceData* series, double yLow, double yHigh);
 
   /// @name The steps of Calculate
-  /// Each sets what its name says. CalculateMinMax comes first and CalculateMean second: those that
-  /// follow take min to max as their window, whatever yLow and yHigh are, and stdDev needs mean.
+  /// Each sets what its name states. CalculateMinMax comes first and CalculateMean second: those
+  /// that follow take min to max as their window, whatever yLow and yHigh are, and stdDev needs
+  /// mean.
   ///@{
   void CalculateMinMax(const SourceData* series, double yLow, double yHigh);
   void CalculateMean(const SourceData* series, double yLow, double yHigh);

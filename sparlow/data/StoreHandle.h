@@ -24,7 +24,7 @@ class StoreHandle {
     const std::lock_guard<std::mutex> lock(mutex_);
     return store_;
   }
-  /// Takes another store and gives the old one, for the caller to drop where that may take time.
+  /// Takes another store and returns the old one, for the caller to drop where that may take time.
   std::shared_ptr<SampleStore> Exchange(std::shared_ptr<SampleStore> store) {
     const std::lock_guard<std::mutex> lock(mutex_);
     raw_.store(store.get());

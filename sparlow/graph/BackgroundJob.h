@@ -5,13 +5,13 @@
 
 namespace sparlow {
 
-/// A job that is done on a thread of its own, by one thread at a time: however often it is asked for
-/// during a run, it is run once more after that.
+/// A job that is done on a thread of its own, by one thread at a time: however often it is
+/// requested during a run, it is run once more after that.
 /// Threads: any, but for construction and destruction.
 class BackgroundJob {
  public:
   /// job gets true on a thread of its own. What it throws there ends that run and nothing else. The
-  /// message boxes that it asks for are those of boxOwner (UiThread::BoxOwner).
+  /// message boxes that it opens are those of boxOwner (UiThread::BoxOwner).
   BackgroundJob(std::function<void(bool onWorker)> job, const void* boxOwner);
   /// No run may be under way: Close and WaitUntilIdle come first.
   ~BackgroundJob();
@@ -32,7 +32,7 @@ class BackgroundJob {
   struct State;
   static unsigned threadMain(void* state);
   static bool begin(std::shared_ptr<State> state);
-  // Run after run, until none is asked for.
+  // Run after run, until none is requested.
   static void work(State& state, bool onWorker);
 
   // Shared with the thread, whose last act is to count itself off: the job may be gone then.

@@ -19,9 +19,9 @@ class FrameBuffer {
   void Create(HWND window);
   /// Frees the frame and all that it needs; at the end of a paint, if one is under way.
   void Free();
-  /// Has a frame as large as the client area painted and copies it to the window. A paint within that,
-  /// as in a message box that paint opens, is put off to its end. Nothing happens before Create, after
-  /// Free, and when the window is gone.
+  /// Has a frame as large as the client area painted and copies it to the window. A paint within
+  /// that, as in a message box that paint opens, is put off to its end. Nothing happens before
+  /// Create, after Free, and when the window is gone.
   void Paint(HWND window, const std::function<void(CDC& frame, const CRect& client)>& paint);
   /// A frame has been painted.
   bool Painted() const { return bitmap_ && !painting_; }

@@ -32,11 +32,11 @@ inline constexpr UINT WM_UPDATE_GRAPH = WM_USER + 104;
 /// done. docs/road-of-an-update.md has the whole road.
 ///
 /// A graph that is closed is inert: each operation returns as on one without series. Its window may
-/// close at any moment, in a host's own code that an operation runs too; the graph of a view lives as
-/// long as an operation runs.
+/// close at any moment, in a host's own code that an operation runs too; the graph of a view lives
+/// as long as an operation runs.
 ///
-/// What keeps threads apart, in the order in which it is taken: a turn of the pipeline, threadsMutex of
-/// a series, dataMutex of a series.
+/// What keeps threads apart, in the order in which it is taken: a turn of the pipeline,
+/// threadsMutex of a series, dataMutex of a series.
 class Graph {
  public:
   /// Samples of a full render that an update does on the caller's thread; one more is a worker's.
@@ -56,23 +56,24 @@ class Graph {
 
   /// Binds the graph to its window.
   void Create(HWND window);
-  /// Closes the graph: stops the workers, waits for them and frees the device objects. A second call does
-  /// nothing. Every series must live until it has returned, and until the operation of the graph has in
-  /// which it was called.
+  /// Closes the graph: stops the workers, waits for them and frees the device objects. A second
+  /// call does nothing. Every series must live until it has returned, and until the operation of
+  /// the graph has in which it was called.
   void Destroy();
   ///@}
 
   /// @name Series
   ///@{
 
-  /// The series stays the host's. False, and nothing changes, when the graph has one already.
+  /// The series stays the host's. Returns false, and changes nothing, when the graph has one
+  /// already.
   virtual bool AddViewData(ViewData* series);
   virtual bool RemoveViewData(ViewData* series);
   virtual bool AddMaskData(ViewData* series);
   virtual bool RemoveMaskData(ViewData* series);
   /// Makes a series the active one, in place of any other, and gives it the trace colour. Null is
-  /// ignored. Stops a render that runs; an analysis of the former series goes on, so that series too
-  /// must live until that has ended or Destroy has returned.
+  /// ignored. Stops a render that runs; an analysis of the former series goes on, so that series
+  /// too must live until that has ended or Destroy has returned.
   void SetViewData(ViewData* series);
   /// Null without one, and when the graph is closed.
   ViewData* GetActiveViewData() const { return Closed() ? nullptr : activeViewData.load(); }
@@ -87,8 +88,8 @@ class Graph {
   bool Closed() const;
   /// True when there is a series with samples and both axes can be painted.
   bool DataAndAxisValid() const;
-  /// Empties the active series, its units and the axes, after renders and the series' analysis have been
-  /// told to stop and have ended. Nothing changes while another thread feeds the series.
+  /// Empties the active series, its units and the axes, after renders and the series' analysis have
+  /// been stopped and have ended. Nothing changes while another thread feeds the series.
   void Clear();
   ///@}
 
@@ -97,8 +98,8 @@ class Graph {
 
   /// Brings the graph up to date after a change of data, interval, axes or settings.
   void UpdateGraph();
-  /// Changes the axes while no worker reads them, then updates. Stops a render that runs. A host that
-  /// sets ranges or modes of its axes does it here, or before the first update.
+  /// Changes the axes while no worker reads them, then updates. Stops a render that runs. A host
+  /// that sets ranges or modes of its axes does it here, or before the first update.
   void ChangeAxes(const std::function<void(GraphAxis&)>& change);
   /// Brings the graph up to date after a change of window size. Does nothing while resizing is
   /// locked, also not later.
@@ -113,7 +114,7 @@ class Graph {
   /// something was calculated.
   void AnalyzeAll();
   void AnalyzeMask();
-  /// What those workers run, there: true when something was calculated.
+  /// What those workers run, there. Returns true when something was calculated.
   virtual bool AnalyzeEach();
   virtual bool AnalyzeEachNewMask();
   /// Sends the cursor readings and the drift rates to the info bar, if the graph is active and its
@@ -130,12 +131,12 @@ class Graph {
   /// @name On paper
   ///@{
 
-  /// Draws the graph inside rect of a page: in the colours of scheme 0, at the resolution of dc, with
-  /// text of 11 points and margins and pens of seven pixels for one, which hooks of a host find in
-  /// CDC::GetPixelFactor. Renders on the caller's thread, whatever the interval; stops a render for the
-  /// window, which begins anew afterwards, and waits for analyses of the series on show, whose boxes are
-  /// answered meanwhile. Without data nothing is drawn. An area of 16384 pixels or more is cut, which a
-  /// box tells.
+  /// Draws the graph inside rect of a page: in the colours of scheme 0, at the resolution of dc,
+  /// with text of 11 points and margins and pens of seven pixels for one, which hooks of a host
+  /// find in CDC::GetPixelFactor. Renders on the caller's thread, whatever the interval; stops a
+  /// render for the window, which begins anew afterwards, and waits for analyses of the series on
+  /// show, whose boxes are answered meanwhile. Without data nothing is drawn. An area of 16384
+  /// pixels or more is cut, and a box warns of that.
   void Print(CDC* dc, const CRect& rect);
   ///@}
 
@@ -156,8 +157,8 @@ class Graph {
   /// Moves the interval by samples, toward higher ones if positive, or to a first sample.
   void Scroll(int samples);
   void ScrollTo(unsigned first);
-  /// If CanYScroll, move the vertical range by a twentieth of its span, or to where the thumb of the
-  /// vertical scroll bar is dragged.
+  /// If CanYScroll, move the vertical range by a twentieth of its span, or to where the thumb of
+  /// the vertical scroll bar is dragged.
   void yScroll(bool up);
   void yScrollDo();
   /// Lets the vertical range follow the samples on show, or not any more; without data too.
@@ -175,13 +176,13 @@ class Graph {
   ///@}
 
   /// @name Cursors
-  /// Points are plot pixels, as Clip gives them, unless said otherwise.
+  /// Points are plot pixels, as Clip returns them, unless stated otherwise.
   ///@{
 
   /// Draws both markers on the window, in place of where they were.
   void DrawCursors();
-  /// Moves a cursor by samples. True when the interval scrolled with it, so that UpdateGraph is
-  /// due.
+  /// Moves a cursor by samples. Returns true when the interval scrolled with it, so that
+  /// UpdateGraph is due.
   bool MoveLCursor(int samples);
   bool MoveRCursor(int samples);
   /// Is the point within reach of a marker at (x, y)?
@@ -209,10 +210,10 @@ class Graph {
   /// Turns a point of the client area into one of the plot, clamped to it.
   void Clip(CPoint& point) const;
   /// The series whose colour the last frame has at a point of the client area; a curve that has the
-  /// colour of the background isn't found (GraphColors::Visible). Null out-arguments are skipped;
-  /// false, and nothing is stored, when there is none.
+  /// colour of the background isn't found (GraphColors::Visible). Null out-arguments are skipped.
+  /// Returns false, and stores nothing, when there is none.
   virtual bool GetViewDataByPoint(ViewData** series, int* index, bool* isMask, CPoint point);
-  /// Loads the popup menu of the active series into menu and gives its first sub-menu, which menu
+  /// Loads the popup menu of the active series into menu and returns its first sub-menu, which menu
   /// owns. Null without a series or a menu resource.
   virtual CMenu* CreateCustomPopupMenu(CMenu& menu);
   ///@}
@@ -255,7 +256,7 @@ class Graph {
   virtual void DrawLegend(CDC*) {}
   /// For hosts: draws over the curves, in plot coordinates, clipped to the plot.
   virtual void DrawCustomOverlay(CDC*) {}
-  /// Renders what lies beside the active series. False when it was stopped. Any thread that
+  /// Renders what lies beside the active series. Returns false when it was stopped. Any thread that
   /// renders.
   virtual bool RenderSecondaryGraphs() { return true; }
   /// All series of the graph, with samples or without, the active one first. Also
@@ -275,16 +276,16 @@ class Graph {
   virtual void zoomOutFullSecondary() {}
   ///@}
 
-  /// Changes what renders read, while none runs; one that did begins anew. What change answers; false
-  /// when the graph is closed, before or by it.
+  /// Changes what renders read, while none runs; one that did begins anew. Returns what change
+  /// returns; false when the graph is closed, before or by it.
   bool changeInTurn(const std::function<bool()>& change);
-  /// The same, and an update when it answers true.
+  /// The same, and an update when it returns true.
   void changeAndUpdate(const std::function<bool()>& change);
-  /// Renders a series beside the active one. False when it was stopped. One that is being analysed
-  /// is left without columns, and the analysis brings an update when it ends.
+  /// Renders a series beside the active one. Returns false when it was stopped. One that is being
+  /// analysed is left without columns, and the analysis brings an update when it ends.
   bool renderBeside(ViewData& series, bool followAxis);
-  /// Tells whoever works at a series to stop, until it is released. releaseSeries returns false when the
-  /// end of the graph has done so already, and the series may be gone.
+  /// Signals whoever works at a series to stop, until it is released. releaseSeries returns false
+  /// when the end of the graph has done so already, and the series may be gone.
   void stopSeries(ViewData* series);
   bool releaseSeries(ViewData* series);
   /// Gives a series away, and waits until no worker uses it; takes it back.
@@ -317,7 +318,7 @@ class Graph {
   CopyableAtomic<double> pixelFactor{1.0};
 
  private:
-  // Updating. False: the render is a worker's matter.
+  // Updating. The first three return false when the render is left to a worker.
   bool update();
   bool fitAndRender();
   bool resize();
@@ -350,7 +351,7 @@ class Graph {
   // painted: holds what the markers lie on; null on paper.
   void drawMarkers(HDC dc, HDC painted, const CRect& area);
   class PaperLooks;
-  // False when a series was being analysed. tooLarge: the page is.
+  // Returns false when a series was being analysed. tooLarge: the page is.
   bool tryPrint(CDC* dc, const CRect& area, bool* tooLarge);
   bool printFrame(CDC* dc, const CRect& area);
 

@@ -12,7 +12,7 @@ struct GraphColors {
 
   /// Takes the colours of a built-in scheme; a number that none has gives those of scheme 0.
   void LoadScheme(int number);
-  /// A colour for a curve that can be told from both backgrounds: the one given, if it can, else
+  /// A colour for a curve that stands out from both backgrounds: the one given, if it does, else
   /// one mixed of it and the colour of text.
   COLORREF Visible(COLORREF color) const;
 

@@ -8,9 +8,9 @@ struct GraphAxis;
 struct GraphColors;
 class ViewData;
 
-/// Paints what every graph has beside its curves: captions, grid, frame and labels. It keeps nothing:
-/// what it paints from is the caller's. Coordinates are plot pixels: the context has the plot's origin
-/// and its pixel factor.
+/// Paints what every graph has beside its curves: captions, grid, frame and labels. It keeps
+/// nothing: what it paints from is the caller's. Coordinates are plot pixels: the context has the
+/// plot's origin and its pixel factor.
 class GraphPainter {
  public:
   GraphPainter(CDC& dc, GraphAxis& axis, const GraphColors& colors, CSize plot)

@@ -15,7 +15,7 @@ namespace sparlow {
 
 /// What a graph is made of, and what its workers share. Apart from Graph.h, so that a change
 /// of one part compiles the graph's own sources and nothing else.
-/// Threads: any, unless a group says otherwise.
+/// Threads: any, unless a group states otherwise.
 struct Graph::Parts final : RenderPipeline::Client {
   explicit Parts(Graph& owner);
 

@@ -23,8 +23,8 @@ class ReadoutReport {
   void NoteUnits(const GraphAxis& axis, const ViewData& series);
   /// The readings of both cursors, and the drift rates.
   void SendCursors(const ViewData& series) const;
-  /// The two drift rates: change of y over the whole series by x, and that once more by x. They are sent
-  /// where they are finite.
+  /// The two drift rates: change of y over the whole series by x, and that once more by x. They are
+  /// sent where they are finite.
   void SendDrift(const ViewData& series) const;
   /// The statistics, and whether the series has any.
   void SendStatistics(const ViewData& series) const;

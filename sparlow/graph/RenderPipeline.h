@@ -17,10 +17,10 @@ class ViewData;
 /// The renders of one graph: whether one is due, the one worker that does them, and the turns that
 /// the window's thread takes with it.
 ///
-/// A render that is asked for while another one waits or runs takes its place, so a storm of requests
-/// costs one render. Nobody polls: the worker waits for its turn, and for whoever keeps a series busy,
-/// and leaves each wait at once when something newer is asked for, when the window's thread wants its
-/// turn, or when the graph closes.
+/// A render that is requested while another one waits or runs takes its place, so a storm of
+/// requests costs one render. Nobody polls: the worker waits for its turn, and for whoever keeps a
+/// series busy, and leaves each wait at once when something newer is requested, when the window's
+/// thread wants its turn, or when the graph closes.
 /// Threads: any.
 class RenderPipeline {
  public:
@@ -30,7 +30,7 @@ class RenderPipeline {
     handedOver,  ///< nothing is left to do here: there is no series, or an update is on its way
     stopped,     ///< the render is still due
   };
-  /// Does the renders, and hears of their ends.
+  /// Does the renders, and is notified of their ends.
   class Client {
    public:
     /// Makes the columns, on the worker or, without one, on the caller's thread.
@@ -47,22 +47,23 @@ class RenderPipeline {
   /// boxOwner: see UiThread::BoxOwner.
   RenderPipeline(Client& client, const void* boxOwner);
 
-  /// Asks for a render, which is due from now on; the one that runs is stopped. newLayout: for a plot of
-  /// another size. withReadout: the readouts are due when it is done. Without a thread the work is done
-  /// here.
+  /// Requests a render, which is due from now on; the one that runs is stopped. newLayout: for a
+  /// plot of another size. withReadout: the readouts are due when it is done. Without a thread the
+  /// work is done here.
   void Ask(bool newLayout, bool withReadout);
-  /// True from Ask until the render that was asked for last has ended: no paint may read columns and
-  /// layout then.
+  /// True from Ask until the render that was requested last has ended: no paint may read columns
+  /// and layout then.
   bool Due() const;
   /// What was due has been done otherwise, in a turn.
   void Satisfied();
-  /// True once for all the readouts that are due.
+  /// Returns true once for all the readouts that are due.
   bool TakeReadout();
   /// The worker is at work, or about to be.
   bool Busy() const { return job_.Busy(); }
 
-  /// The right to change what a render reads, for as long as it lives, and to render oneself. False when
-  /// the graph is closed. One thread may have several, one in the other. Waits, serving message boxes.
+  /// The right to change what a render reads, for as long as it lives, and to render oneself. It
+  /// tests false when the graph is closed. One thread may have several, one in the other. Waits,
+  /// serving message boxes.
   class Turn {
    public:
     enum Meets { awaitsRender, stopsRender };
@@ -106,7 +107,7 @@ class RenderPipeline {
   bool running_ = false;
   std::thread::id runner_;
   std::stop_source interrupt_;        // of the waits of the run
-  std::vector<ViewData*> rendering_;  // once it has begun: are told to stop
+  std::vector<ViewData*> rendering_;  // once it has begun: notified to stop
 
   BackgroundJob job_;
 };
@@ -123,8 +124,8 @@ class RenderPipeline::Run {
   bool MayWait() const { return mayWait_; }
   /// When they are to end. Where they may not take their time that is at once.
   const std::stop_token& Interrupt() const { return interrupt_; }
-  /// The render of these series begins: from now on they are told when it is to stop. False when it
-  /// isn't to begin.
+  /// The render of these series begins: from now on they are notified when it is to stop. Returns
+  /// false when it isn't to begin.
   bool Begin(std::vector<ViewData*> series);
 
  private:

@@ -22,8 +22,8 @@ class SeriesLeases {
   };
 
  public:
-  /// The use of a series for as long as it lives. False when the graph has given the series away, or
-  /// is closed: it must not be touched then.
+  /// The use of a series for as long as it lives. It tests false when the graph has given the
+  /// series away, or is closed: the series must not be touched then.
   class Use {
    public:
     Use(SeriesLeases& leases, ViewData* series);
@@ -31,7 +31,7 @@ class SeriesLeases {
     Use(const Use&) = delete;
     Use& operator=(const Use&) = delete;
     explicit operator bool() const { return began_; }
-    /// Asks the user to end: the series is wanted back.
+    /// Asks the user to end: the series is to be given back.
     std::stop_token Stop() const;
 
    private:
@@ -40,13 +40,13 @@ class SeriesLeases {
     bool began_ = false;
   };
 
-  /// Gives a series away: nobody begins to use it, who does is asked to end, and when this returns
-  /// nobody does but the calling thread itself. Message boxes are served meanwhile.
+  /// Gives a series away: no use begins, who is at work is asked to end, and when this returns
+  /// nobody uses it but the calling thread itself. Message boxes are served meanwhile.
   void Withdraw(ViewData* series);
   /// Takes it back.
   void Readmit(ViewData* series);
-  /// No use begins any more, and who is at work is asked to end. The series that are in use, with
-  /// those that were taken out of the graph meanwhile.
+  /// No use begins any more, and who is at work is asked to end. Returns the series that are in
+  /// use, with those that were taken out of the graph meanwhile.
   std::vector<ViewData*> Close();
 
  private:

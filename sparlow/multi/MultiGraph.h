@@ -14,8 +14,8 @@ inline constexpr UINT ID_SELECT_MASK = 107;
 inline constexpr UINT ID_REMOVE_SELECTED = 113;
 
 /// Colours of overlaid series, in the order in which they are given, each as GraphColors::Visible
-/// makes it of the scheme in use. After SetColors, which gives the active series the trace colour, a
-/// host does the same for all: series.SetColor(scheme.Visible(the colour that it had before)).
+/// makes it of the scheme in use. After SetColors, which gives the active series the trace colour,
+/// a host does the same for all: series.SetColor(scheme.Visible(the colour that it had before)).
 inline constexpr COLORREF GraphColorTable[] = {0x000000, 0x0000C0, 0x008000,
                                                0xFF0000, 0x20C0FF, 0xFF00FF};
 
@@ -32,14 +32,15 @@ class MultiGraph : public Graph {
 
   explicit MultiGraph(GraphAxis* sharedAxis) : Graph(sharedAxis) {}
 
-  /// Adds a series, gives it the first free colour and makes it the active one; one that SetViewData
-  /// has made active before, too. Paints nothing: UpdateGraph is due. False, and nothing changes, for
-  /// null, for one that a list of the graph has, for the 7th after a box, and when the graph is
-  /// closed.
+  /// Adds a series, gives it the first free colour and makes it the active one; one that
+  /// SetViewData has made active before, too. Paints nothing: UpdateGraph is due. Returns false,
+  /// and changes nothing, for null, for one that a list of the graph has, for the 7th after a box,
+  /// and when the graph is closed.
   bool AddViewData(ViewData* data) override;
-  /// Takes a series out, after its analysis, if one runs, has been told to stop and has ended. The
-  /// first series becomes active in place of an active one, with everything on show; otherwise
-  /// UpdateGraph is due. False, and nothing changes, for the last one and for one that isn't here.
+  /// Takes a series out, after its analysis, if one runs, has been stopped and has ended. The first
+  /// series becomes active in place of an active one, with everything on show; otherwise
+  /// UpdateGraph is due. Returns false, and changes nothing, for the last one and for one that
+  /// isn't here.
   bool RemoveViewData(ViewData* data) override;
   void RemoveActiveGraph() override;
   /// Makes the series at that position active and shows all data; an index that isn't there only
@@ -80,11 +81,11 @@ class MultiGraph : public Graph {
   /// A list as it stands. Any thread.
   SourceDataList Snapshot(const SourceDataList& list) const;
   /// Adds a series to a list of at most 6, which have the colours of a table in turn. Calls refuse
-  /// for the 7th. False when nothing was added.
+  /// for the 7th. Returns false when nothing was added.
   bool add(SourceDataList& list, ViewData* data, const COLORREF* colorTable, void (*refuse)(),
            bool makeActive);
-  /// Stops whoever works at a series and takes it out. False when the graph was closed meanwhile,
-  /// or the list doesn't have it or would have fewer than least.
+  /// Stops whoever works at a series and takes it out. Returns false when the graph was closed
+  /// meanwhile, or the list doesn't have it or would have fewer than least.
   bool takeOut(SourceDataList& list, int least, ViewData* data);
   /// Makes the series at that position active, if there is one, and shows all data.
   void activate(const SourceDataList& list, int index);

@@ -10,7 +10,7 @@ class CMultiGraphViewWithMasks : public CMultiGraphView {
   static CObject* CreateObject();
 
   /// Adds a mask, which stays the host's and must live as long as it is in the graph. Post
-  /// WM_RECALC_MASK after it. False when there is no graph, or its AddMaskData declines.
+  /// WM_RECALC_MASK after it. Returns false when there is no graph, or its AddMaskData declines.
   bool AddMaskData(ViewData* data);
   /// Takes a mask out.
   void RemoveMaskData(ViewData* data);

@@ -37,8 +37,8 @@ class CSingleGraphView : public CView {
   /// Makes the graph with axes that the host keeps alive as long as the view. Needs the window;
   /// does nothing when there is a graph already.
   virtual void CreateGraph(GraphAxis* axis);
-  /// Gives the graph a series, which stays the host's and must outlive the view's window. False
-  /// when there is no graph, or it has as many as it shows.
+  /// Gives the graph a series, which stays the host's and must outlive the view's window. Returns
+  /// false when there is no graph, or it has as many as it shows.
   bool AddViewData(ViewData* data);
   /// True when the graph has samples and axes that can be painted.
   bool DataValid() const;

@@ -13,7 +13,7 @@ namespace sparlow {
 /// has the digits that give the same value back, and no more, cut at so many. UTF-8.
 std::string ShowValue(double value, const std::string& unit, int digits);
 
-/// Digits that tell one end of a range from the other to a thousandth of the span: 8 to 17.
+/// Digits that distinguish one end of a range from the other to a thousandth of the span: 8 to 17.
 int DigitsToTell(double end, double other);
 
 /// The value of a text such as "12.5 ms", "12.5m", "12.5 s" or "1.25e-2": the unit may be left out,

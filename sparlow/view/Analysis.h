@@ -25,9 +25,9 @@ class Analysis : public ViewData {
   bool IsCalculated() const override { return true; }
 
   /// Recalculates the series from its source, from all of it or from what lies between its cursors.
-  /// False, and the series stays as it is, when there is no source, or none with samples, or the
-  /// series itself is its source. False, and the series is empty, when Calculate failed; what
-  /// Calculate throws is passed on after that.
+  /// Returns false, and leaves the series as it is, when there is no source, or none with samples,
+  /// or the series itself is its source. Returns false, and leaves the series empty, when Calculate
+  /// failed; what Calculate throws is passed on after that.
   bool Analyze() override;
   /// Runs Calculate with the range as it stands. A failure keeps what is there; it only ends a
   /// transfer that Calculate has begun.
@@ -44,7 +44,7 @@ class Analysis : public ViewData {
  protected:
   /// Fills the series from analyzeFrom, by Reset, Add and AdjustSizeTo or by a transfer, within
   /// nAnalyzeFrom and nAnalyzeTo unless both are kWholeSource. Asks IsAborted in its loops, and
-  /// answers false when it is true, or when there is no valid result. Runs with threadsMutex held.
+  /// returns false when it is true, or when there is no valid result. Runs with threadsMutex held.
   virtual bool Calculate() = 0;
 
  private:

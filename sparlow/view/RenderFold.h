@@ -7,8 +7,8 @@
 namespace sparlow {
 
 /// @file
-/// What the ways of making columns have in common: sample by sample (ViewRender.cpp), and by runs of
-/// samples whose ranges the store keeps (ViewRenderDense.cpp).
+/// What the ways of making columns have in common: sample by sample (ViewRender.cpp), and by runs
+/// of samples whose ranges the store keeps (ViewRenderDense.cpp).
 
 /// One entry of the columns.
 struct ViewData::Column {

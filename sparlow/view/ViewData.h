@@ -15,9 +15,9 @@ class CDC;
 /// A series that can be drawn. Render reduces the samples of the interval to pixel columns, Draw
 /// walks the columns alone. A class derived from it may map samples to pixels in its own way.
 ///
-/// Threads: any, unless a group or an operation says otherwise; life and Reset as in SourceData. One
-/// render at a time, under threadsMutex when there is more than one thread that renders. A copy waits
-/// for a render of its source.
+/// Threads: any, unless a group or an operation states otherwise; life and Reset as in SourceData.
+/// One render at a time, under threadsMutex when there is more than one thread that renders. A copy
+/// waits for a render of its source.
 class ViewData : public SourceData, public ViewColumns {
  public:
   ViewData();
@@ -36,10 +36,10 @@ class ViewData : public SourceData, public ViewColumns {
   void ResetViewData();
   /// Makes the columns of the interval for the axes as they stand. Not full: goes on with the
   /// samples that have come since the last render, unless its columns were made for something else,
-  /// which makes it a full one. False: a full render was stopped by terminator or renderStop; the
-  /// columns are half written then and the next render is a full one. Without samples, or with the
-  /// start of the interval beyond them, there are no columns. Beyond 16384 columns the curve ends.
-  /// Holds dataMutex for its whole run. A null axis renders nothing.
+  /// which makes it a full one. Returns false when a full render was stopped by terminator or
+  /// renderStop: the columns are half written then and the next render is a full one. Without
+  /// samples, or with the start of the interval beyond them, there are no columns. Beyond 16384
+  /// columns the curve ends. Holds dataMutex for its whole run. A null axis renders nothing.
   /// Threads: a worker or the window's.
   virtual bool Render(GraphAxis* axis, bool full);
   /// A render that isn't full would go on over the columns that there are.
@@ -76,10 +76,10 @@ class ViewData : public SourceData, public ViewColumns {
   /// Threads: placing them, the window's; reading, any.
   ///@{
 
-  /// Places a cursor; a sample beyond the series counts as its last one. True: it has crossed the
-  /// other, and the two were exchanged, or it met the other, and the left one now stands one sample
-  /// before the right one. Whoever drags then holds the other cursor. False below two samples, and
-  /// nothing changed.
+  /// Places a cursor; a sample beyond the series counts as its last one. Returns true when it has
+  /// crossed the other, and the two were exchanged, or it met the other, and the left one now
+  /// stands one sample before the right one. Whoever drags then holds the other cursor. Returns
+  /// false, and changes nothing, below two samples.
   bool SetLCursor(unsigned sample);
   bool SetRCursor(unsigned sample);
   /// x and y of a cursor's sample; 0 if there is no such sample.
@@ -134,12 +134,13 @@ class ViewData : public SourceData, public ViewColumns {
   /// Fills one entry through xPosGet and yPosGet.
   void SetViewData(unsigned column, unsigned sample, const GraphAxis* axis);
   /// Declares, from its constructor, that a derived class leaves xPosGet and yPosGet as they are
-  /// here. It holds for objects of exactly that type. Only for compilers of which VirtualTable knows
-  /// nothing: with all others a render sees by itself what a class has overridden.
+  /// here. It holds for objects of exactly that type. Only for compilers of which VirtualTable
+  /// knows nothing: with all others a render sees by itself what a class has overridden.
   void UseStandardMapping(const std::type_info& type) { standardMapping_ = &type; }
-  /// Declares, from its constructor, that a derived class with a mapping of its own gives many pixels
-  /// in one PosGet faster than one by one. It holds for objects of exactly that type: one that is
-  /// derived further may map in another way, and is asked for each sample unless it declares itself.
+  /// Declares, from its constructor, that a derived class with a mapping of its own gives many
+  /// pixels in one PosGet faster than one by one. It holds for objects of exactly that type: one
+  /// that is derived further may map in another way, and is asked for each sample unless it
+  /// declares itself.
   void UsePosGet(const std::type_info& type) { rowMapping_ = &type; }
 
  private:
@@ -167,7 +168,7 @@ class ViewData : public SourceData, public ViewColumns {
   RenderKey keyOf(const SampleReader& samples, unsigned from, const GraphAxis& axis) const;
   void foldByAxes(Fold& fold, const GraphAxis& axis);
   static bool isDense(const Fold& fold, const GraphAxis& axis);
-  // False when the samples are to be folded one by one.
+  // Returns false when the samples are to be folded one by one.
   bool renderDense(Fold& fold, const GraphAxis& axis);
   template <class Ver>
   void foldDense(Fold& fold, const LinearMapping& hor, const Ver& ver);

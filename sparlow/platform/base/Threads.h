@@ -1,7 +1,8 @@
 #pragma once
 
-/// Which threads may use a class is a rule of its folder. A class that differs has a line `Threads:`,
-/// and so has a group or an operation that differs from its class, unless its text names the thread.
+/// Which threads may use a class is a rule of its folder. A class that differs has a line
+/// `Threads:`, and so has a group or an operation that differs from its class, unless its text
+/// names the thread.
 ///
 /// | Folder below sparlow | Threads |
 /// |---|---|
@@ -17,8 +18,8 @@ namespace sparlow {
 /// What a worker runs; the result is the thread's exit code, which nobody reads.
 using AFX_THREADPROC = unsigned (*)(void* parameter);
 
-/// Starts a detached worker at normal priority. False when the system can't start a thread: nothing
-/// runs then and the parameter stays the caller's.
+/// Starts a detached worker at normal priority. Returns false when the system can't start a thread:
+/// nothing runs then and the parameter stays the caller's.
 bool AfxBeginThread(AFX_THREADPROC proc, void* parameter);
 
 /// Replaces the way in which AfxBeginThread starts threads, for a host with a thread pool or a test

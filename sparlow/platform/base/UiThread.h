@@ -23,11 +23,11 @@ struct BoxRequest {
   unsigned style = MB_OK;
 };
 
-/// The one thread that owns the windows, and the message boxes that other threads want it to open.
-/// Threads: as each operation says.
+/// The one thread that owns the windows, and the message boxes that other threads request of it.
+/// Threads: as each operation states.
 class UiThread {
  public:
-  /// Opens one box and gives the button that closed it.
+  /// Opens one box and returns the button that closed it.
   using BoxHandler = std::function<int(const BoxRequest&)>;
 
   /// Makes the calling thread the window's thread. wake is called on any thread when something
@@ -37,7 +37,7 @@ class UiThread {
   static void Detach();
   /// True on the thread that is attached. Any thread.
   static bool IsCurrent();
-  /// Asks for a Serve. Any thread.
+  /// Requests a Serve. Any thread.
   static void Wake();
 
   /// Replaces what opens a box; null: boxes are written to standard error and answered with IDOK,
@@ -51,7 +51,7 @@ class UiThread {
   /// The same while the window's thread waits for something else than its event loop. As long as
   /// such a box is open InWait holds, and nothing but boxes is to be served.
   static void ServeBoxesInWait();
-  /// While it lives, a box that can be opened raises it, on whatever thread it is asked for.
+  /// While it lives, a box that can be opened raises it, on whatever thread it is requested.
   /// Threads: the window's.
   class BoxAlarm {
    public:
@@ -66,7 +66,7 @@ class UiThread {
     std::stop_source* const outer_;
   };
   static bool InWait();
-  /// While it lives, the boxes that the calling thread asks for are those of an owner.
+  /// While it lives, the boxes that the calling thread requests are those of an owner.
   /// Threads: any but the window's.
   class BoxOwner {
    public:
@@ -78,8 +78,8 @@ class UiThread {
    private:
     const void* const outer_;
   };
-  /// While it lives, the boxes that an owner's workers want are logged and answered, those that are
-  /// open included: the owner waits for its workers. Null: the boxes of everybody's.
+  /// While it lives, the boxes that an owner's workers request are logged and answered, those that
+  /// are open included: the owner waits for its workers. Null: the boxes of everybody's.
   /// Threads: the window's.
   class AnswerBoxes {
    public:
@@ -93,7 +93,8 @@ class UiThread {
   };
 };
 
-/// Shows text in a box titled with the application's name. The button that closed it; any thread.
+/// Shows text in a box titled with the application's name, and returns the button that closed it.
+/// Any thread.
 int AfxMessageBox(const char* text, unsigned type = MB_OK, unsigned helpId = 0);
 
 /// The application's name, the title of message boxes. Empty names are allowed. Any thread.

@@ -25,15 +25,16 @@ class CWnd : public CObject {
   /// A window that still exists goes without a message; DestroyWindow comes first.
   ~CWnd() override;
 
-  /// Makes the window, hidden, in the window system that is installed; WM_CREATE runs inside. False
-  /// when there is no window system, the window exists already, or WM_CREATE answered -1.
+  /// Makes the window, hidden, in the window system that is installed; WM_CREATE runs inside.
+  /// Returns false when there is no window system, the window exists already, or WM_CREATE returned
+  /// -1.
   bool Create();
   /// Makes a window without a place on the screen, which only receives messages. Needs no window
   /// system.
   bool CreateMessageOnly();
-  /// Ends the window: WM_DESTROY, and then PostNcDestroy, which may delete this object. While a message
-  /// of the window is handled the window ends at once, and PostNcDestroy comes after the message. False
-  /// when there is no window.
+  /// Ends the window: WM_DESTROY, and then PostNcDestroy, which may delete this object. While a
+  /// message of the window is handled the window ends at once, and PostNcDestroy comes after the
+  /// message. Returns false when there is no window.
   bool DestroyWindow();
   void ShowWindow(bool show);
 

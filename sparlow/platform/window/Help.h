@@ -14,7 +14,7 @@ inline constexpr UINT HH_HELP_CONTEXT = 15;
 /// happens when the file isn't there.
 void HtmlHelp(HWND window, const char* path, UINT command, std::uintptr_t topic);
 
-/// The path of the program that runs; empty where the system doesn't say.
+/// The path of the program that runs; empty where the system doesn't provide it.
 /// Threads: any.
 std::string GetModuleFileName();
 

@@ -20,7 +20,8 @@ inline constexpr int IDC_SIZEALL = 0x7F86;
 ///@{
 void SetCapture(HWND window);
 void ReleaseCapture();
-/// From a peer: the window system has taken the mouse from a window, which is notified if it had it.
+/// From a peer: the window system has taken the mouse from a window, which is notified if it had
+/// it.
 void CaptureLost(HWND window);
 /// The window that has the mouse; null when none of this process has.
 HWND GetCapture();
@@ -30,8 +31,8 @@ HCURSOR LoadCursor(int id);
 void SetCursor(HCURSOR shape);
 /// Where the mouse is, in screen pixels.
 bool GetCursorPos(CPoint* point);
-/// From screen pixels to those of a window's client area, and back. False for a window that is
-/// gone.
+/// From screen pixels to those of a window's client area, and back. Returns false for a window that
+/// is gone.
 bool ScreenToClient(HWND window, CPoint* point);
 bool ClientToScreen(HWND window, CPoint* point);
 /// Negative while the key VK_SHIFT is down; other keys aren't followed.

@@ -53,7 +53,7 @@ inline constexpr int SB_HORZ = 0;
 inline constexpr int SB_VERT = 1;
 inline constexpr int SB_BOTH = 3;
 
-/// What a scroll bar asks for, in the low 16 bits of wParam. The next two serve both directions.
+/// What a scroll bar requests, in the low 16 bits of wParam. The next two serve both directions.
 inline constexpr int SB_LINELEFT = 0;
 inline constexpr int SB_LINERIGHT = 1;
 inline constexpr int SB_PAGELEFT = 2;

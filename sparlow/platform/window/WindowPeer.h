@@ -22,8 +22,8 @@ class WindowPeer {
   WindowPeer& operator=(const WindowPeer&) = delete;
   virtual ~WindowPeer() = default;
 
-  /// The window ends: what is on the screen goes, and nothing is reported any more. The surface stays as
-  /// long as the peer.
+  /// The window ends: what is on the screen goes, and nothing is reported any more. The surface
+  /// stays as long as the peer.
   virtual void End() {}
   /// The window's own pixels, as large as its client area. They stay until the next change of size.
   virtual Device& Surface() = 0;
@@ -60,7 +60,7 @@ class WindowSystem {
   virtual std::unique_ptr<WindowPeer> CreatePeer(WindowSite& site, std::uint32_t style) = 0;
 
   /// Shows a popup menu at a point of the screen until something is chosen or it is closed, and
-  /// gives the command that was chosen, or 0. Each menu that opens notifies the owner first
+  /// returns the command that was chosen, or 0. Each menu that opens notifies the owner first
   /// (CMenu::NotifyOpening), which may change it. It closes by itself when the owner ends.
   virtual UINT TrackMenu(CMenu& menu, CPoint at, HWND owner) = 0;
   /// Makes a dialog, not yet shown, of the items of a template. What happens to it is sent to

@@ -9,12 +9,12 @@
 
 namespace sparlow {
 
-/// One window: joins its CWnd, its peer and its handle, and keeps what other threads may ask. A peer
-/// notifies it.
+/// One window: joins its CWnd, its peer and its handle, and keeps what other threads may ask. A
+/// peer notifies it.
 ///
-/// A window ends at once. What it was made of, its CWnd and its peer, is deleted when no WindowHold is
-/// left, since some of it is still at work then.
-/// Threads: as each operation says.
+/// A window ends at once. What it was made of, its CWnd and its peer, is deleted when no WindowHold
+/// is left, since some of it is still at work then.
+/// Threads: as each operation states.
 class WindowSite : public std::enable_shared_from_this<WindowSite> {
  public:
   explicit WindowSite(CWnd& window);
@@ -45,8 +45,8 @@ class WindowSite : public std::enable_shared_from_this<WindowSite> {
 
   /// Paints if a paint is due and can be seen. The window's thread.
   void PaintIfDue();
-  /// Ends the window: WM_DESTROY, the handle and what is on the screen go, WM_NCDESTROY. The window's
-  /// thread.
+  /// Ends the window: WM_DESTROY, the handle and what is on the screen go, WM_NCDESTROY. The
+  /// window's thread.
   void Destroy();
   /// Ends the window without a message, because its CWnd is being destroyed. The window's thread.
   void Forget();

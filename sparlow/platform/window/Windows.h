@@ -6,15 +6,14 @@
 namespace sparlow {
 
 /// @name Any thread
-/// None of these waits for another thread; on a handle that is gone they do nothing and say false.
-/// Two reads of one window may differ when the size changes in between.
+/// None of these waits for another thread; on a handle that is gone they do nothing and return
+/// false. Two reads of one window may differ when the size changes in between.
 ///@{
 bool GetClientRect(HWND window, CRect* rect);
 /// Marks the whole client area for a paint that comes later, on the window's thread; many marks
 /// before it make one paint. flags must hold RDW_INVALIDATE.
 bool RedrawWindow(HWND window, UINT flags = RDW_INVALIDATE);
-/// The same; the rectangle and the wish to erase make no difference, since a paint covers
-/// everything.
+/// The same; rect and erase make no difference, since a paint covers everything.
 bool InvalidateRect(HWND window, const CRect* rect, bool erase);
 /// Keeps a message for the window, which gets it later, in order.
 bool PostMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
@@ -46,7 +45,8 @@ class CClientDC : public CDC {
 /// bar: SB_HORZ, SB_VERT or SB_BOTH. The client area has its new size when this returns, and the
 /// window has had its WM_SIZE.
 bool ShowScrollBar(HWND window, int bar, bool show);
-/// State of SB_HORZ or SB_VERT. False, and info as it was, for a window without bars.
+/// State of SB_HORZ or SB_VERT. Returns false, and leaves info as it was, for a window without
+/// bars.
 bool GetScrollInfo(HWND window, int bar, SCROLLINFO* info);
 bool SetScrollInfo(HWND window, int bar, const SCROLLINFO& info);
 /// Moves the thumb; the position is brought into the range.
