@@ -92,7 +92,7 @@ void RegisterPainting() {
     pairs.push_back({std::string("paint ") + curve.name + ", pen 2",
                      std::string("paint ") + curve.name + ", pen 1"});
   }
-  WorstAtMost("Painting 1000 columns by a pen of 2 pixels, to 1 pixel", pairs, 1.5);
+  WorstAtMost("Painting 1000 columns by a pen of 2 pixels, to 1 pixel", pairs, 3.0);
   Told([] {
     std::size_t most = 0;
     for (const Curve& curve : kCurves)

@@ -35,16 +35,14 @@ const MessageMap CGraphScale::messageMap{&CDialog::messageMap, messageEntries};
 DialogTemplate CGraphScale::Template() {
   using Kind = DialogItemTemplate::Kind;
   return {"Define Axis",
-          125,
-          89,
           true,
-          {{1197, Kind::label, 12, 46, 12, 8, "Min"},
-           {1198, Kind::label, 12, 25, 14, 8, "Max"},
-           {IDOK, Kind::defaultButton, 9, 68, 46, 14, "OK"},
-           {IDCANCEL, Kind::button, 65, 68, 50, 14, "Cancel"},
-           {IDC_MIN_VALUE, Kind::edit, 33, 43, 79, 14, ""},
-           {IDC_MAX_VALUE, Kind::edit, 33, 23, 79, 14, ""},
-           {IDC_AUTO_RANGE, Kind::checkBox, 11, 6, 63, 10, "Auto Range"}}};
+          {{1197, Kind::label, 2, "Min"},
+           {1198, Kind::label, 1, "Max"},
+           {IDOK, Kind::defaultButton, 3, "OK"},
+           {IDCANCEL, Kind::button, 3, "Cancel"},
+           {IDC_MIN_VALUE, Kind::edit, 2, ""},
+           {IDC_MAX_VALUE, Kind::edit, 1, ""},
+           {IDC_AUTO_RANGE, Kind::checkBox, 0, "Auto Range"}}};
 }
 
 CGraphScale::CGraphScale(const CWnd* parent) : CDialog(IDD_GRAPH_SCALE, parent) {}

@@ -28,7 +28,6 @@ class TestDialog : public DialogPeer {
   }
 
   void EnableItem(int id, bool enable) override { items[id].enabled = enable; }
-  bool IsItemEnabled(int id) const override { return items.at(id).enabled; }
   void CheckItem(int id, bool check) override { items[id].checked = check; }
   bool IsItemChecked(int id) const override { return items.at(id).checked; }
   void SetItemText(int id, const std::string& utf8) override { items[id].text = utf8; }

@@ -30,7 +30,7 @@ class MenuTest : public GraphTest {
     system.onMenu = [&](CMenu& menu, CPoint at, HWND owner) {
       EXPECT_EQ(at, (CPoint{110, 70})) << "the point on the screen";
       menu.NotifyOpening(owner, 0);
-      for (int i = 0; i < menu.GetMenuItemCount(); ++i) {
+      for (int i = 0; i < static_cast<int>(menu.Items().size()); ++i) {
         if (CMenu* const subMenu = menu.GetSubMenu(i))
           subMenu->NotifyOpening(owner, i);
       }

@@ -41,12 +41,6 @@ struct CRect {
   constexpr bool PtInRect(CPoint p) const {
     return p.x >= left && p.x < right && p.y >= top && p.y < bottom;
   }
-  constexpr void OffsetRect(int dx, int dy) {
-    left += dx;
-    right += dx;
-    top += dy;
-    bottom += dy;
-  }
   /// Exchanges edges that are the wrong way round.
   constexpr void NormalizeRect() {
     if (left > right)

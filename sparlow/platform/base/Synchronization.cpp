@@ -24,46 +24,30 @@ void WaitServingBoxes(std::unique_lock<std::mutex>& lock, std::condition_variabl
   }
 }
 
-namespace {
-
-/// Threads that wait for any CMutex: to notify costs a lock of the condition's own, and mostly nobody
-/// waits. Each counts itself under the state of the mutex that it waits for.
-std::atomic<int> waiting{0};
-
-struct Waiting {
-  Waiting() { ++waiting; }
-  ~Waiting() { --waiting; }
-  Waiting(const Waiting&) = delete;
-  Waiting& operator=(const Waiting&) = delete;
-};
-
-}  // namespace
-
-void CMutex::take(std::thread::id thread) {
-  owner_ = thread;
+/// Returns false when the wait ended without the lock.
+template <class Wait>
+bool CMutex::lock(Wait wait) {
+  const std::thread::id self = std::this_thread::get_id();
+  const auto isFree = [this, self] { return freeFor(self); };
+  std::unique_lock guard(state_);
+  if (!isFree()) {
+    ++waiting_;
+    wait(guard, isFree);
+    --waiting_;
+    if (!isFree())
+      return false;
+  }
+  owner_ = self;
   ++depth_;
+  return true;
 }
 
 void CMutex::Lock() {
-  const std::thread::id self = std::this_thread::get_id();
-  std::unique_lock guard(state_);
-  if (!freeFor(self)) {
-    const Waiting counted;
-    WaitServingBoxes(guard, freed_, [this, self] { return freeFor(self); });
-  }
-  take(self);
+  lock([this](auto& guard, const auto& isFree) { WaitServingBoxes(guard, freed_, isFree); });
 }
 
 bool CMutex::Lock(const std::stop_token& stop) {
-  const std::thread::id self = std::this_thread::get_id();
-  std::unique_lock guard(state_);
-  if (!freeFor(self)) {
-    const Waiting counted;
-    if (!freed_.wait(guard, stop, [this, self] { return freeFor(self); }))
-      return false;
-  }
-  take(self);
-  return true;
+  return lock([this, &stop](auto& guard, const auto& isFree) { freed_.wait(guard, stop, isFree); });
 }
 
 bool CMutex::TryLock() {
@@ -71,7 +55,8 @@ bool CMutex::TryLock() {
   const std::lock_guard guard(state_);
   if (!freeFor(self))
     return false;
-  take(self);
+  owner_ = self;
+  ++depth_;
   return true;
 }
 
@@ -82,8 +67,9 @@ void CMutex::Unlock() {
     return;
   if (--depth_ == 0) {
     owner_ = {};
-    // One that is told to stop just now would keep the notification from another one.
-    if (waiting != 0)
+    // To notify costs a lock of the condition's own, and mostly nobody waits. All, because one that
+    // is to stop just now would keep the notification from another one.
+    if (waiting_ != 0)
       freed_.notify_all();
   }
 }

@@ -23,21 +23,23 @@ class CMutex {
 
   /// Waits without limit.
   void Lock();
-  /// Waits until it is told to stop, without serving message boxes. False: it was, and another thread
-  /// still has the lock.
+  /// Waits until a stop is requested, without serving message boxes. Returns false when that came
+  /// first.
   bool Lock(const std::stop_token& stop);
-  /// Takes the lock if that needs no wait. False: another thread has it.
+  /// Takes the lock if that needs no wait. Returns false when another thread has it.
   bool TryLock();
   void Unlock();
 
  private:
   bool freeFor(std::thread::id thread) const { return depth_ == 0 || owner_ == thread; }
-  void take(std::thread::id thread);
+  template <class Wait>
+  bool lock(Wait wait);
 
   std::mutex state_;
   std::condition_variable_any freed_;
   std::thread::id owner_;  // guarded by state_
   unsigned depth_ = 0;     // guarded by state_
+  unsigned waiting_ = 0;   // threads that wait for freed_; guarded by state_
 };
 
 /// Holds a CMutex from its construction to its end, or to Unlock.
@@ -72,9 +74,9 @@ class Event {
   void Reset();
   /// Without a lock and without ordering anything else: cheap enough to be asked once a sample.
   bool IsSet() const noexcept { return signalled_.load(std::memory_order_relaxed); }
-  /// True when the event is signalled before the time is over.
+  /// Returns true when the event is signalled before the time is over.
   bool Wait(std::chrono::milliseconds limit);
-  /// Waits until the event isn't signalled. False: it was told to stop before.
+  /// Waits until the event isn't signalled. Returns false when a stop is requested before.
   bool WaitForReset(const std::stop_token& stop);
 
  private:

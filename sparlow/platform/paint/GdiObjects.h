@@ -21,12 +21,15 @@ struct Bitmap {
 using HBITMAP = Bitmap*;
 
 /// A pen that lines are drawn with. It must outlive its selection into a device context.
-/// Threads: the one that paints.
 class CPen {
  public:
   CPen() = default;
-  /// A style PS_*, a width in device pixels (0 counts as 1) and a colour.
-  CPen(int style, int width, COLORREF color) : stroke_{style, std::max(width, 1), color} {}
+  /// Covers any surface from any point.
+  static constexpr int kWidest = 1 << 17;
+
+  /// A style PS_*, a width in device pixels from 1 to kWidest, or else the nearest, and a colour.
+  CPen(int style, int width, COLORREF color)
+      : stroke_{style, std::clamp(width, 1, kWidest), color} {}
   const Stroke& stroke() const { return stroke_; }
 
  private:
@@ -34,7 +37,6 @@ class CPen {
 };
 
 /// A font that text is drawn with. It must outlive its selection into a device context.
-/// Threads: the one that paints.
 class CFont {
  public:
   CFont() = default;
@@ -49,7 +51,6 @@ class CFont {
 };
 
 /// A rectangular region in device coordinates, for clipping.
-/// Threads: the one that paints.
 class CRgn {
  public:
   CRgn() = default;

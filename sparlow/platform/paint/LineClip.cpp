@@ -1,6 +1,8 @@
 #include "sparlow/platform/paint/LineClip.h"
 
+#include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace sparlow {
 
@@ -11,40 +13,45 @@ bool withinLimit(CPoint p) {
          p.y >= -deviceCoordinateLimit && p.y <= deviceCoordinateLimit;
 }
 
-/// Narrows the part first to last of a line, in shares of its length, to where start + share *
-/// delta keeps the limit. False when nothing is left.
-bool narrow(double start, double delta, double& first, double& last) {
-  constexpr double limit = deviceCoordinateLimit;
+/// Narrows a part of a line to where start + share * delta lies between low and high. Returns false
+/// when nothing is left.
+bool narrow(LinePart& part, double start, double delta, double low, double high) {
   if (delta == 0.0)
-    return std::abs(start) <= limit;
-  double enter = (-limit - start) / delta;
-  double leave = (limit - start) / delta;
+    return start >= low && start <= high;
+  double enter = (low - start) / delta;
+  double leave = (high - start) / delta;
   if (enter > leave)
     std::swap(enter, leave);
-  first = std::max(first, enter);
-  last = std::min(last, leave);
-  return first <= last;
+  part.first = std::max(part.first, enter);
+  part.last = std::min(part.last, leave);
+  return part.first <= part.last;
 }
 
 }  // namespace
 
+std::optional<LinePart> PartInside(const LineCourse& line, const LineBounds& area) {
+  LinePart part;
+  if (!narrow(part, line.x, line.dx, area.left, area.right) ||
+      !narrow(part, line.y, line.dy, area.top, area.bottom))
+    return std::nullopt;
+  return part;
+}
+
 bool ClipToDeviceLimit(CPoint& from, CPoint& to) {
   if (withinLimit(from) && withinLimit(to))
     return true;
-  const double x = from.x;
-  const double y = from.y;
-  const double dx = static_cast<double>(to.x) - x;
-  const double dy = static_cast<double>(to.y) - y;
-  double first = 0.0;
-  double last = 1.0;
-  if (!narrow(x, dx, first, last) || !narrow(y, dy, first, last))
+  constexpr double limit = deviceCoordinateLimit;
+  const LineCourse line{static_cast<double>(from.x), static_cast<double>(from.y),
+                        static_cast<double>(to.x) - from.x, static_cast<double>(to.y) - from.y};
+  const auto part = PartInside(line, {-limit, -limit, limit, limit});
+  if (!part)
     return false;
   const auto at = [&](double share) {
-    return CPoint{static_cast<int>(std::lround(x + share * dx)),
-                  static_cast<int>(std::lround(y + share * dy))};
+    return CPoint{static_cast<int>(std::lround(line.x + share * line.dx)),
+                  static_cast<int>(std::lround(line.y + share * line.dy))};
   };
-  from = at(first);
-  to = at(last);
+  from = at(part->first);
+  to = at(part->last);
   return true;
 }
 

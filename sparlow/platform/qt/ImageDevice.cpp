@@ -2,8 +2,6 @@
 
 #include <cstring>
 
-#include "sparlow/platform/qt/QtFonts.h"
-
 namespace sparlow::qt {
 
 ImageDevice::ImageDevice(CSize size, double scale, COLORREF background) {
@@ -11,7 +9,7 @@ ImageDevice::ImageDevice(CSize size, double scale, COLORREF background) {
 }
 
 void ImageDevice::Remake(CSize size, double scale, COLORREF background) {
-  painting_.reset();
+  close();
   size_ = {std::max(size.cx, 0), std::max(size.cy, 0)};
   scale_ = PixelScale(scale);
   image_ = QImage(std::max(scale_.Edge(size_.cx), 1), std::max(scale_.Edge(size_.cy), 1),
@@ -22,46 +20,8 @@ void ImageDevice::Remake(CSize size, double scale, COLORREF background) {
 }
 
 const QImage& ImageDevice::Image() const {
-  painting_.reset();
+  close();
   return image_;
-}
-
-Painting& ImageDevice::painting() {
-  if (!painting_)
-    painting_.emplace(image_, scale_, image_.size());
-  return *painting_;
-}
-
-void ImageDevice::Line(CPoint from, CPoint to, const Stroke& stroke, const Clip& clip) {
-  painting().Line(from, to, stroke, clip);
-}
-
-void ImageDevice::FillRect(const CRect& rect, COLORREF color, const Clip& clip) {
-  painting().FillRect(rect, color, clip);
-}
-
-void ImageDevice::Rectangle(const CRect& rect, const Stroke& outline, COLORREF fill,
-                            const Clip& clip) {
-  painting().Rectangle(rect, outline, fill, clip);
-}
-
-void ImageDevice::Ellipse(const CRect& rect, const Stroke& outline, COLORREF fill,
-                          const Clip& clip) {
-  painting().Ellipse(rect, outline, fill, clip);
-}
-
-void ImageDevice::Text(CPoint topLeft, std::string_view utf8, const FontRequest& font,
-                       COLORREF color, const Clip& clip) {
-  painting().Text(topLeft, utf8, FontFor(font), color, clip);
-}
-
-CSize ImageDevice::TextExtent(std::string_view utf8, const FontRequest& font) const {
-  const CellFont& found = FontFor(font);
-  return {found.metrics.horizontalAdvance(FromUtf8(utf8)), found.CellHeight()};
-}
-
-int ImageDevice::TextAscent(const FontRequest& font) const {
-  return FontFor(font).Ascent();
 }
 
 void ImageDevice::Copy(const CRect& to, const Device& source, CPoint from, const Clip& clip) {
@@ -72,7 +32,8 @@ void ImageDevice::Copy(const CRect& to, const Device& source, CPoint from, const
   if (other->Scale() != Scale()) {
     // A bitmap from before the window went to another screen.
     const CRect part{from.x, from.y, from.x + to.Width(), from.y + to.Height()};
-    painting().Clipped(clip).drawImage(scale_.Area(to), pixels, other->scale_.Area(part));
+    if (prepare())
+      Clipped(clip).drawImage(scale_.Area(to), pixels, other->scale_.Area(part));
     return;
   }
   const QRect target = scale_.Area(to);
@@ -85,7 +46,7 @@ void ImageDevice::Copy(const CRect& to, const Device& source, CPoint from, const
 }
 
 void ImageDevice::copyPixels(const QRect& to, const ImageDevice& source, QPoint from) {
-  painting_.reset();
+  close();
   const auto bytes = static_cast<std::size_t>(to.width()) * sizeof(QRgb);
   // A picture that is copied down onto itself goes from its last row up.
   const bool upward = &source == this && from.y() < to.y();

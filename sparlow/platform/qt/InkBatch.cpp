@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "sparlow/platform/qt/DashPattern.h"
+
 namespace sparlow::qt {
 
 namespace {
@@ -70,14 +72,11 @@ void InkBatch::Ellipse(const CRect& rect, const Stroke& outline, COLORREF fill, 
   const int w = outline.width;
   if (!open(outline.color, clip, {r.left - w, r.top - w, r.right + w, r.bottom + w}))
     return;
-  QPainter& painter = painting_.Clipped(clip);
-  const QPen before = painter.pen();
+  QPainter& painter = page_.Clipped(clip);
   painter.setPen(QPen(QColor(ToQt(outline.color)), w));
   painter.setBrush(QColor(ToQt(fill)));
   painter.drawEllipse(QRectF(QPointF(centre(r.left, w), centre(r.top, w)),
                              QPointF(centre(r.right - 1, w), centre(r.bottom - 1, w))));
-  painter.setBrush(Qt::NoBrush);
-  painter.setPen(before);
 }
 
 /// A column of a trace goes up and partly down again, and a quiet trace goes on in its row: such
@@ -99,20 +98,6 @@ bool InkBatch::join(const Segment& next) {
     return true;
   }
   return false;
-}
-
-QPen InkBatch::pen(bool oblique) const {
-  QPen pen(QColor(ToQt(color_)), width_, Qt::SolidLine, oblique ? Qt::RoundCap : Qt::SquareCap,
-           Qt::RoundJoin);
-  const DashPattern dashes(style_);
-  if (!dashes.IsSolid()) {
-    QList<qreal> lengths;
-    for (std::size_t i = 0; i < dashes.Count(); ++i)
-      lengths.append(dashes.Length(i));
-    pen.setCapStyle(Qt::FlatCap);
-    pen.setDashPattern(lengths);
-  }
-  return pen;
 }
 
 /// Each line is a path of its own within the path, with caps: joints would change its ends. The
@@ -152,24 +137,20 @@ void InkBatch::Flush() {
       rects_.emplace_back(PenBegin(segment.from.x, width_), PenBegin(segment.from.y, width_),
                           width_, width_);
   }
-  QPainter& painter = painting_.Clipped(clip_);
-  // Painting knows the pen that it has set.
-  const QPen before = painter.pen();
+  QPainter& painter = page_.Clipped(clip_);
   painter.setBrush(Qt::NoBrush);
   for (const bool oblique : {false, true}) {
     const QPainterPath path = strokes(oblique);
     if (path.isEmpty())
       continue;
-    painter.setPen(pen(oblique));
+    painter.setPen(MakePen(style_, color_, width_, oblique ? Qt::RoundCap : Qt::SquareCap));
     painter.drawPath(path);
   }
   if (!rects_.empty()) {
     painter.setPen(Qt::NoPen);
     painter.setBrush(QColor(ToQt(color_)));
     painter.drawRects(rects_.data(), static_cast<int>(rects_.size()));
-    painter.setBrush(Qt::NoBrush);
   }
-  painter.setPen(before);
   segments_.clear();
   rects_.clear();
 }

@@ -4,26 +4,25 @@
 #include <QRect>
 #include <vector>
 
-#include "sparlow/platform/qt/Painting.h"
+#include "sparlow/platform/qt/PaintedDevice.h"
 
 namespace sparlow::qt {
 
 /// Lines and areas of one colour that wait to be drawn as one path. A file then names a pen once
 /// for hundreds of lines, and strokes stay strokes: sharp at any magnification. They take the place
-/// and width that Painting gives them in pixels.
-/// Threads: those of the painting.
+/// and width that PaintedDevice gives them in pixels.
 class InkBatch {
  public:
   using Clip = Device::Clip;
 
   /// bounds: what can be seen of the surface.
-  InkBatch(Painting& painting, const CRect& bounds) : painting_(painting), bounds_(bounds) {}
+  InkBatch(PaintedDevice& page, const CRect& bounds) : page_(page), bounds_(bounds) {}
 
   void AddLine(CPoint from, CPoint to, const Stroke& stroke, const Clip& clip);
   void AddRect(const CRect& rect, COLORREF color, const Clip& clip);
   /// Drawn at once, after what waits.
   void Ellipse(const CRect& rect, const Stroke& outline, COLORREF fill, const Clip& clip);
-  /// Draws what waits. To be called before anything else is drawn on the painting.
+  /// Draws what waits. To be called before anything else is drawn on the page.
   void Flush();
 
  private:
@@ -35,12 +34,11 @@ class InkBatch {
   /// Makes room for more of a colour; false when nothing of it could be seen.
   bool open(COLORREF color, const Clip& clip, const CRect& extent);
   bool join(const Segment& next);
-  QPen pen(bool oblique) const;
   /// The lines that follow the pixels, or those that don't: ends of the first are square, as on an
   /// image.
   QPainterPath strokes(bool oblique) const;
 
-  Painting& painting_;
+  PaintedDevice& page_;
   const CRect bounds_;
   COLORREF color_ = 0;
   Clip clip_;

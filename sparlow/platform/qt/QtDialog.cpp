@@ -2,14 +2,15 @@
 
 #include <QCheckBox>
 #include <QDialog>
-#include <QFontMetricsF>
+#include <QFontMetrics>
+#include <QFormLayout>
+#include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QWhatsThis>
 #include <algorithm>
-#include <cmath>
 
 #include "sparlow/platform/base/UiThread.h"
 #include "sparlow/platform/qt/QtFonts.h"
@@ -20,28 +21,31 @@ namespace sparlow::qt {
 
 namespace {
 
-/// From dialog units to pixels, by the font that a dialog has.
-/// Threads: the window's.
-class DialogUnits {
- public:
-  explicit DialogUnits(const QWidget& dialog) {
-    const QFontMetricsF metrics(dialog.font());
-    const QString letters = QStringLiteral("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz");
-    x_ = metrics.horizontalAdvance(letters) / static_cast<double>(letters.size()) / 4.0;
-    y_ = metrics.height() / 8.0;
-  }
-  QRect operator()(int x, int y, int width, int height) const {
-    const auto pixels = [](double units) { return static_cast<int>(std::lround(units)); };
-    return {QPoint(pixels(x * x_), pixels(y * y_)), QSize(pixels(width * x_), pixels(height * y_))};
-  }
+/// A field is at least as wide as its text takes, if that isn't more than a number with its unit.
+void makeRoom(QLineEdit& field) {
+  constexpr int most = 45;
+  // A field's own size hint is that of 17 characters and its frame.
+  const QFontMetrics metrics(field.font());
+  const int character = metrics.horizontalAdvance(QLatin1Char('x'));
+  const int frame = field.sizeHint().width() - 17 * character;
+  const int text = std::min(metrics.horizontalAdvance(field.text()), most * character);
+  field.setMinimumWidth(std::max(field.minimumWidth(), text + frame));
+}
 
- private:
-  double x_;
-  double y_;
-};
+void addRow(QFormLayout& layout, const QList<QWidget*>& row) {
+  auto* const label = qobject_cast<QLabel*>(row.first());
+  if (label && row.size() == 2) {
+    label->setBuddy(row.last());
+    layout.addRow(label, row.last());
+    return;
+  }
+  auto* const line = new QHBoxLayout;
+  for (QWidget* const widget : row)
+    line->addWidget(widget);
+  layout.addRow(line);
+}
 
 /// Sends what is done with the dialog as a whole.
-/// Threads: the window's.
 class Frame final : public QDialog {
  public:
   explicit Frame(HWND dialog) : dialog_(dialog) {}
@@ -75,24 +79,21 @@ QtDialog::QtDialog(const DialogTemplate& form, HWND dialog, HWND owner)
     : dialog_(dialog), owner_(owner), widget_(std::make_unique<Frame>(dialog)) {
   widget_->setWindowTitle(FromUtf8(ToUtf8(form.title)));
   widget_->setWindowFlag(Qt::WindowContextHelpButtonHint, form.helpButton);
-  const DialogUnits units(*widget_);
+  std::map<int, QList<QWidget*>> rows;
   QWidget* before = nullptr;
   for (const DialogItemTemplate& item : form.items) {
     QWidget* const widget = makeItem(item);
-    const QRect place = units(item.x, item.y, item.width, item.height);
-    // A font of other proportions than the units' must not cut a text off, nor a field's frame.
-    QRect room(place.topLeft(), place.size().expandedTo(widget->minimumSizeHint()));
-    room.moveTop(place.center().y() - room.height() / 2);
-    widget->setGeometry(room);
     if (before)
       QWidget::setTabOrder(before, widget);
     before = widget;
     items_.emplace(item.id, widget);
+    rows[item.row].append(widget);
   }
-  const QRect covered = widget_->childrenRect();
-  widget_->setFixedSize(units(0, 0, form.width, form.height)
-                            .size()
-                            .expandedTo(QSize(covered.right() + 1, covered.bottom() + 1)));
+  auto* const layout = new QFormLayout(widget_.get());
+  layout->setSizeConstraint(QLayout::SetFixedSize);
+  layout->setFieldGrowthPolicy(QFormLayout::ExpandingFieldsGrow);
+  for (const auto& [number, row] : rows)
+    addRow(*layout, row);
 }
 
 QtDialog::~QtDialog() = default;
@@ -139,11 +140,6 @@ void QtDialog::EnableItem(int id, bool enable) {
     item->setEnabled(enable);
 }
 
-bool QtDialog::IsItemEnabled(int id) const {
-  const QWidget* const item = find(id);
-  return item && item->isEnabled();
-}
-
 void QtDialog::CheckItem(int id, bool check) {
   if (auto* const button = findAs<QAbstractButton>(id))
     button->setChecked(check);
@@ -166,27 +162,6 @@ void QtDialog::SetItemText(int id, const std::string& utf8) {
   } else if (auto* const label = findAs<QLabel>(id)) {
     label->setText(text);
   }
-}
-
-/// All fields as wide as the text of one takes, if that isn't more than a number with its unit, and
-/// the dialog with them.
-void QtDialog::makeRoom(const QLineEdit& field) {
-  constexpr int most = 45;
-  // A field's own size hint is that of 17 characters and its frame.
-  const QFontMetrics metrics(field.font());
-  const int character = metrics.horizontalAdvance(QLatin1Char('x'));
-  const int frame = field.sizeHint().width() - 17 * character;
-  const int text = std::min(metrics.horizontalAdvance(field.text()), most * character);
-  const int more = text + frame - field.width(), right = field.geometry().right();
-  if (more <= 0)
-    return;
-  for (const auto& [id, item] : items_) {
-    if (qobject_cast<QLineEdit*>(item))
-      item->resize(item->width() + more, item->height());
-    else if (item->x() > right)
-      item->move(item->x() + more, item->y());
-  }
-  widget_->setFixedSize(widget_->size() + QSize(more, 0));
 }
 
 std::string QtDialog::ItemText(int id) const {
@@ -212,6 +187,7 @@ void QtDialog::FocusItem(int id) {
 
 void QtDialog::Run() {
   QtModal modal(*widget_, owner_, [this] { widget_->reject(); });
+  widget_->adjustSize();
   modal.Place();
   widget_->exec();
 }

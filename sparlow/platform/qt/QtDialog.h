@@ -15,8 +15,7 @@ namespace sparlow::qt {
 
 class QtModal;
 
-/// A dialog of a template.
-/// Threads: the window's.
+/// A dialog of a template, laid out as a form.
 class QtDialog final : public DialogPeer {
  public:
   /// owner as in WindowSystem::CreateDialogPeer.
@@ -24,7 +23,6 @@ class QtDialog final : public DialogPeer {
   ~QtDialog() override;
 
   void EnableItem(int id, bool enable) override;
-  bool IsItemEnabled(int id) const override;
   void CheckItem(int id, bool check) override;
   bool IsItemChecked(int id) const override;
   void SetItemText(int id, const std::string& utf8) override;
@@ -36,7 +34,6 @@ class QtDialog final : public DialogPeer {
 
  private:
   QWidget* makeItem(const DialogItemTemplate& item);
-  void makeRoom(const QLineEdit& field);
   QWidget* find(int id) const;
   template <class Widget>
   Widget* findAs(int id) const;

@@ -13,47 +13,23 @@ namespace sparlow::qt {
 namespace {
 
 /// One popup over a CMenu, which may change until it opens. Its submenus are its children.
-/// Threads: the window's.
 class Popup final : public QMenu {
  public:
   Popup(const CMenu& menu, HWND owner, QWidget* parent = nullptr)
-      : QMenu(parent), menu_(menu), owner_(owner) {
-    fill();
-  }
+      : QMenu(parent), menu_(menu), owner_(owner) {}
 
-  /// Notifies the owner that the popup opens, and takes over what that changed. False when the owner
-  /// is gone.
+  /// Notifies the owner that the popup opens, and then shows the menu as that left it. Returns false
+  /// when the owner is gone.
   bool Open(int position) {
     menu_.NotifyOpening(owner_, position);
-    fill();
+    clear();
+    qDeleteAll(findChildren<Popup*>(Qt::FindDirectChildrenOnly));
+    for (const MenuItem& item : menu_.Items())
+      add(item);
     return WindowSite::Find(owner_) != nullptr;
   }
 
  private:
-  void fill() {
-    if (shownAs(menu_.Items()))
-      return update();
-    clear();
-    for (const MenuItem& item : menu_.Items())
-      add(item);
-    update();
-  }
-
-  /// The lines are those of the menu already: takes over their state alone, so that submenus stay.
-  bool shownAs(std::span<const MenuItem> items) {
-    const QList<QAction*> lines = actions();
-    if (lines.isEmpty() || lines.size() != static_cast<qsizetype>(items.size()))
-      return false;
-    for (qsizetype i = 0; i < lines.size(); ++i) {
-      const MenuItem& item = items[static_cast<std::size_t>(i)];
-      if (lines[i]->data().toUInt() != item.id || lines[i]->text() != textOf(item) ||
-          (lines[i]->menu() != nullptr) != (item.subMenu != nullptr))
-        return false;
-      setState(*lines[i], item);
-    }
-    return true;
-  }
-
   void add(const MenuItem& item) {
     QAction* line = nullptr;
     if (item.subMenu) {
@@ -64,23 +40,15 @@ class Popup final : public QMenu {
     } else {
       line = item.id == 0 ? addSeparator() : addAction(QString());
     }
-    line->setText(textOf(item));
+    line->setText(FromUtf8(ToUtf8(item.text)));
     line->setData(item.id);
-    setState(*line, item);
-  }
-
-  static QString textOf(const MenuItem& item) { return FromUtf8(ToUtf8(item.text)); }
-
-  void setState(QAction& line, const MenuItem& item) {
-    line.setEnabled(item.enabled);
+    line->setEnabled(item.enabled);
     // A box for a mark is drawn only where there is one.
-    line.setCheckable(item.checked);
-    line.setChecked(item.checked);
+    line->setCheckable(item.checked);
+    line->setChecked(item.checked);
     // Qt draws the mark of a choice on members of an exclusive group.
-    if (item.radio && !line.actionGroup())
-      line.setActionGroup(new QActionGroup(&line));
-    else if (!item.radio)
-      line.setActionGroup(nullptr);
+    if (item.radio)
+      line->setActionGroup(new QActionGroup(line));
   }
 
   CMenu menu_;

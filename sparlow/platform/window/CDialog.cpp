@@ -90,11 +90,6 @@ void CDialogItem::EnableWindow(bool enable) {
     p->EnableItem(id_, enable);
 }
 
-bool CDialogItem::IsWindowEnabled() const {
-  const DialogPeer* const p = peer();
-  return p && p->IsItemEnabled(id_);
-}
-
 void CDialogItem::SetWindowText(const std::string& text) {
   if (DialogPeer* const p = peer())
     p->SetItemText(id_, text);

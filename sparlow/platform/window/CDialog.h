@@ -12,13 +12,11 @@ class DialogPeer;
 
 /// One item of a dialog, by its number. It does nothing, and reads as empty, without a dialog that
 /// is open.
-/// Threads: the window's.
 class CDialogItem {
  public:
   void Attach(CDialog& dialog, int id);
 
   void EnableWindow(bool enable);
-  bool IsWindowEnabled() const;
   /// Texts are UTF-8.
   void SetWindowText(const std::string& text);
   std::string GetWindowText() const;
@@ -37,7 +35,6 @@ class CDialogItem {
 };
 
 /// A button or a check box of a dialog.
-/// Threads: the window's.
 class CButton : public CDialogItem {
  public:
   void SetCheck(bool check);
@@ -55,7 +52,6 @@ void DDX_Control(CDataExchange* exchange, int id, CDialogItem& item);
 
 /// A dialog that keeps the other windows from input while it is open. It gets the WM_COMMAND of its
 /// buttons and check boxes, and WM_HELP.
-/// Threads: the window's.
 class CDialog : public CWnd {
  public:
   /// A dialog of the resource of that number. It closes with its parent, null being the main
@@ -63,7 +59,7 @@ class CDialog : public CWnd {
   explicit CDialog(int resource, const CWnd* parent = nullptr);
   ~CDialog() override;
 
-  /// Runs the dialog and gives what it was ended with: IDOK, IDCANCEL, or what EndDialog says. -1
+  /// Runs the dialog and returns what it was ended with: IDOK, IDCANCEL, or what EndDialog got. -1
   /// when there is no such resource or no window system, or the dialog runs already. Posted
   /// messages and paints are served meanwhile, so that any other window may be gone after it.
   virtual int DoModal();

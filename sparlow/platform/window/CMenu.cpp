@@ -86,49 +86,42 @@ int CMenu::GetMenuItemID(int position) const {
   return item && !item->subMenu ? static_cast<int>(item->id) : -1;
 }
 
-std::string CMenu::GetMenuString(int position) const {
-  const MenuItem* const item = itemAt(position);
-  return item ? item->text : std::string();
-}
-
-MenuItem* CMenu::find(UINT item, UINT flags) const {
+MenuItem* CMenu::find(UINT command) const {
   if (!items_)
     return nullptr;
-  if ((flags & MF_BYPOSITION) != 0)
-    return item < items_->size() ? &(*items_)[item] : nullptr;
   for (MenuItem& here : *items_) {
-    MenuItem* const found = here.subMenu      ? here.subMenu->find(item, flags)
-                            : here.id == item ? &here
-                                              : nullptr;
+    MenuItem* const found = here.subMenu         ? here.subMenu->find(command)
+                            : here.id == command ? &here
+                                                 : nullptr;
     if (found)
       return found;
   }
   return nullptr;
 }
 
-int CMenu::EnableMenuItem(UINT item, UINT flags) {
-  MenuItem* const found = find(item, flags);
+int CMenu::EnableMenuItem(UINT command, UINT flags) {
+  MenuItem* const found = find(command);
   if (!found)
     return -1;
   const bool before = std::exchange(found->enabled, (flags & (MF_GRAYED | MF_DISABLED)) == 0);
   return static_cast<int>(before ? MF_ENABLED : MF_GRAYED);
 }
 
-int CMenu::CheckMenuItem(UINT item, UINT flags) {
-  MenuItem* const found = find(item, flags);
+int CMenu::CheckMenuItem(UINT command, UINT flags) {
+  MenuItem* const found = find(command);
   if (!found)
     return -1;
   const bool before = std::exchange(found->checked, (flags & MF_CHECKED) != 0);
   return static_cast<int>(before ? MF_CHECKED : MF_UNCHECKED);
 }
 
-bool CMenu::CheckMenuRadioItem(UINT first, UINT last, UINT item, UINT flags) {
-  MenuItem* const chosen = find(item, flags);
-  if (!chosen || item < first || item > last)
+bool CMenu::CheckMenuRadioItem(UINT first, UINT last, UINT command, UINT) {
+  MenuItem* const chosen = find(command);
+  if (!chosen || command < first || command > last)
     return false;
   // Up to 0xFFFF: commands have 16 bits.
   for (UINT other = first; other <= last && other <= 0xFFFF; ++other) {
-    if (MenuItem* const found = find(other, flags))
+    if (MenuItem* const found = find(other))
       found->checked = found->radio = false;
   }
   chosen->checked = chosen->radio = true;

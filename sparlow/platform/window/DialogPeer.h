@@ -6,7 +6,6 @@ namespace sparlow {
 
 /// What one dialog is made of in the window system that is installed. Items go by their number;
 /// where several have the same one, or none has it, the first or nothing is meant. Texts are UTF-8.
-/// Threads: the window's.
 class DialogPeer {
  public:
   DialogPeer() = default;
@@ -15,7 +14,6 @@ class DialogPeer {
   virtual ~DialogPeer() = default;
 
   virtual void EnableItem(int id, bool enable) = 0;
-  virtual bool IsItemEnabled(int id) const = 0;
   virtual void CheckItem(int id, bool check) = 0;
   virtual bool IsItemChecked(int id) const = 0;
   virtual void SetItemText(int id, const std::string& utf8) = 0;

@@ -17,24 +17,19 @@ struct MenuItemTemplate {
   std::vector<MenuItemTemplate> items;
 };
 
-/// One item of a dialog resource. Place and size are in dialog units: a quarter of the mean width
-/// of a character, an eighth of its height.
+/// One item of a dialog resource. Items of one row stand side by side in their order, and rows below
+/// one another by their numbers; a label and a field make a line of a form.
 struct DialogItemTemplate {
   enum class Kind { label, defaultButton, button, edit, checkBox };
   int id = 0;
   Kind kind = Kind::label;
-  int x = 0;
-  int y = 0;
-  int width = 0;
-  int height = 0;
+  int row = 0;
   std::string text;
 };
 
-/// A dialog resource; its size is in dialog units, and its items come in tab order.
+/// A dialog resource. It is as large as its items need, and these come in tab order.
 struct DialogTemplate {
   std::string title;
-  int width = 0;
-  int height = 0;
   bool helpButton = false;  ///< in the caption
   std::vector<DialogItemTemplate> items;
 };

@@ -1,7 +1,8 @@
-#include "sparlow/platform/qt/Painting.h"
+#include "sparlow/platform/qt/PaintedDevice.h"
 
-#include <cmath>
+#include <QPaintEngine>
 
+#include "sparlow/platform/qt/DashPattern.h"
 #include "sparlow/platform/qt/QtFonts.h"
 
 namespace sparlow::qt {
@@ -16,30 +17,59 @@ COLORREF FromQt(QRgb color) {
              static_cast<unsigned>(qBlue(color)));
 }
 
-Painting::Painting(QPaintDevice& target, PixelScale scale, QSize size)
-    : painter_(&target),
-      scale_(scale),
-      bounds_(QPoint(0, 0), size),
-      visible_(bounds_),
-      painterClip_(bounds_) {
-  painter_.setRenderHint(QPainter::Antialiasing, false);
-  painter_.setRenderHint(QPainter::TextAntialiasing, true);
-  pen_ = painter_.pen();
+QPen MakePen(int style, COLORREF color, int width, Qt::PenCapStyle caps) {
+  const DashPattern dashes(style);
+  QPen pen(QColor(ToQt(color)), width, Qt::SolidLine, caps, Qt::RoundJoin);
+  if (dashes.IsSolid())
+    return pen;
+  QList<qreal> lengths;
+  for (std::size_t i = 0; i < dashes.Count(); ++i)
+    lengths.append(dashes.Length(i));
+  pen.setCapStyle(Qt::FlatCap);
+  pen.setDashPattern(lengths);
+  return pen;
 }
 
-bool Painting::begin(const Clip& clip, int mix) {
-  visible_ = clip ? scale_.Area(*clip).intersected(bounds_) : bounds_;
-  if (visible_.isEmpty())
+bool PaintedDevice::open(QPaintDevice& target, QSize size) {
+  if (!painter_.begin(&target))
     return false;
-  if (mix != mix_) {
-    painter_.setCompositionMode(mix == R2_NOTXORPEN ? QPainter::RasterOp_NotSourceXorDestination
-                                                    : QPainter::CompositionMode_SourceOver);
-    mix_ = mix;
-  }
+  bounds_ = visible_ = painterClip_ = QRect(QPoint(0, 0), size);
+  canMix_ = painter_.paintEngine()->hasFeature(QPaintEngine::RasterOpModes);
+  mix_ = R2_COPYPEN;
+  pen_.reset();
+  font_ = nullptr;
+  painter_.setRenderHint(QPainter::Antialiasing, false);
+  painter_.setRenderHint(QPainter::TextAntialiasing, true);
   return true;
 }
 
-void Painting::clipPainter() {
+bool PaintedDevice::isPicture() const {
+  return painter_.paintEngine()->type() == QPaintEngine::Raster;
+}
+
+/// Readies the painter for a primitive. Returns false when nothing of it could be seen.
+bool PaintedDevice::begin(const Clip& clip, int mix) {
+  if (!prepare())
+    return false;
+  visible_ = clip ? scale_.Area(*clip).intersected(bounds_) : bounds_;
+  if (visible_.isEmpty())
+    return false;
+  setMix(mix);
+  return true;
+}
+
+void PaintedDevice::setMix(int mix) {
+  // A mix that leaves the pen's colour on white is that colour on paper, which nobody mixes twice.
+  if (!canMix_)
+    mix = R2_COPYPEN;
+  if (mix == mix_)
+    return;
+  painter_.setCompositionMode(mix == R2_NOTXORPEN ? QPainter::RasterOp_NotSourceXorDestination
+                                                  : QPainter::CompositionMode_SourceOver);
+  mix_ = mix;
+}
+
+void PaintedDevice::clipPainter() {
   if (painterClip_ == visible_)
     return;
   painterClip_ = visible_;
@@ -49,20 +79,15 @@ void Painting::clipPainter() {
     painter_.setClipRect(visible_);
 }
 
-void Painting::setPen(const QPen& pen) {
-  if (pen_ == pen)
-    return;
-  pen_ = pen;
-  painter_.setPen(pen);
-}
-
-QPainter& Painting::Clipped(const Clip& clip) {
-  begin(clip, R2_COPYPEN);
+QPainter& PaintedDevice::Clipped(const Clip& clip) {
+  visible_ = clip ? scale_.Area(*clip).intersected(bounds_) : bounds_;
+  setMix(R2_COPYPEN);
   clipPainter();
+  pen_.reset();
   return painter_;
 }
 
-void Painting::fill(const QRect& area, QRgb color) {
+void PaintedDevice::fill(const QRect& area, QRgb color) {
   const QRect seen = area.intersected(visible_);
   if (seen.isEmpty())
     return;
@@ -72,13 +97,13 @@ void Painting::fill(const QRect& area, QRgb color) {
   painter_.fillRect(seen, QColor(color));
 }
 
-void Painting::FillRect(const CRect& rect, COLORREF color, const Clip& clip) {
+void PaintedDevice::FillRect(const CRect& rect, COLORREF color, const Clip& clip) {
   if (!rect.IsRectEmpty() && begin(clip, R2_COPYPEN))
     fill(scale_.Area(rect), ToQt(color));
 }
 
-void Painting::Rectangle(const CRect& rect, const Stroke& outline, COLORREF fillColor,
-                         const Clip& clip) {
+void PaintedDevice::Rectangle(const CRect& rect, const Stroke& outline, COLORREF fillColor,
+                              const Clip& clip) {
   CRect r = rect;
   r.NormalizeRect();
   if (r.IsRectEmpty() || !begin(clip, outline.mix))
@@ -106,8 +131,8 @@ void Painting::Rectangle(const CRect& rect, const Stroke& outline, COLORREF fill
   band({innerRight, inner.y(), outerRight - innerRight, inner.height()}, Qt::Vertical, outline);
 }
 
-void Painting::Ellipse(const CRect& rect, const Stroke& outline, COLORREF fillColor,
-                       const Clip& clip) {
+void PaintedDevice::Ellipse(const CRect& rect, const Stroke& outline, COLORREF fillColor,
+                            const Clip& clip) {
   CRect r = rect;
   r.NormalizeRect();
   if (r.IsRectEmpty() || !begin(clip, outline.mix))
@@ -121,7 +146,8 @@ void Painting::Ellipse(const CRect& rect, const Stroke& outline, COLORREF fillCo
   }
   clipPainter();
   painter_.setBrush(QColor(ToQt(fillColor)));
-  setPen(QPen(QColor(ToQt(outline.color)), width));
+  pen_.reset();
+  painter_.setPen(QPen(QColor(ToQt(outline.color)), width));
   if (width == 1) {
     painter_.drawEllipse(QRect(area.topLeft(), area.size() - QSize(1, 1)));
   } else {
@@ -131,12 +157,14 @@ void Painting::Ellipse(const CRect& rect, const Stroke& outline, COLORREF fillCo
   }
 }
 
-void Painting::Text(CPoint topLeft, std::string_view utf8, const CellFont& font, COLORREF color,
-                    const Clip& clip) {
+void PaintedDevice::Text(CPoint topLeft, std::string_view utf8, const FontRequest& request,
+                         COLORREF color, const Clip& clip) {
   if (!begin(clip, R2_COPYPEN))
     return;
+  const CellFont& font = FontFor(request);
   clipPainter();
-  setPen(QPen(QColor(ToQt(color))));
+  pen_.reset();
+  painter_.setPen(QPen(QColor(ToQt(color))));
   if (font_ != &font) {
     font_ = &font;
     painter_.setFont(font.font);
@@ -151,6 +179,15 @@ void Painting::Text(CPoint topLeft, std::string_view utf8, const CellFont& font,
   painter_.setTransform(QTransform(s, 0, 0, s, scale_.Edge(topLeft.x), base));
   painter_.drawText(QPoint(0, 0), FromUtf8(utf8));
   painter_.setTransform(QTransform());
+}
+
+CSize PaintedDevice::TextExtent(std::string_view utf8, const FontRequest& font) const {
+  const CellFont& found = FontFor(font);
+  return {found.metrics.horizontalAdvance(FromUtf8(utf8)), found.CellHeight()};
+}
+
+int PaintedDevice::TextAscent(const FontRequest& font) const {
+  return FontFor(font).Ascent();
 }
 
 }  // namespace sparlow::qt
