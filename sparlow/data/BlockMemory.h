@@ -6,8 +6,8 @@
 
 namespace sparlow {
 
-/// Room for the blocks of a store, taken from the system for many at a time: touching memory for the
-/// first time costs more than filling it, and large pieces can have large pages.
+/// Room for the blocks of a store, taken from the system for many at a time: touching memory for
+/// the first time costs more than filling it, and large pieces can have large pages.
 ///
 /// A series of few blocks has them one by one; then each piece may double the room, up to 16 MiB.
 /// Threads: one takes; given back as a whole.

@@ -11,7 +11,6 @@
 namespace sparlow {
 
 /// The lowest and the highest of some values of y; without any, low is above high.
-/// Threads: a value; any thread, each with its own.
 struct YRange {
   double low = std::numeric_limits<double>::max();
   double high = std::numeric_limits<double>::lowest();
@@ -49,7 +48,7 @@ struct SampleBlock {
   static constexpr unsigned kRunShift = 6;
   static constexpr unsigned kRunSamples = 1u << kRunShift;
   static constexpr unsigned kRuns = kSamples / kRunSamples;
-  static constexpr unsigned kGroupShift = 10;  // of 16 runs
+  static constexpr unsigned kGroupShift = 10;  ///< of 16 runs
   static constexpr unsigned kGroupSamples = 1u << kGroupShift;
   static constexpr unsigned kGroups = kSamples / kGroupSamples;
   /// Where a smallest and a largest value start before there is any.
@@ -60,7 +59,7 @@ struct SampleBlock {
 
   double xAt(unsigned place) const { return whole(x[place]).load(std::memory_order_relaxed); }
   double yAt(unsigned place) const { return whole(y[place]).load(std::memory_order_relaxed); }
-  /// False in a block without slopes.
+  /// Returns false in a block without slopes.
   bool slopeAt(unsigned place) const {
     return slope && whole(slope[place]).load(std::memory_order_relaxed) != 0;
   }

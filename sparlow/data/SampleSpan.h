@@ -9,7 +9,6 @@
 namespace sparlow {
 
 /// The samples of one appending call; x given, or evenly spaced where xs is null.
-/// Threads: a value; any thread, each with its own.
 struct SampleSpan {
   const double* xs;
   double firstX;
@@ -31,9 +30,8 @@ struct SampleSpan {
   }
 };
 
-/// What was appended in one go: how many samples of the span were looked at, and the bounds of those
-/// that were taken, low above high if there are none.
-/// Threads: a value.
+/// What was appended in one go: how many samples of the span were looked at, and the bounds of
+/// those that were taken, low above high if there are none.
 struct Appended {
   std::size_t end;
   YRange x;

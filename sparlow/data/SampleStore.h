@@ -32,6 +32,8 @@ class SampleStore {
 
   /// @name Reading
   /// Of samples that Size() once counted; not checked.
+  ///@{
+
   unsigned Size() const { return size_.load(); }
   /// The same for the thread that adds.
   unsigned OwnSize() const { return size_.relaxed(); }
@@ -48,10 +50,13 @@ class SampleStore {
   bool Ascending() const { return ascending_.relaxed(); }
   /// How often samples that were there have been overwritten or sorted.
   unsigned Changes() const { return changes_; }
-  /// Tells this data set from any other of the process; never 0.
+  /// Distinguishes this data set from any other of the process; never 0.
   std::uint64_t Serial() const { return serial_; }
+  ///@}
 
   /// @name Capacity
+  ///@{
+
   unsigned nCapacity() const { return (iLastBlock() + 1) << SampleBlock::kShift; }
   unsigned nBlocksMax() const;
   unsigned iLastBlock() const;
@@ -64,8 +69,11 @@ class SampleStore {
   bool AtLimit() const { return size_.relaxed() >= limit_; }
   /// The next Grow moves the block table.
   bool TableFull() const { return iLastBlock() + 1 == nBlocksMax(); }
+  ///@}
 
   /// @name Writing
+  ///@{
+
   /// Makes room for one more block. Throws as the constructor does and leaves the store as it was.
   void Grow();
   /// Appends a finite sample behind the `size` that there are, unless Full().
@@ -77,6 +85,7 @@ class SampleStore {
   void Set(unsigned sample, double x, double y, bool slope);
   /// Sorts the first block by x. Meant for a waveform, which has no other.
   void SortFirstBlock();
+  ///@}
 
  private:
   void open(SampleBlock* block);

@@ -75,25 +75,23 @@ unsigned BackgroundJob::threadMain(void* parameter) {
 }
 
 void BackgroundJob::work(State& state, bool onWorker) {
-  const auto next = [&] {
+  const auto goesOn = [&](bool failed) {
     const std::lock_guard guard(state.lock);
-    if (std::exchange(state.wanted, false) && !state.closed)
+    if (std::exchange(state.wanted, false) && !state.closed && !failed)
       return true;
     state.running = false;
     state.caller = {};
     state.changed.notify_all();
     return false;
   };
-  while (next()) {
+  while (goesOn(false)) {
     try {
       state.job(onWorker);
     } catch (...) {
       // On a worker nobody could catch it.
       if (onWorker)
         continue;
-      const std::lock_guard guard(state.lock);
-      state.running = state.wanted = false;
-      state.caller = {};
+      goesOn(true);
       throw;
     }
   }

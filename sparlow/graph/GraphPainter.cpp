@@ -16,9 +16,18 @@ namespace {
 /// Device pixels at the far end of an axis in which no label begins.
 constexpr int endMargin = 10;
 
-CString labelText(const AxisData& axis, int slot) {
-  const char* const text = axis.GetStr(slot);
-  return text ? text : "";
+/// Calls draw(slot, position, text) for each step of an axis of a length that has a label: a step
+/// without one is in nobody's way.
+template <class Draw>
+void forEachLabel(AxisData& axis, int length, Draw draw) {
+  int slot = 0;
+  AxisData::StepIter& step = axis.iter;
+  for (step.InitLabel(&axis); step.pos < length - endMargin; step.NextLabel(true)) {
+    const char* const text = axis.GetStr(slot);
+    if (text && *text)
+      draw(slot, step.pos, CString(text));
+    slot += axis.LabelSlotStep();
+  }
 }
 
 }  // namespace
@@ -126,20 +135,15 @@ void GraphPainter::drawVerticalLabels() const {
   dc_.TextOut(right, 0, axis_.ver.GetName());
 
   dc_.SetTextAlign(TA_RIGHT | TA_TOP);
-  int slot = 0;
   int previous = 0;
-  AxisData::StepIter& step = axis_.ver.iter;
-  for (step.InitLabel(&axis_.ver); step.pos < plot_.cy - endMargin; step.NextLabel(true)) {
-    const CString text = labelText(axis_.ver, slot);
+  forEachLabel(axis_.ver, plot_.cy, [&](int, int position, const CString& text) {
     const int cellHeight = dc_.GetTextExtent(text).cy;
-    const int top = plot_.cy - cellHeight / 2 - step.pos;
-    // A step without a label is in nobody's way.
-    if (!text.empty() && std::abs(top - previous) >= cellHeight) {
-      dc_.TextOut(right, top, text);
-      previous = top;
-    }
-    slot += axis_.ver.LabelSlotStep();
-  }
+    const int top = plot_.cy - cellHeight / 2 - position;
+    if (std::abs(top - previous) < cellHeight)
+      return;
+    dc_.TextOut(right, top, text);
+    previous = top;
+  });
 }
 
 void GraphPainter::drawHorizontalLabels() const {
@@ -151,19 +155,15 @@ void GraphPainter::drawHorizontalLabels() const {
   const int end = rightEdge - dc_.GetTextExtent(unit).cx;
 
   dc_.SetTextAlign(TA_CENTER | TA_TOP);
-  int slot = 0;
   int previous = 0;
-  AxisData::StepIter& step = axis_.hor.iter;
-  for (step.InitLabel(&axis_.hor); step.pos < plot_.cx - endMargin; step.NextLabel(true)) {
-    const CString text = labelText(axis_.hor, slot);
+  forEachLabel(axis_.hor, plot_.cx, [&](int slot, int position, const CString& text) {
     const int textWidth = dc_.GetTextExtent(text).cx;
-    const bool overlaps = slot != 0 && std::abs(step.pos - previous) < textWidth;
-    if (!text.empty() && !overlaps && step.pos + textWidth / 2 < end) {
-      dc_.TextOut(step.pos, top, text);
-      previous = step.pos;
-    }
-    slot += axis_.hor.LabelSlotStep();
-  }
+    const bool overlaps = slot != 0 && std::abs(position - previous) < textWidth;
+    if (overlaps || position + textWidth / 2 >= end)
+      return;
+    dc_.TextOut(position, top, text);
+    previous = position;
+  });
 }
 
 }  // namespace sparlow

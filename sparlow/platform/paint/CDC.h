@@ -29,7 +29,6 @@ int MulDiv(int a, int b, int c);
 
 /// Where a CDC draws and the state that it draws with. A new one has a black pen one pixel wide, a
 /// white brush, black text on white aligned left and top, and no clip.
-/// Threads: the one that paints.
 class DeviceContext {
  public:
   /// The context of a surface, which stays the caller's. Null: a memory context, which draws
@@ -54,7 +53,6 @@ class DeviceContext {
 
 /// The drawing operations on a device context. Coordinates are logical: the viewport origin is
 /// added to them. Any int is allowed; what lies off the surface isn't drawn.
-/// Threads: the one that paints.
 class CDC {
  public:
   CDC() = default;
@@ -65,21 +63,29 @@ class CDC {
   HDC GetSafeHdc() const { return dc_; }
 
   /// @name Lines and areas
+  ///@{
+
   /// LineTo draws the end point too, so that a line of no length is a dot.
   void MoveTo(int x, int y);
   void LineTo(int x, int y);
   void FillSolidRect(const CRect& rect, COLORREF color);
   void Rectangle(const CRect& rect);
   void Ellipse(const CRect& rect);
+  ///@}
 
   /// @name Text
+  ///@{
+
   void TextOut(int x, int y, const CString& text);
   /// One line of text at the top left of rect, cut with an ellipsis where DT_WORD_ELLIPSIS asks.
   void DrawText(const CString& text, const CRect& rect, unsigned format);
   CSize GetTextExtent(const CString& text) const;
+  ///@}
 
   /// @name State
-  /// Each gives what was in force before. A null pen or font is the default one.
+  /// Each returns what was in force before. A null pen or font is the default one.
+  ///@{
+
   const CPen* SelectObject(const CPen* pen);
   const CFont* SelectObject(const CFont* font);
   HBITMAP SelectObject(HBITMAP bitmap);
@@ -100,8 +106,11 @@ class CDC {
   int LogicalToDevice(int logical) const {
     return LogicalPixel::ToDevice(logical, GetPixelFactor());
   }
+  ///@}
 
   /// @name Pixels
+  ///@{
+
   /// Copies from another context; honours both origins, and a rectangle whose edges are the wrong
   /// way round copies the same pixels as if they were sorted.
   void BitBlt(int x, int y, int width, int height, HDC source, int xSource, int ySource,
@@ -110,6 +119,7 @@ class CDC {
   COLORREF GetPixel(CPoint point) const;
   /// LOGPIXELSY, the only one: pixels per inch. Without a surface, a screen's.
   int GetDeviceCaps(int index) const;
+  ///@}
 
  private:
   Device* device() const { return dc_ ? dc_->device : nullptr; }
@@ -122,7 +132,6 @@ class CDC {
 };
 
 /// Puts a device context back into the state that it had, with its bitmap, pen and font.
-/// Threads: the one that paints.
 class SavedDC {
  public:
   explicit SavedDC(HDC dc) : dc_(dc), state_(*dc) {}

@@ -19,7 +19,6 @@ inline constexpr int R2_NOTXORPEN = 10;
 inline constexpr int R2_COPYPEN = 13;
 
 /// How a line is drawn.
-/// Threads: a value; any thread, each with its own.
 struct Stroke {
   int style = PS_SOLID;  ///< PS_SOLID, PS_DASH, ...
   int width = 1;         ///< pixels, at least 1
@@ -28,7 +27,6 @@ struct Stroke {
 };
 
 /// A font by what is asked of it, not by what a system finds for it.
-/// Threads: a value; any thread, each with its own.
 struct FontRequest {
   CString face = "Arial";
   int cellHeight = 15;  ///< pixels; ascent and descent together, not the em square

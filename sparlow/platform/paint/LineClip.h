@@ -31,8 +31,8 @@ struct LinePart {
   double last = 1.0;
 };
 
-/// The part of a line that lies in an area (Liang and Barsky, ACM Transactions on Graphics 3, 1984);
-/// no value when none does.
+/// The part of a line that lies in an area (Liang and Barsky, ACM Transactions on Graphics 3,
+/// 1984); no value when none does.
 std::optional<LinePart> PartInside(const LineCourse& line, const LineBounds& area);
 
 /// Shortens a line to the square of deviceCoordinateLimit round the origin, keeping its course.

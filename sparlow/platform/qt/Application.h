@@ -30,11 +30,11 @@ class Application {
   Application(const Application&) = delete;
   Application& operator=(const Application&) = delete;
 
-  /// False when windows are in memory only. Message boxes are then written to standard error and
-  /// answered with IDOK.
+  /// Returns false when windows are in memory only. Message boxes are then written to standard
+  /// error and answered with IDOK.
   bool HasDisplay() const;
   /// Runs the event loop until Quit, or until the last window that was shown is closed by its user.
-  /// The exit code for main.
+  /// Returns the exit code for main.
   int Exec();
   /// Ends Exec; an Exec that comes later ends at once. Any thread.
   void Quit();
@@ -50,16 +50,15 @@ class Application {
 /// The widget of a window, to be put into a host's layout: Qt may own it, and when Qt deletes it
 /// the window ends with it. Null when there is none. The window's thread.
 QWidget* WidgetOf(const CWnd& window);
-/// Writes a window's pixels to a PNG file, after a paint if one is due; hidden windows too. False
-/// when there is no such window or the file can't be written. The window's thread.
+/// Writes a window's pixels to a PNG file, after a paint if one is due; hidden windows too.
+/// Returns false when there is no such window or the file can't be written. The window's thread.
 bool SavePicture(CWnd& window, const std::string& path);
 /// Gives the client area a width and a height in pixels (at least 1); scroll bars come in addition.
 /// The window has had its WM_SIZE when this returns. A widget inside a layout is the layout's
 /// matter. The window's thread.
 void Resize(CWnd& window, int width, int height);
 
-/// The paper of a PDF file: A4 upright unless told otherwise.
-/// Threads: a value; any thread, each with its own.
+/// The paper of a PDF file: A4 upright unless stated otherwise.
 struct PdfPaper {
   double width = 210;       ///< millimetres, 10 to 5080
   double height = 297;      ///< millimetres, 10 to 5080
@@ -69,10 +68,12 @@ struct PdfPaper {
 };
 
 /// Paper to draw on, one page after another: a PDF file, a printer, a picture. For example
+/// @code
 ///   Page page("record.pdf", {.width = 297, .height = 210});
 ///   CRect rect = page.PrintableRect();
 ///   view.Print(page.GetDC(), rect);
 ///   if (!page.End()) ... // the file couldn't be written
+/// @endcode
 /// Lines, areas and text stay lines, areas and text, except on a picture. Nothing on a page can be
 /// read back: GetPixel gives 0xFFFFFFFF, and BitBlt copies from windows and bitmaps only.
 /// Threads: the window's, while the Application exists.
@@ -91,7 +92,7 @@ class Page {
   Page(const Page&) = delete;
   Page& operator=(const Page&) = delete;
 
-  /// False when it couldn't be opened, and after End.
+  /// Returns false when it couldn't be opened, and after End.
   bool IsOpen() const;
   /// The context to draw with, with the origin at the top left of the printable rectangle. It lives
   /// as long as this object; never null, but drawing is lost while the page isn't open.
@@ -99,11 +100,11 @@ class Page {
   /// What can be drawn on, in pixels of the device; its left and top are 0. Empty while the page
   /// isn't open.
   CRect PrintableRect() const;
-  /// Goes on with an empty page of the same size and the same pen, font, origin and clip. False,
-  /// with nothing changed, when the page isn't open or the target has one page only.
+  /// Goes on with an empty page of the same size and the same pen, font, origin and clip. Returns
+  /// false, and changes nothing, when the page isn't open or the target has one page only.
   bool NewPage();
-  /// Finishes the pages, and the file. False when it was never open or the file couldn't be
-  /// written; an older file is then as it was. A second call says the same.
+  /// Finishes the pages, and the file. Returns false when it was never open or the file couldn't be
+  /// written; an older file is then as it was. A second call returns the same.
   bool End();
 
  private:

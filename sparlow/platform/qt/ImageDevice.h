@@ -7,9 +7,9 @@
 namespace sparlow::qt {
 
 /// A surface in memory: a window's pixels or an off-screen bitmap. It speaks client pixels and
-/// keeps the pixels of its screen, which are more where the screen has a scale above 1. Its painter is
-/// open from the first primitive until somebody looks at the pixels: opening it for each primitive
-/// would cost more than most primitives do.
+/// keeps the pixels of its screen, which are more where the screen has a scale above 1. Its painter
+/// is open from the first primitive until somebody looks at the pixels: opening it for each
+/// primitive would cost more than most primitives do.
 class ImageDevice final : public PaintedDevice {
  public:
   ~ImageDevice() override { close(); }

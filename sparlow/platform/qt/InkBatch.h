@@ -31,11 +31,11 @@ class InkBatch {
     CPoint to;
   };
 
-  /// Makes room for more of a colour; false when nothing of it could be seen.
+  // Makes room for more of a colour. Returns false when nothing of it could be seen.
   bool open(COLORREF color, const Clip& clip, const CRect& extent);
   bool join(const Segment& next);
-  /// The lines that follow the pixels, or those that don't: ends of the first are square, as on an
-  /// image.
+  // The lines that follow the pixels, or those that don't: ends of the first are square, as on an
+  // image.
   QPainterPath strokes(bool oblique) const;
 
   PaintedDevice& page_;

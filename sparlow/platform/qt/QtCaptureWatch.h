@@ -7,7 +7,6 @@ namespace sparlow::qt {
 class QtWindow;
 
 /// Watches the events of the program while a window has the mouse, for those that take it away.
-/// Threads: the window's.
 class QtCaptureWatch final : public QObject {
  public:
   /// Null ends it.

@@ -5,8 +5,7 @@
 
 namespace sparlow::qt {
 
-/// Shows a menu and gives the command that was chosen, or 0 (WindowSystem::TrackMenu).
-/// Threads: the window's.
+/// Shows a menu and returns the command that was chosen, or 0 (WindowSystem::TrackMenu).
 UINT TrackMenu(CMenu& menu, CPoint at, HWND owner);
 
 }  // namespace sparlow::qt

@@ -4,8 +4,7 @@
 
 namespace sparlow::qt {
 
-/// Opens a message box on the screen and gives the button that closed it, which is always OK.
-/// Threads: the window's.
+/// Opens a message box on the screen and returns the button that closed it, which is always OK.
 int OpenMessageBox(const BoxRequest& request);
 
 }  // namespace sparlow::qt

@@ -9,11 +9,10 @@ namespace sparlow::qt {
 
 /// A menu, dialog or box while it is open. It belongs to a window, and is asked to close when that
 /// ends; what it closes with runs later, in the event loop.
-/// Threads: the window's.
 class QtModal {
  public:
-  /// shown is not open yet. owner may be null: what is open already says the window, or the main
-  /// window does.
+  /// shown is not open yet. owner may be null: what is open already determines the window, or the
+  /// main window does.
   QtModal(QWidget& shown, HWND owner, std::function<void()> close);
   ~QtModal();
   QtModal(const QtModal&) = delete;
@@ -30,10 +29,10 @@ class QtModal {
 
   QWidget& shown_;
   HWND owner_;
-  QWidget* over_;  ///< what it goes over; null without one
+  QWidget* over_;  // what it goes over; null without one
   QMetaObject::Connection overGone_;
   const std::function<void()> close_;
-  QtModal* const outer_;  ///< was open already
+  QtModal* const outer_;  // was open already
 };
 
 }  // namespace sparlow::qt

@@ -11,7 +11,6 @@ class QtWidget;
 
 /// A window's scroll bar. It shows what was last set and never moves by itself: steps and drags of
 /// the thumb are reported to the window, which sets the new position or leaves it.
-/// Threads: the window's.
 class QtScrollBar final : public QScrollBar {
  public:
   QtScrollBar(Qt::Orientation orientation, QtWidget& owner);

@@ -12,7 +12,6 @@ class QtWindow;
 
 /// The widget of a window: its viewport is the client area and shows the window's surface. Whatever
 /// it gets from Qt it hands to its QtWindow.
-/// Threads: the window's.
 class QtWidget final : public QAbstractScrollArea {
  public:
   explicit QtWidget(QtWindow& window);
@@ -20,7 +19,6 @@ class QtWidget final : public QAbstractScrollArea {
   ~QtWidget() override;
 
   /// While it lives, the widget isn't deleted by Discard: one of its events is being handled.
-  /// Threads: the window's.
   class Hold {
    public:
     explicit Hold(QtWidget* widget);

@@ -8,7 +8,6 @@ namespace sparlow::qt {
 class QtWindow;
 
 /// The window system over Qt.
-/// Threads: the window's.
 class QtWindowSystem final : public WindowSystem {
  public:
   std::unique_ptr<WindowPeer> CreatePeer(WindowSite& site, std::uint32_t style) override;
@@ -34,7 +33,7 @@ class QtWindowSystem final : public WindowSystem {
 
  private:
   QtCaptureWatch captureWatch_;
-  QtWindow* pointerOver_ = nullptr;  ///< the mouse was last over
+  QtWindow* pointerOver_ = nullptr;  // the mouse was last over
   Qt::KeyboardModifiers modifiers_;
 };
 

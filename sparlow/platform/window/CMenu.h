@@ -50,7 +50,8 @@ class CMenu {
   /// Adds a command, or a separator with MF_SEPARATOR. Returns false when this names no menu.
   bool AppendMenu(UINT flags, UINT id = 0, const char* text = nullptr);
   /// Adds a submenu (MF_POPUP). It stays the menu that the other object names, so that what is
-  /// added to it there later shows here. Returns false, too, for a menu that would then hold itself.
+  /// added to it there later shows here. Returns false, too, for a menu that would then hold
+  /// itself.
   bool AppendMenu(UINT flags, const CMenu& subMenu, const char* text);
 
   /// The submenu at a position; null when there is none. It stays while the menu does.

@@ -17,8 +17,8 @@ struct MenuItemTemplate {
   std::vector<MenuItemTemplate> items;
 };
 
-/// One item of a dialog resource. Items of one row stand side by side in their order, and rows below
-/// one another by their numbers; a label and a field make a line of a form.
+/// One item of a dialog resource. Items of one row stand side by side in their order, and rows
+/// below one another by their numbers; a label and a field make a line of a form.
 struct DialogItemTemplate {
   enum class Kind { label, defaultButton, button, edit, checkBox };
   int id = 0;
