@@ -3,6 +3,7 @@
 #include <thread>
 #include <vector>
 
+#include "sparlow/platform/base/ErrorBox.h"
 #include "sparlow/platform/base/Synchronization.h"
 #include "sparlow/platform/base/UiThread.h"
 
@@ -44,6 +45,15 @@ TEST_F(BoxTest, AWorkerThatHoldsALockGetsItsBoxWhileTheWindowsThreadWaitsForThat
   EXPECT_EQ(answer, 7);
 }
 
+TEST_F(BoxTest, ALongTextIsCutBetweenCharacters) {
+  const std::string micro = "\xC2\xB5";
+  std::string text;
+  while (text.size() < 1022)
+    text += micro;
+  EXPECT_EQ(ShowErrorBox(MB_ICONHAND, "Input error", "%s", (text + micro).c_str()), 7);
+  EXPECT_EQ(shown, std::vector<std::string>{text});
+}
+
 TEST_F(BoxTest, BoxesOfWorkersWaitForOneThatIsOpen) {
   std::atomic<int> answered{0};
   std::vector<std::jthread> workers;
@@ -79,6 +89,21 @@ TEST_F(BoxTest, WhoWaitsForItsWorkersAnswersTheirBoxesAndNoOthers) {
   worker.join();
   other.join();
   EXPECT_EQ(shown, (std::vector<std::string>{"Open", "Another's"}));
+}
+
+TEST(Event, HasThePlatformsNamesAndNullIsNone) {
+  const HANDLE event = CreateEvent(false);
+  std::jthread other([event] { EXPECT_EQ(WaitForSingleObject(event, INFINITE), WAIT_OBJECT_0); });
+  EXPECT_EQ(WaitForSingleObject(event, 1), WAIT_TIMEOUT);
+  EXPECT_TRUE(SetEvent(event));
+  other.join();
+  EXPECT_EQ(WaitForSingleObject(event, 0), WAIT_OBJECT_0);
+  EXPECT_EQ(WaitForSingleObject(event, 1), WAIT_OBJECT_0);
+  EXPECT_TRUE(CloseHandle(event));
+  EXPECT_FALSE(SetEvent(nullptr));
+  EXPECT_FALSE(ResetEvent(nullptr));
+  EXPECT_FALSE(CloseHandle(nullptr));
+  EXPECT_EQ(WaitForSingleObject(nullptr, INFINITE), WAIT_TIMEOUT);
 }
 
 }  // namespace

@@ -97,9 +97,18 @@ TEST_F(DrawingTest, AnyCoordinateIsAllowedAndALineKeepsItsCourse) {
                                    "FillRect -30000,-30000 30000,30000 color 0x000001"}));
 }
 
+TEST(Geometry, AScaledNumberIsRoundedAndNeverOverflows) {
+  constexpr int most = std::numeric_limits<int>::max();
+  const int cases[][4] = {{7, 3, 2, 11},    {-7, 3, 2, -11}, {7, 3, -2, -11},
+                          {most, 2, 1, -1}, {1, 1, 0, -1},   {most, most, most, most}};
+  for (const auto& [a, b, c, expected] : cases)
+    EXPECT_EQ(MulDiv(a, b, c), expected) << a;
+}
+
 TEST(Text, BytesThatAreNoUtf8CountAsLatin1) {
   EXPECT_EQ(ToUtf8("20 \xC2\xB0\xE2\x82\xAC"), "20 \xC2\xB0\xE2\x82\xAC");
   EXPECT_EQ(ToUtf8("20 \xB0"), "20 \xC2\xB0");
+  EXPECT_EQ(ToUtf8("\xF0\x9F\x98\x80"), "\xF0\x9F\x98\x80");
   // Overlong, a surrogate, beyond Unicode, torn: none of these is UTF-8.
   for (const char* bytes : {"\xC0\xAF", "\xED\xA0\x80", "\xF4\x90\x80\x80", "\xE2\x82"})
     EXPECT_NE(ToUtf8(bytes), bytes);

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <thread>
 
+#include "sparlow/platform/window/CDialog.h"
 #include "sparlow/platform/window/CDocument.h"
 #include "sparlow/platform/window/CView.h"
 #include "sparlow/platform/window/Windows.h"
@@ -75,6 +76,8 @@ TEST_F(WindowTest, PostsKeepTheirOrderAndNeverRunInsideThePoster) {
   EXPECT_TRUE(TestWindows::PumpUntil([this] { return numbers.size() == 1000; }));
   EXPECT_TRUE(std::is_sorted(numbers.begin(), numbers.end()));
   EXPECT_EQ(SendMessage(handle, WM_NUMBER, 21, 0), 42);
+  EXPECT_TRUE(view->IsKindOf(&CWnd::classCWnd));
+  EXPECT_FALSE(view->IsKindOf(&CDialog::classCDialog));
 }
 
 TEST_F(WindowTest, AMarkInAPaintMakesAnotherAndWhatWaitsGoesWithTheWindow) {

@@ -4,6 +4,7 @@
 
 #include <cstdlib>
 #include <random>
+#include <vector>
 
 #include "sparlow/platform/paint/CDC.h"
 #include "tests/qt/Pixels.h"
@@ -66,9 +67,9 @@ TEST_P(ImageDeviceTest, StraightLinesAreCrispAndTheSameInBothDirections) {
   }
 }
 
-TEST_P(ImageDeviceTest, WidePiecesOfACurveCoverBothEndsAndAllRowsBetween) {
+TEST_P(ImageDeviceTest, PiecesOfACurveCoverBothEndsAndAllRowsBetween) {
   const CPoint a{20, 25};
-  for (const int w : {2, 3}) {
+  for (const int w : {1, 2, 3}) {
     const auto end = [&](CPoint p) {
       return QRect(edge(p.x - w / 2), edge(p.y - w / 2), edge(w), edge(w));
     };
@@ -92,14 +93,23 @@ TEST_P(ImageDeviceTest, WidePiecesOfACurveCoverBothEndsAndAllRowsBetween) {
 }
 
 TEST_P(ImageDeviceTest, PatternsScaleWithTheWidthAndGapsAreTransparent) {
-  for (const int w : {1, 2}) {
-    SCOPED_TRACE(w);
-    inkedBy({0, 20}, {59, 20}, {PS_DOT, w, ink});
-    const int dot = 3 * std::max(1, edge(w));
-    // On a row of device pixels that every such line covers.
-    for (int x = 0; x < device.Image().width() - 1; ++x) {
-      const COLORREF expected = (x - edge(-(w / 2))) / dot % 2 == 0 ? ink : white;
-      ASSERT_EQ(FromQt(device.Image().pixel(x, edge(20))), expected) << x;
+  const std::pair<int, std::vector<int>> patterns[] = {{PS_DASH, {18, 6}},
+                                                       {PS_DOT, {3, 3}},
+                                                       {PS_DASHDOT, {9, 6, 3, 6}},
+                                                       {PS_DASHDOTDOT, {9, 3, 3, 3, 3, 3}}};
+  for (const auto& [style, lengths] : patterns) {
+    for (const int w : {1, 2}) {
+      SCOPED_TRACE(testing::Message() << style << ", width " << w);
+      std::vector<COLORREF> expected;
+      for (std::size_t i = 0; expected.size() < 130; ++i)
+        expected.insert(expected.end(), lengths[i % lengths.size()] * std::max(1, edge(w)),
+                        i % 2 == 0 ? ink : white);
+      inkedBy({0, 20}, {59, 20}, {style, w, ink});
+      // On a row of device pixels that every such line covers.
+      for (int x = 0; x < device.Image().width() - 1; ++x)
+        ASSERT_EQ(FromQt(device.Image().pixel(x, edge(20))),
+                  expected[static_cast<std::size_t>(x - edge(-(w / 2)))])
+            << x;
     }
   }
   const int solid = inkedBy({5, 5}, {50, 40}, {PS_SOLID, 3, ink});
@@ -162,6 +172,12 @@ TEST_P(ImageDeviceTest, ASavedAreaComesBackExactly) {
   EXPECT_EQ(dc.GetPixel({7, 5}), filling);
   dc.BitBlt(7, 5, 17, 17, memory, 7, 5, SRCCOPY);
   EXPECT_EQ(device.Image(), before);
+  // Onto itself, down and up again, by whole pixels.
+  const QRect kept = area({0, 0, size.cx, size.cy - 4});
+  dc.BitBlt(0, 4, size.cx, size.cy, &context, 0, 0, SRCCOPY);
+  dc.BitBlt(0, 0, size.cx, size.cy, &context, 0, 4, SRCCOPY);
+  EXPECT_EQ(device.Image().copy(kept), before.copy(kept));
+  dc.BitBlt(0, 0, size.cx, size.cy, memory, 0, 0, SRCCOPY);
   // Beyond the edges of both.
   dc.BitBlt(-100, -100, 1000, 1000, memory, -100, -100, SRCCOPY);
   EXPECT_EQ(device.Image(), before);

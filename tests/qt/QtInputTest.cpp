@@ -184,6 +184,8 @@ TEST_F(QtInputTest, AThumbIsTrackedAndTheBarShowsWhatWasSet) {
   EXPECT_EQ(bar.maximum(), 6000000 - 1000 + 1);
   SetScrollInfo(window, SB_HORZ, {0, 6000000, 1000, 7000000, 0});
   EXPECT_EQ(Info().nPos, bar.maximum());
+  EXPECT_TRUE(SetScrollPos(window, SB_HORZ, 333));
+  EXPECT_EQ(Info().nPos, 333);
 }
 
 TEST_F(QtInputTest, ArrowsAndTroughTellOneStepEachAndRepeatWhileHeld) {
@@ -230,6 +232,11 @@ TEST_F(QtInputTest, EachWayOfLosingTheMouseIsToldOnce) {
     EXPECT_EQ(GetCapture(), nullptr);
     Mouse(QEvent::MouseButtonRelease);
   }
+  view->ShowWindow(true);
+  SetCapture(window);
+  EXPECT_EQ(QWidget::mouseGrabber(), Area().viewport()) << "without a button that is down";
+  ReleaseCapture();
+  EXPECT_EQ(QWidget::mouseGrabber(), nullptr);
 }
 
 TEST(QtInput, AWindowMayEndInsideEachOfItsMessages) {

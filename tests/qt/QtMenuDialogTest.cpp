@@ -1,12 +1,15 @@
 #include <QAction>
 #include <QApplication>
+#include <QCheckBox>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QLocale>
 #include <QMenu>
 #include <QMessageBox>
 #include <QPointer>
+#include <QScreen>
 #include <QTimer>
+#include <QWindow>
 
 #include "sparlow/platform/qt/QtMessageBox.h"
 #include "sparlow/platform/window/CMenu.h"
@@ -64,7 +67,7 @@ struct QtMenuDialogTest : QtTest {
     menu.AppendMenu(MF_GRAYED, 2, "Two");
     menu.AppendMenu(MF_POPUP, subMenu, "&Select");
     subMenu.AppendMenu(MF_STRING, 101, "Upper");
-    subMenu.AppendMenu(MF_STRING, 102, "Low\xE4r");
+    subMenu.AppendMenu(MF_STRING | MF_CHECKED, 102, "Low\xE4r");
     AttachResources();
   }
 
@@ -97,6 +100,7 @@ TEST_F(QtMenuDialogTest, AMenuWorksByKeyboardAndShowsWhatItsOwnerSays) {
                  EXPECT_EQ(lines[0]->text(), "One\tCtrl+ +");
                  EXPECT_TRUE(lines[0]->isChecked());
                  EXPECT_FALSE(lines[1]->isEnabled());
+                 EXPECT_FALSE(lines[1]->isChecked());
                  for (const int key : {Qt::Key_Down, Qt::Key_Down, Qt::Key_Right})
                    Press(OpenMenu(), key);
                },
@@ -146,6 +150,45 @@ TEST_F(QtMenuDialogTest, TheItemsOfADialogHaveRoomForTheirTexts) {
     }
     EXPECT_EQ(WindowSystem::Current()->DecimalSign(),
               QLocale::system().decimalPoint().toStdString());
+    Press(dialog, Qt::Key_Escape);
+  }});
+  AxisDialog().Edit(range);
+  EXPECT_FALSE(range.confirmed);
+}
+
+TEST_F(QtMenuDialogTest, ADialogOpensOverTheMiddleOfItsWindowAndOnTheScreen) {
+  QWidget* const widget = qt::WidgetOf(*view);
+  const QRect screen = QApplication::primaryScreen()->availableGeometry();
+  for (const QPoint at : {screen.center(), screen.topLeft(), screen.bottomRight()}) {
+    widget->move(at);
+    AxisRange range{0.0, 1.0, false, "V"};
+    Steps steps({[&] {
+      QWidget* const dialog = QApplication::activeModalWidget();
+      EXPECT_TRUE(screen.contains(dialog->frameGeometry()));
+      EXPECT_EQ(dialog->windowHandle()->transientParent(), widget->windowHandle());
+      const QPoint off = dialog->frameGeometry().center() - widget->frameGeometry().center();
+      EXPECT_TRUE(at != screen.center() || off.manhattanLength() <= 2);
+      auto* const box = dialog->findChild<QCheckBox*>();
+      for (const bool automatic : {true, false}) {
+        box->click();
+        EXPECT_EQ(dialog->findChild<QLineEdit*>()->isEnabled(), !automatic);
+      }
+      Press(dialog, Qt::Key_Escape);
+    }});
+    AxisDialog().Edit(range);
+    EXPECT_FALSE(range.autoRange);
+  }
+}
+
+TEST_F(QtMenuDialogTest, ARefusedFieldIsReadyToBeTypedOver) {
+  AxisRange range{0.0, 1.0, false, "V"};
+  Steps steps({[] {
+    QWidget* const dialog = QApplication::activeModalWidget();
+    QLineEdit* const field = dialog->findChildren<QLineEdit*>().last();
+    field->setText("much");
+    Press(dialog, Qt::Key_Return);
+    EXPECT_EQ(dialog->focusWidget(), field);
+    EXPECT_EQ(field->selectedText(), "much");
     Press(dialog, Qt::Key_Escape);
   }});
   AxisDialog().Edit(range);

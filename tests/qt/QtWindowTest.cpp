@@ -1,5 +1,6 @@
 #include <QApplication>
 #include <QPixmap>
+#include <QTemporaryDir>
 #include <QTimer>
 #include <QWidget>
 #include <thread>
@@ -30,6 +31,10 @@ TEST_F(QtWindowTest, AnExposeCopiesTheSurfaceAndPaintsNothing) {
   widget->update();
   app->ProcessEvents();
   EXPECT_EQ(view->draws, 0);
+  RedrawWindow(window);
+  const QTemporaryDir directory;
+  EXPECT_TRUE(qt::SavePicture(*view, directory.filePath("now.png").toStdString()));
+  EXPECT_EQ(view->draws, 1);
 }
 
 TEST_F(QtWindowTest, AScrollBarChangesTheClientAreaBeforeTheCallReturns) {
@@ -62,6 +67,8 @@ TEST_F(QtWindowTest, AWindowEndsWithItsQtParent) {
       ReleaseDC(window, hdc);
     }
   };
+  qt::WidgetOf(*view)->close();
+  EXPECT_FALSE(deleted) << "closed with the window that it is in";
   delete parent;
   EXPECT_TRUE(deleted);
   EXPECT_EQ(destroys, 1);

@@ -83,7 +83,6 @@ QPainter& PaintedDevice::Clipped(const Clip& clip) {
   visible_ = clip ? scale_.Area(*clip).intersected(bounds_) : bounds_;
   setMix(R2_COPYPEN);
   clipPainter();
-  pen_.reset();
   return painter_;
 }
 
