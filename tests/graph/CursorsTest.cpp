@@ -114,20 +114,17 @@ TEST_F(CursorsTest, MarkersAreDrawnWhereThereIsSomethingToBeSeen) {
 }
 
 TEST_F(CursorsTest, Reach) {
-  const int height = Plot().cy;
-  const struct {
-    CPoint point;
-    int x, y;
-    bool hit;
-  } cases[] = {
-      {{104, 50}, 100, 50, true},          {{105, 50}, 100, 50, false},
-      {{100, 45}, 100, 50, false},         {{100, 9}, 100, -1, true},
-      {{100, 10}, 100, -1, false},         {{100, height - 10}, 100, height, true},
-      {{INT_MAX, 50}, INT_MIN, 50, false},
+  const auto reaches = [this](CPoint point, int x, int y) {
+    return TheGraph().inCursorArea(point, x, y);
   };
-  for (const auto& each : cases)
-    EXPECT_EQ(TheGraph().inCursorArea(each.point, each.x, each.y), each.hit)
-        << each.point.x << "," << each.point.y << " of " << each.x << "," << each.y;
+  const int height = Plot().cy;
+  EXPECT_TRUE(reaches({104, 50}, 100, 50));
+  EXPECT_FALSE(reaches({105, 50}, 100, 50));
+  EXPECT_FALSE(reaches({100, 45}, 100, 50));
+  EXPECT_TRUE(reaches({100, 9}, 100, -1));
+  EXPECT_FALSE(reaches({100, 10}, 100, -1));
+  EXPECT_TRUE(reaches({100, height - 10}, 100, height));
+  EXPECT_FALSE(reaches({INT_MAX, 50}, INT_MIN, 50));
 }
 
 TEST_F(CursorsTest, ADragCrossesAndClips) {

@@ -69,7 +69,7 @@ class GraphTest : public ::testing::Test {
  protected:
   GraphTest() {
     series.Init("Delay", nullptr);
-    OpenView({640, 480});
+    OpenView();
   }
   ~GraphTest() override {
     series.OpenGate();
@@ -79,15 +79,17 @@ class GraphTest : public ::testing::Test {
     SetThreadStarter(nullptr);
     SourceData::nLastSamplesToDraw = 0;
     Graph::UnlockResizing();
+    for (const auto& one : owned)
+      one->Term();
     series.Term();
   }
 
-  void OpenView(CSize size) { OpenView(size, series); }
-  void OpenView(CSize size, ViewData& shown) {
+  void OpenView() { OpenView(series); }
+  void OpenView(ViewData& shown) {
     CloseView();
     view = new TestView;
     ASSERT_TRUE(view->Create());
-    Window().Resize(size);
+    Window().Resize({640, 480});
     view->CreateGraph(&axis);
     ASSERT_TRUE(view->AddViewData(&shown));
   }
@@ -95,6 +97,14 @@ class GraphTest : public ::testing::Test {
     if (view)
       view->DestroyWindow();
     view = nullptr;
+  }
+
+  /// One more series, which lasts as long as the fixture.
+  template <class T = GatedSeries>
+  T& Make(const std::string& name, SourceData* source = nullptr) {
+    owned.push_back(std::make_unique<T>());
+    owned.back()->Init(name.c_str(), source);
+    return static_cast<T&>(*owned.back());
   }
 
   TestWindow& Window() { return TestWindows::Of(*view); }
@@ -135,6 +145,10 @@ class GraphTest : public ::testing::Test {
   /// Fills the series, or adds to it, and updates the graph.
   void Show(unsigned n) {
     Fill(series, n);
+    view->UpdateGraph();
+  }
+  void Show(const Points& points) {
+    Fill(series, points);
     view->UpdateGraph();
   }
   void ShowMore(unsigned n) {
@@ -195,6 +209,7 @@ class GraphTest : public ::testing::Test {
   TestWindows system;
   GraphAxis axis;
   GatedSeries series;
+  std::vector<std::unique_ptr<ViewData>> owned;
   TestView* view = nullptr;
 };
 

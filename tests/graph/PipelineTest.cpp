@@ -10,6 +10,8 @@
 namespace sparlow {
 namespace {
 
+using test::Doubled;
+
 /// A thread that the system is slow to start.
 struct HeldThread {
   static inline std::atomic<bool> released{true};
@@ -37,6 +39,16 @@ class PipelineTest : public GraphTest {
     Show(20000);
     ASSERT_EQ(HeldThread::started, 1);
   }
+  /// A view of an analysis of the series, which a worker has begun and whose end is up to the test.
+  void StartAnalysis(Doubled::End end) {
+    Fill(series, 100);
+    OpenView(analysis);
+    analysis.end = end;
+    const int before = analysis.runs;
+    TheGraph().AnalyzeAll();
+    while (analysis.runs == before)
+      std::this_thread::yield();
+  }
   /// Does something from another thread, after a while.
   template <class Action>
   static std::thread Later(Action action) {
@@ -50,6 +62,8 @@ class PipelineTest : public GraphTest {
     // Not if somebody has kept a turn.
     std::thread([this] { TheGraph().SetViewData(TheGraph().GetActiveViewData()); }).join();
   }
+
+  Doubled& analysis = Make<Doubled>("Doubled", &series);
 };
 
 TEST_F(PipelineTest, DestroyWaitsForAWorkerThatHasntRunYetAndNothingStartsAfterIt) {
@@ -95,23 +109,14 @@ TEST_F(PipelineTest, OfAThousandResizesOneWorkerRendersTheNewestAndNoPaintWaits)
 }
 
 TEST_F(PipelineTest, AnalysesThatAreAskedForDuringARunAreOneRunAfterIt) {
-  test::Doubled analysis;
-  analysis.Init("Doubled", &series);
-  Fill(series, 100);
-  OpenView({640, 480}, analysis);
-  analysis.end = test::Doubled::waits;
-  TheGraph().AnalyzeAll();
-  while (analysis.runs == 0)
-    std::this_thread::yield();
+  StartAnalysis(Doubled::waits);
   for (int i = 0; i < 100; ++i)
     PostMessage(view->GetSafeHwnd(), WM_RECALC_ANALYSIS, 0, 0);
   Pump();
   EXPECT_EQ(HeldThread::started, 1);
-  analysis.end = test::Doubled::succeeds;
+  analysis.end = Doubled::succeeds;
   ASSERT_TRUE(AwaitIdle());
   EXPECT_EQ(analysis.runs, 2);
-  CloseView();
-  analysis.Term();
 }
 
 TEST_F(PipelineTest, DestroyEndsARenderAndTheOneThatIsDueAfterIt) {
@@ -139,18 +144,17 @@ TEST_F(PipelineTest, DestroyAnswersBoxesOfItsWorkersAndKeepsAHostsOwnSignal) {
       return false;
     }
     std::atomic<bool> begun{false};
-  } asking;
-  asking.Init("Asking", &series);
+  };
+  auto& asking = Make<Asking>("Asking", &series);
   Fill(series, 100);
-  OpenView({640, 480}, asking);
+  OpenView(asking);
   TheGraph().AnalyzeAll();
   while (!asking.begun)
     std::this_thread::yield();
   CloseView();
   EXPECT_TRUE(system.boxes.empty());
   EXPECT_FALSE(asking.IsAborted());
-  asking.Term();
-  OpenView({640, 480});
+  OpenView();
   SetEvent(series.terminator);
   CloseView();
   EXPECT_TRUE(series.terminator->IsSet());
@@ -158,42 +162,27 @@ TEST_F(PipelineTest, DestroyAnswersBoxesOfItsWorkersAndKeepsAHostsOwnSignal) {
 }
 
 TEST_F(PipelineTest, AnalysesThatThrowEndTheRunAndNothingElse) {
-  test::Doubled analysis;
-  analysis.Init("Doubled", &series);
-  Fill(series, 100);
-  OpenView({640, 480}, analysis);
-  analysis.end = test::Doubled::throws;
-  TheGraph().AnalyzeAll();
+  StartAnalysis(Doubled::throws);
   ASSERT_TRUE(AwaitIdle());
   EXPECT_EQ(analysis.runs, 1);
   SetThreadStarter([](AFX_THREADPROC, void*) { return false; });
   EXPECT_THROW(TheGraph().AnalyzeAll(), std::runtime_error) << "the caller may know what to do";
-  analysis.end = test::Doubled::succeeds;
+  analysis.end = Doubled::succeeds;
   TheGraph().AnalyzeAll();
   EXPECT_EQ(analysis.GetSize(), 100u);
-  CloseView();
-  analysis.Term();
 }
 
 TEST_F(PipelineTest, DestroyEndsAlsoTheAnalysisOfAReplacedSeries) {
-  test::Doubled analysis;
-  analysis.Init("Doubled", &series);
-  Fill(series, 100);
-  OpenView({640, 480}, analysis);
-  analysis.end = test::Doubled::waits;
-  TheGraph().AnalyzeAll();
-  while (analysis.runs == 0)
-    std::this_thread::yield();
+  StartAnalysis(Doubled::waits);
   TheGraph().SetViewData(&series);
   CloseView();
-  EXPECT_EQ(analysis.end, test::Doubled::fails);
-  analysis.Term();
+  EXPECT_EQ(analysis.end, Doubled::fails);
 }
 
 TEST_F(PipelineTest, SeriesMayEndAsSoonAsTheWindowIsDestroyed) {
   auto own = std::make_unique<ViewData>();
   own->Init("Own", nullptr);
-  OpenView({640, 480}, *own);
+  OpenView(*own);
   view->afterMessage = [&](UINT message) {
     if (message != WM_DESTROY)
       return;
@@ -205,13 +194,11 @@ TEST_F(PipelineTest, SeriesMayEndAsSoonAsTheWindowIsDestroyed) {
 }
 
 TEST_F(PipelineTest, ChangesStopARenderAndAnUpdateAwaitsIt) {
-  ViewData other;
-  other.Init("Other", nullptr);
   const std::function<void()> changes[] = {
       [&] { view->ChangeAxes([](GraphAxis&) {}); },
       [&] { TheGraph().ZoomInBySample(); },
       [&] { TheGraph().Scroll(-100); },
-      [&] { TheGraph().SetViewData(&other); },
+      [&] { TheGraph().SetViewData(&analysis); },
   };
   for (const auto& change : changes) {
     TheGraph().SetViewData(&series);
@@ -229,29 +216,18 @@ TEST_F(PipelineTest, ChangesStopARenderAndAnUpdateAwaitsIt) {
   EXPECT_EQ(series.completed, completed + 1) << "a feed would starve it";
   opener.join();
   ASSERT_TRUE(AwaitIdle());
-  CloseView();
-  other.Term();
 }
 
 TEST_F(PipelineTest, ClearStopsARenderAndAnAnalysis) {
   StartGatedRender();
   StopAtGate(series, [this] { view->Clear(); });
   EXPECT_FALSE(series.Valid());
-  test::Doubled analysis;
-  analysis.Init("Doubled", &series);
-  Fill(series, 100);
-  OpenView({640, 480}, analysis);
-  EXPECT_TRUE(analysis.Analyze());
-  analysis.end = test::Doubled::waits;
-  TheGraph().AnalyzeAll();
-  while (analysis.runs < 2)
-    std::this_thread::yield();
+  Fill(analysis, 100);
+  StartAnalysis(Doubled::waits);
   view->Clear();
-  EXPECT_EQ(analysis.end, test::Doubled::fails);
+  EXPECT_EQ(analysis.end, Doubled::fails);
   EXPECT_FALSE(analysis.Valid());
   EXPECT_FALSE(analysis.IsAborted());
-  CloseView();
-  analysis.Term();
 }
 
 TEST_F(PipelineTest, ARenderThatItsHostStopsIsDoneWhenTheHostLetsIt) {
@@ -281,10 +257,10 @@ TEST_F(PipelineTest, WhatARenderThrowsIsTriedOnceMoreAndToldInOneBox) {
       return GatedSeries::yPosGet(sample, shown);
     }
     bool throws = true;
-  } throwing;
-  throwing.Init("Throwing", nullptr);
+  };
+  auto& throwing = Make<Throwing>("Throwing");
   Fill(throwing, 20000);
-  OpenView({640, 480}, throwing);
+  OpenView(throwing);
   for (int i = 0; i < 2; ++i) {
     view->UpdateGraph();
     ASSERT_TRUE(AwaitIdle());
@@ -297,8 +273,6 @@ TEST_F(PipelineTest, WhatARenderThrowsIsTriedOnceMoreAndToldInOneBox) {
   ASSERT_TRUE(AwaitIdle());
   Pump();
   EXPECT_TRUE(Shows("Throwing"));
-  CloseView();
-  throwing.Term();
 }
 
 class StressTest : public GraphTest {
@@ -370,7 +344,7 @@ TEST_F(StressTest, AViewClosesWhileItsSeriesIsFed) {
       if (i % 7 == 0)
         TheGraph().AnalyzeAll();
     }
-    OpenView({640, 480});
+    OpenView();
     window_ = view->GetSafeHwnd();
   }
   StopFeed();

@@ -33,8 +33,7 @@ class ReadoutsTest : public GraphTest {
   }
 
   void Show(const Points& samples, unsigned left, unsigned right) {
-    Fill(series, samples);
-    view->UpdateGraph();
+    GraphTest::Show(samples);
     series.SetLCursor(left);
     series.SetRCursor(right);
   }
@@ -118,10 +117,10 @@ TEST_F(ReadoutsTest, XAndYOfACursorAreOfOneSample) {
       return y;
     }
     mutable int moves = 0;
-  } moving;
-  moving.Init("Moving", nullptr);
+  };
+  auto& moving = Make<Moving>("Moving");
   Fill(moving, {{0, 0}, {10, 1}, {20, 2}, {30, 3}, {40, 4}});
-  OpenView({640, 480}, moving);
+  OpenView(moving);
   TheGraph().active = true;
   view->UpdateGraph();
   moving.moves = 2;
@@ -131,8 +130,6 @@ TEST_F(ReadoutsTest, XAndYOfACursorAreOfOneSample) {
   moving.iLCursor = 0;
   moving.moves = 1000;
   EXPECT_EQ(CursorReadouts(), "") << "whoever moves it sends";
-  CloseView();
-  moving.Term();
 }
 
 TEST_F(ReadoutsTest, WhatHasNoDivisorIsNotSent) {
@@ -171,18 +168,15 @@ TEST_F(ReadoutsTest, WhenNothingIsSent) {
 
 TEST_F(ReadoutsTest, ACalculatedSeriesHasNoStatisticsAndNoDriftOfItsCursors) {
   ShowVolts();
-  ViewData calculated;
-  calculated.Init("Derivative", &series);
+  auto& calculated = Make<ViewData>("Derivative", &series);
   Fill(calculated, 10);
-  OpenView({640, 480}, calculated);
+  OpenView(calculated);
   TheGraph().active = true;
   calculated.SetLCursor(3);
   CursorReadouts();
   EXPECT_EQ(Told(Readout::drift).cursorValue, Told(Readout::drift).value);
   EXPECT_EQ(Statistics(), "7A ");
   EXPECT_FALSE(Told(Readout::hasStatistics).hasStatistics);
-  CloseView();
-  calculated.Term();
 }
 
 TEST_F(ReadoutsTest, UpdatesWorkersAndCursorMovesSend) {
@@ -209,17 +203,15 @@ TEST_F(ReadoutsTest, RecordsAreWhole) {
   slow.Send(WM_READOUT_MEAN, 3, "V");
   EXPECT_EQ(TakeReadout(WM_READOUT_MEAN, wParam, lParam)->value, 2) << "the older one";
 
-  std::atomic<bool> enough{false};
-  std::thread worker([&] {
-    for (bool big = false; !enough; big = !big)
+  std::jthread worker([&](const std::stop_token& enough) {
+    for (bool big = false; !enough.stop_requested(); big = !big)
       ReadoutSender(receiver).Send(WM_READOUT_MEAN, big ? 5e6 : 1, "V");
   });
   for (int i = 0; i < 20000; ++i) {
     const auto record = TakeReadout(WM_READOUT_MEAN, wParam, lParam);
-    EXPECT_TRUE(record && record->text == (record->value == 5 ? "MV" : "V"));
+    ASSERT_TRUE(record);
+    EXPECT_EQ(record->text, record->value == 5 ? "MV" : "V");
   }
-  enough = true;
-  worker.join();
 }
 
 }  // namespace

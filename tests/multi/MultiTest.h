@@ -29,11 +29,6 @@ class MultiTest : public GraphTest {
     AddTo(false, &series);
     Fill(series, 11);
   }
-  ~MultiTest() override {
-    CloseView();
-    for (const auto& one : all)
-      one->Term();
-  }
   TestMulti& Multi() { return static_cast<TestMulti&>(TheGraph()); }
   ViewData* Active() { return Multi().GetActiveViewData(); }
   bool AddTo(bool masks, ViewData* data) {
@@ -42,23 +37,17 @@ class MultiTest : public GraphTest {
   bool RemoveFrom(bool masks, ViewData* data) {
     return masks ? Multi().RemoveMaskData(data) : Multi().RemoveViewData(data);
   }
-  template <class T = GatedSeries>
-  T& Make(const std::string& name, SourceData* source = nullptr) {
-    all.push_back(std::make_unique<T>());
-    all.back()->Init(name.c_str(), source);
-    return static_cast<T&>(*all.back());
-  }
   GatedSeries& Add(const std::string& name, unsigned samples = 11) {
-    GatedSeries& made = Make(name);
-    Fill(made, samples);
-    EXPECT_TRUE(AddTo(false, &made));
-    return made;
+    GatedSeries& added = Make(name);
+    Fill(added, samples);
+    EXPECT_TRUE(AddTo(false, &added));
+    return added;
   }
   /// An analysis of the fixture's series.
   Doubled& AddDoubled(const std::string& name, bool mask = true) {
-    Doubled& made = Make<Doubled>(name, &series);
-    EXPECT_TRUE(AddTo(mask, &made));
-    return made;
+    Doubled& added = Make<Doubled>(name, &series);
+    EXPECT_TRUE(AddTo(mask, &added));
+    return added;
   }
   /// The window as it is when nobody works any more.
   bool Paint(bool update = true) {
@@ -90,8 +79,6 @@ class MultiTest : public GraphTest {
   }
   bool Draws(const std::string& part) { return Count(Frame(), part) > 0; }
   bool Draws(ViewData& data, int width) { return Draws(Stroke(width, data.GetColor())); }
-
-  std::vector<std::unique_ptr<ViewData>> all;
 };
 
 }  // namespace sparlow

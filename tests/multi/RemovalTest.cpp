@@ -7,7 +7,7 @@ struct RemovalTest : MultiTest {
   void End(ViewData& gone) {
     EXPECT_FALSE(gone.renderStop || gone.IsAborted());
     gone.Term();
-    std::erase_if(all, [&](const auto& one) { return one.get() == &gone; });
+    std::erase_if(owned, [&](const auto& one) { return one.get() == &gone; });
   }
 };
 

@@ -27,8 +27,6 @@ TEST(ValueTextTest, ReadsWhatPeopleWrite) {
       {"4MV", "V", 4e6},
       {"20 \xC2\xB0", "\xB0", 20.0},
       {"5e0 1/s", "1/s", 5.0},
-      {"259000", "s", 259000.0},
-      {"-1e300", "V", -1e300},
       {"1,5", "V", 1.5, ","},
       {"-,5 mV", "V", -5e-4, ","},
       {"1.5", "V", 1.5, ","},
@@ -147,16 +145,20 @@ TEST_F(AxisDialogTest, WhatIsRefusedIsToldAndTheDialogStays) {
     const char* min;
     const char* max;
     const char* told;
-    int focus;
+    int focus = 0;
+    bool log = false;
   } cases[] = {
-      {"1", "1", "Maximum value must be greater than minimum value.", 0},
-      {"1", "900 m", "Maximum value must be greater than minimum value.", 0},
+      {"1", "1", "Maximum value must be greater than minimum value."},
+      {"1", "900 m", "Maximum value must be greater than minimum value."},
       {"1", "high",
        "Maximum: \"high\" is not a number, with a prefix (p n u m k M G T) and s if need be.",
        IDC_MAX_VALUE},
       {"1e400", "1", "Minimum: \"1e400\" is not a number", IDC_MIN_VALUE},
+      {"0", "1", "Minimum value of a logarithmic axis must be greater than zero.", IDC_MIN_VALUE,
+       true},
   };
   for (const auto& c : cases) {
+    axis.ver.log = c.log;
     Edit(c.min, c.max);
     ASSERT_EQ(boxes.size(), 1u) << c.max;
     EXPECT_TRUE(boxes[0].starts_with(c.told)) << boxes[0];
@@ -165,12 +167,6 @@ TEST_F(AxisDialogTest, WhatIsRefusedIsToldAndTheDialogStays) {
     ExpectRange(before.fixedMin, before.fixedMax, false);
     axis.ver.autoRange = true;
   }
-  axis.ver.log = true;
-  Edit("0", "1");
-  EXPECT_EQ(
-      boxes,
-      (std::vector<std::string>{"Minimum value of a logarithmic axis must be greater than zero."}));
-  EXPECT_EQ(focus, IDC_MIN_VALUE);
   axis.ver = before;
   Edit("5", "7", IDCANCEL);
   EXPECT_TRUE(closed);

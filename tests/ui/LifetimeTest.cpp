@@ -1,6 +1,7 @@
 // A host may close the view in any code of its own that the view runs: the window ends at once, the
 // object when nothing of it is at work any more. What is touched too late the address sanitizer finds.
 
+#include "sparlow/ui/GraphMenu.h"
 #include "tests/ui/ViewInput.h"
 
 namespace sparlow {
@@ -37,27 +38,10 @@ struct HookedSeries : Analysis {
   mutable std::function<void()> hook;
 };
 
-struct Receiver : CWnd {
-  Receiver() { CreateMessageOnly(); }
-  LRESULT WindowProc(UINT, WPARAM, LPARAM) override {
-    if (const auto hook = std::exchange(onMessage, nullptr))
-      hook();
-    return 0;
-  }
-  std::function<void()> onMessage;
-};
-
 class LifetimeTest : public ViewInputTest {
  protected:
-  LifetimeTest() { hooked.Init("Hooked", &series); }
-  ~LifetimeTest() override {
-    CloseView();
-    Graph::SetInfoBar(nullptr);
-    SetMainWindow(nullptr);
-    hooked.Term();
-  }
   void ShowHooked(unsigned samples) {
-    OpenView({640, 480}, hooked);
+    OpenView(hooked);
     Fill(hooked, samples);
     view->UpdateGraph();
     view->SetActive(true);
@@ -71,12 +55,12 @@ class LifetimeTest : public ViewInputTest {
     CloseView();
   }
 
-  HookedSeries hooked;
+  HookedSeries& hooked = Make<HookedSeries>("Hooked", &series);
 };
 
 TEST_F(LifetimeTest, InACallbackThatChangesTheAxesAndInABoxOpenedThere) {
   for (const bool inBox : {false, true}) {
-    OpenView({640, 480});
+    OpenView();
     StartGatedRender();
     UiThread::SetBoxHandler([this](const BoxRequest&) {
       CloseView();
@@ -144,12 +128,17 @@ TEST_F(LifetimeTest, ABoxOrARepaintInAnOverlayIsPaintedAfterIt) {
 }
 
 TEST_F(LifetimeTest, InAMenuCommandADoubleClickAndAReadout) {
-  Receiver receiver;
-  const auto closeOnMessage = [&] { receiver.onMessage = [this] { CloseView(); }; };
+  receiver.onMessage = [this] { CloseView(); };
   const std::function<void()> ways[] = {
       [&] {
-        system.onMenu = [this](CMenu&, CPoint, HWND) { return CloseView(), 0u; };
+        system.onMenu = [this](CMenu& menu, CPoint, HWND owner) -> UINT {
+          CloseView();
+          menu.NotifyOpening(owner, 0);
+          return ID_VIEW_SAMPLE_ZOOM_IN;
+        };
         Mouse(WM_RBUTTONDOWN, {9, 9});
+        Pump();
+        EXPECT_FALSE(Zoomed());
       },
       [&] {
         system.onDialog = [this](test::TestDialog&) { CloseView(); };
@@ -158,13 +147,11 @@ TEST_F(LifetimeTest, InAMenuCommandADoubleClickAndAReadout) {
       },
       [&] {
         SetMainWindow(receiver.GetSafeHwnd());
-        closeOnMessage();
         Mouse(WM_LBUTTONDBLCLK, At(100, 50));
         Pump();
       },
       [&] {
         Graph::SetInfoBar(receiver.GetSafeHwnd());
-        closeOnMessage();
         view->UpdateGraph();
         Pump();
       },
@@ -172,7 +159,7 @@ TEST_F(LifetimeTest, InAMenuCommandADoubleClickAndAReadout) {
   for (const auto& way : ways) {
     SCOPED_TRACE(&way - ways);
     if (!view)
-      OpenView({640, 480});
+      OpenView();
     Show(size);
     way();
     EXPECT_EQ(view, nullptr);

@@ -43,10 +43,6 @@ class MenuTest : public GraphTest {
   LRESULT Command(std::intptr_t code) {
     return SendMessage(view->GetSafeHwnd(), WM_SPARLOW_COMMAND, static_cast<WPARAM>(code), 7);
   }
-  void Show(unsigned samples) {
-    Fill(series, samples);
-    view->UpdateGraph();
-  }
 };
 
 TEST_F(MenuTest, ShowsItsCommandsAndPostsTheOneChosen) {
@@ -86,11 +82,10 @@ TEST_F(MenuTest, AHostsMenuIsKeptUpToDateToo) {
   ++number;  // what is entered among the resources stays there, also when tests are repeated
   struct HostSeries : GatedSeries {
     int GetMenuID() const override { return 0x10000 + number; }
-  } other;
-  other.Init("Other", nullptr);
+  };
+  auto& other = Make<HostSeries>("Other");
+  OpenView(other);
   Fill(other, 10);
-  CloseView();
-  OpenView({640, 480}, other);
   EXPECT_EQ(Choose(0), "") << "no such menu";
   Resources::AddMenu(number,
                      {{0,
@@ -101,20 +96,6 @@ TEST_F(MenuTest, AHostsMenuIsKeptUpToDateToo) {
   axis.ver.autoRange = false;
   axis.ver.log = true;
   EXPECT_EQ(Choose(0), "Own | X {x Auto | ~Many} | Y {x ~Zoom | Auto}");
-  CloseView();
-  other.Term();
-}
-
-TEST_F(MenuTest, TheViewMayEndInsideItsMenu) {
-  Show(1000);
-  system.onMenu = [this](CMenu& menu, CPoint, HWND owner) -> UINT {
-    CloseView();
-    menu.NotifyOpening(owner, 0);
-    return ID_VIEW_SAMPLE_ZOOM_IN;
-  };
-  SendMessage(view->GetSafeHwnd(), WM_RBUTTONDOWN, 0, 0);
-  Pump();
-  EXPECT_EQ(series.GetIntervalSize(), 1000u);
 }
 
 TEST_F(MenuTest, CodesDoTheSameAlsoDuringATransfer) {

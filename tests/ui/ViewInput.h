@@ -5,6 +5,22 @@
 
 namespace sparlow {
 
+/// A window that views tell things.
+struct Receiver : CWnd {
+  Receiver() {
+    CreateMessageOnly();
+    told.clear();
+  }
+  LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM) override {
+    told.emplace_back(message, wParam);
+    if (onMessage)
+      onMessage();
+    return 0;
+  }
+  std::vector<std::pair<UINT, WPARAM>> told;
+  std::function<void()> onMessage;
+};
+
 /// A view of 8000 samples, and what its user does. At() gives a point of the plot.
 class ViewInputTest : public GraphTest {
  protected:
@@ -12,7 +28,12 @@ class ViewInputTest : public GraphTest {
   static constexpr unsigned size = 8000;
 
   ViewInputTest() { Show(size); }
-  ~ViewInputTest() override { Graph::RestrictGraphOperationInRealTime = true; }
+  ~ViewInputTest() override {
+    CloseView();
+    Graph::RestrictGraphOperationInRealTime = true;
+    Graph::SetInfoBar(nullptr);
+    SetMainWindow(nullptr);
+  }
 
   void Show(unsigned samples) {
     Fill(series, samples);
@@ -46,6 +67,7 @@ class ViewInputTest : public GraphTest {
   CPoint LeftMarker() { return At(series.xLCursorPosGet(&axis), series.yLCursorPosGet(&axis)); }
 
   HWND window = nullptr;
+  Receiver receiver;
 };
 
 }  // namespace sparlow

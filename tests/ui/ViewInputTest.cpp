@@ -5,24 +5,6 @@
 namespace sparlow {
 namespace {
 
-/// The application's main window: notes what a view tells it.
-struct MainWindow : CWnd {
-  MainWindow() {
-    CreateMessageOnly();
-    told.clear();
-    SetMainWindow(GetSafeHwnd());
-  }
-  ~MainWindow() override { SetMainWindow(nullptr); }
-  LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM) override {
-    told.emplace_back(message, wParam);
-    if (onMessage)
-      onMessage();
-    return 0;
-  }
-  std::vector<std::pair<UINT, WPARAM>> told;
-  std::function<void()> onMessage;
-};
-
 TEST_F(ViewInputTest, AHeldArrowKeyAcceleratesAndShiftMovesTheRightCursor) {
   PutCursors();
   for (int i = 0; i < 3; ++i)
@@ -111,10 +93,10 @@ TEST_F(ViewInputTest, StepsOfTheBarsStopAtTheirEnds) {
 }
 
 TEST_F(ViewInputTest, TheMainWindowHearsOfDoubleClicksAndFocus) {
-  MainWindow mainWindow;
+  SetMainWindow(receiver.GetSafeHwnd());
   const auto self = reinterpret_cast<WPARAM>(static_cast<CSingleGraphView*>(view));
   Mouse(WM_LBUTTONDBLCLK, At(100, 50));
-  EXPECT_TRUE(mainWindow.told.empty()) << "posted";
+  EXPECT_TRUE(receiver.told.empty()) << "posted";
   Pump();
   for (const bool active : {true, false}) {
     view->SetActive(active);
@@ -125,7 +107,7 @@ TEST_F(ViewInputTest, TheMainWindowHearsOfDoubleClicksAndFocus) {
   Mouse(WM_LBUTTONDBLCLK, At(100, 50));
   Pump();
   const std::vector<std::pair<UINT, WPARAM>> expected{{0x465, self}, {0x466, self}};
-  EXPECT_EQ(mainWindow.told, expected);
+  EXPECT_EQ(receiver.told, expected);
 }
 
 TEST_F(ViewInputTest, AViewWithoutDataIgnoresItsUser) {
@@ -156,8 +138,8 @@ TEST_F(ViewInputTest, AViewWithoutDataIgnoresItsUser) {
 
 /// A host may end the view in whatever it is told while a gesture goes on.
 TEST_F(ViewInputTest, AViewMayEndInsideEachGesture) {
-  MainWindow mainWindow;
-  mainWindow.onMessage = [this] { CloseView(); };
+  SetMainWindow(receiver.GetSafeHwnd());
+  receiver.onMessage = [this] { CloseView(); };
   const auto endAtRelease = [this] {
     view->afterMessage = [this](UINT now) {
       if (now == WM_CAPTURECHANGED)
@@ -193,7 +175,7 @@ TEST_F(ViewInputTest, AViewMayEndInsideEachGesture) {
   for (const auto& way : ways) {
     SCOPED_TRACE(&way - ways);
     if (!view)
-      OpenView({640, 480});
+      OpenView();
     Show(size);
     way();
     EXPECT_EQ(view, nullptr);
