@@ -1,8 +1,6 @@
 // Built with fast mathematics, as a host may be: what the compiler may then take for granted of a
 // number must not let one through that isn't.
 
-#include <gtest/gtest.h>
-
 #include <bit>
 #include <span>
 

@@ -1,5 +1,3 @@
-#include <gtest/gtest.h>
-
 #include <random>
 
 #include "sparlow/data/BlockTable.h"
@@ -18,7 +16,7 @@ TEST(SampleStore, GrowsItsTableAndSurvivesNoMemoryForIt) {
   s.fillRamp(kFull);
   const SampleReader before = s.Read();
   {
-    const AllocationFailure noTable(2 * kTableBytes, 2 * kTableBytes);
+    const AllocationFailure noTable(2 * kTableBytes);
     EXPECT_THROW(s.Add(kFull, 1), Error);
   }
   s.Add(kFull, 1);
@@ -64,6 +62,42 @@ TEST(SampleStore, KnowsWhetherXAscends) {
   EXPECT_FALSE(ascendsAfterSet(8192, 8190)) << "below the last one of the block before";
   s.fillRamp(10);
   EXPECT_FALSE(ascendsAfterSet(4, 5.5)) << "above the next one";
+}
+
+TEST(SourceData, ACopyIsASecondHandleThatKeepsItsSamples) {
+  Series s;
+  s.fillRamp(10000);
+  SourceData copy(s);
+  s.Add(10000, 1e6);
+  EXPECT_EQ(copy.GetSize(), 10000u);
+  copy.Add(20000, 2e4);  // goes behind the sample that the copy hasn't counted
+  EXPECT_EQ(copy.yGlobalMax, 2e4);
+  EXPECT_EQ(copy.GetSize(), 10002u);
+  EXPECT_EQ(copy.xGet(10000), 10000);
+  s.Reset();
+  s.Add(-1, -1);
+  EXPECT_EQ(copy.xGet(9999), 9999);
+}
+
+TEST(SourceData, IsHarmlessBeforeInitAndAfterTerm) {
+  SourceData s;
+  for (const char* name : {"series", static_cast<const char*>(nullptr)}) {
+    EXPECT_FALSE(s.Valid());
+    EXPECT_FALSE(s.IsAborted());
+    EXPECT_FALSE(s.ZoomInByPoint(0, 1, nullptr));
+    EXPECT_FALSE(s.ZoomInByCursor());
+    EXPECT_FALSE(s.Scroll(1, nullptr));
+    s.ScrollTo(4);
+    s.ResetInterval(nullptr);
+    s.SetIntervalParams();
+    s.Set(0, 1, 1);
+    s.Term();
+    s.Init(name);
+    EXPECT_EQ(s.GetSize(), 0u);
+    s.Add(1, 1);
+    EXPECT_EQ(s.GetSize(), 1u);
+    s.Term();
+  }
 }
 
 }  // namespace

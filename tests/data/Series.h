@@ -1,5 +1,7 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <limits>
 
 #include "sparlow/data/SourceData.h"

@@ -1,5 +1,3 @@
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <array>
 #include <bit>
@@ -50,38 +48,33 @@ TEST_F(Statistics, CountTheSamplesOfTheWindow) {
   EXPECT_EQ(calculated(), kNothing);
 }
 
-// As passes, each for itself, that ask every sample.
+// Of a list of the samples asked for, one number after the other.
 Six plain(const SourceData& s, double low, double high) {
   const bool between = SourceData::AnalyzeDataBetweenCursors;
-  const auto cut = [&](int sample) { return static_cast<unsigned>(std::clamp(sample, 0, 20000)); };
-  const unsigned from = between ? cut(s.iLCursor) : 0, end = cut(between ? s.iRCursor + 1 : 20000);
-  const auto pass = [&](auto use) {
-    for (unsigned i = from; i < end; ++i)
-      if (const double y = s.yGet(i); y >= low && y <= high)
-        use(i, y);
-  };
-  double min = kHigh, max = kLow, sum = 0, mean = 0, squares = 0, steps = 0, n = 0, pairs = 0;
-  pass([&](unsigned, double y) {
-    min = y < min ? y : min;
-    max = y > max ? y : max;
-  });
-  if (min > max)
-    return kNothing;
-  low = min;
-  high = max;
-  pass([&](unsigned, double y) { sum += y, ++n; });
-  mean = sum / n;
-  pass([&](unsigned, double y) { squares += (y - mean) * (y - mean); });
-  pass([&](unsigned i, double y) {
+  const unsigned from = between ? static_cast<unsigned>(std::max<int>(s.iLCursor, 0)) : 0;
+  const unsigned end = between ? std::min(static_cast<unsigned>(s.iRCursor + 1), 20000u) : 20000;
+  std::vector<double> ys, steps;
+  for (unsigned i = from; i < end; ++i) {
+    if (s.yGet(i) < low || s.yGet(i) > high)
+      continue;
+    ys.push_back(s.yGet(i));
     if (i > 0)
-      steps += (y - s.yGet(i - 1)) * (y - s.yGet(i - 1)), ++pairs;
-  });
-  return {mean,
-          min,
-          max,
-          max - min,
-          std::sqrt(squares / n),
-          pairs == 0 ? 0 : std::sqrt(steps / pairs * 0.5)};
+      steps.push_back(s.yGet(i) - s.yGet(i - 1));
+  }
+  if (ys.empty())
+    return kNothing;
+  const auto meanOf = [](const std::vector<double>& values, auto of) {
+    double sum = 0.0;
+    for (const double value : values)
+      sum += of(value);
+    return values.empty() ? 0.0 : sum / static_cast<double>(values.size());
+  };
+  const double mean = meanOf(ys, [](double y) { return y; });
+  const double variance = meanOf(ys, [=](double y) { return (y - mean) * (y - mean); });
+  const double min = *std::min_element(ys.begin(), ys.end());
+  const double max = *std::max_element(ys.begin(), ys.end());
+  const double allan = meanOf(steps, [](double step) { return step * step; }) * 0.5;
+  return {mean, min, max, max - min, std::sqrt(variance), std::sqrt(allan)};
 }
 
 TEST_F(Statistics, AreThoseOfPlainPassesToTheLastBit) {

@@ -1,28 +1,19 @@
 #pragma once
 
 #include <atomic>
-#include <cstddef>
-#include <new>
+#include <cstdint>
 
 namespace sparlow::test {
 
-/// While it lives, allocations of smallest to largest bytes fail with std::bad_alloc, on every
-/// thread. Needs AllocationFailure.cpp in the test program, and its linker options.
+/// While it lives, allocations of so many bytes fail with std::bad_alloc, on every thread. Needs
+/// AllocationFailure.cpp in the test program, and its linker options.
 struct AllocationFailure {
-  AllocationFailure(std::size_t smallest, std::size_t largest) {
-    from = smallest;
-    to = largest;
-  }
-  ~AllocationFailure() { to = 0; }
+  explicit AllocationFailure(std::size_t bytes) { failing = bytes; }
+  ~AllocationFailure() { failing = SIZE_MAX; }
   AllocationFailure(const AllocationFailure&) = delete;
   AllocationFailure& operator=(const AllocationFailure&) = delete;
 
-  static void Consider(std::size_t size) {
-    if (size >= from && size <= to)
-      throw std::bad_alloc();
-  }
-
-  static inline std::atomic<std::size_t> from{1}, to{0};
+  static inline std::atomic<std::size_t> failing{SIZE_MAX};
 };
 
 }  // namespace sparlow::test
