@@ -39,7 +39,8 @@ class CommandLine : public testing::Test {
   }
   void Write(const char* name, const QByteArray& text) {
     QFile file(folder.filePath(name));
-    EXPECT_TRUE(file.open(QFile::WriteOnly) && file.write(text) >= 0);
+    ASSERT_TRUE(file.open(QFile::WriteOnly));
+    EXPECT_EQ(file.write(text), text.size());
   }
   /// Pixels of a colour in a picture.
   int Count(const char* name, QRgb color) {

@@ -1,6 +1,5 @@
 #include "examples/host/FileSource.h"
 
-#include <gtest/gtest.h>
 #include <unistd.h>
 
 #include <filesystem>

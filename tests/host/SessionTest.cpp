@@ -1,7 +1,6 @@
 // The measurement host's window under a user's hand, and what the readouts say.
 
-#include <gtest/gtest.h>
-
+#include <QAbstractScrollArea>
 #include <QAction>
 #include <QApplication>
 #include <QLabel>
@@ -12,6 +11,7 @@
 #include <numeric>
 
 #include "examples/host/Session.h"
+#include "sparlow/graph/Offset.h"
 #include "tests/host/Sources.h"
 
 namespace sparlow::host {
@@ -112,6 +112,16 @@ TEST_F(SessionTest, SeriesMasksAndAnalysesComeAndGo) {
     EXPECT_FALSE(Choose("series.source.2")) << "it is the last one";
     EXPECT_TRUE(Choose("series.source.1"));
 
+    EXPECT_TRUE(QTest::qWaitFor([&] { return pane.Settled() && !pane.View().RenderDue(); }));
+    const GraphAxis& axis = pane.Axis();
+    const QPoint onFirst(Offset::Left(axis.ver.maxLabelLength) + axis.hor.GetPos(0.5),
+                         Offset::Top() + axis.ver.GetPosInv(500.0));
+    auto* const view = qobject_cast<QAbstractScrollArea*>(qt::WidgetOf(pane.View()))->viewport();
+    QTest::mouseMove(view, onFirst);
+    EXPECT_EQ(view->cursor().shape(), Qt::BitmapCursor);
+    QTest::mouseClick(view, Qt::LeftButton, {}, onFirst);
+    Expect("mean", "499.5 V");
+
     EXPECT_TRUE(Choose("series.average.10"));
     EXPECT_EQ(pane.Count(), 3u);
     EXPECT_TRUE(Choose("masks.mean"));
@@ -120,7 +130,7 @@ TEST_F(SessionTest, SeriesMasksAndAnalysesComeAndGo) {
     EXPECT_TRUE(pane.AnyMask());
     EXPECT_TRUE(Choose("masks.removeAll"));
     EXPECT_FALSE(pane.AnyMask());
-    EXPECT_TRUE(Choose("series.removeActive"));
+    Key(Qt::Key_Delete);
     EXPECT_EQ(pane.Count(), 2u);
     Expect("mean", "-500 mV");
     EXPECT_TRUE(Choose("analyse.derivative"));

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <sstream>
 #include <string>
 #include <vector>
@@ -44,9 +46,9 @@ Reading ReadFile(const std::string& path, const More&... more) {
 /// Gives a list of values in blocks of 1000.
 class ListSource : public SampleSource {
  public:
-  explicit ListSource(std::vector<double> values, double rate = 1.0)
-      : values_(std::move(values)), rate_(rate) {}
-  std::string Name() const override { return "list"; }
+  explicit ListSource(std::vector<double> values, double rate = 1.0, std::string name = "list")
+      : values_(std::move(values)), rate_(rate), name_(std::move(name)) {}
+  std::string Name() const override { return name_; }
   std::string Unit() const override { return "V"; }
   std::string Activity() const override { return ""; }
   bool Next(Samples& block, const std::stop_token&) override {
@@ -60,6 +62,7 @@ class ListSource : public SampleSource {
  private:
   const std::vector<double> values_;
   const double rate_;
+  const std::string name_;
   std::size_t at_ = 0;
 };
 

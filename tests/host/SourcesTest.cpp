@@ -1,7 +1,5 @@
 // Sources of delays, edges and sound, and what is said of their samples.
 
-#include <gtest/gtest.h>
-
 #include <QTemporaryDir>
 #include <algorithm>
 #include <cmath>

@@ -74,24 +74,19 @@ class RenderShapes {
   }
 
   double value(unsigned kind, double before) {
-    switch (kind) {
-      case 0:
-        return before + unit() - 0.5;
-      case 1:
-        return next() % 1000 == 0 ? 1e6 * unit() : unit();
-      case 2:
-        return 1.0;
-      case 3:  // right on the lines of a logarithmic grid
-        return std::pow(10.0, static_cast<int>(next() % 5) - 2);
-      case 4:  // a last digit apart
-        return std::nextafter(100.0, next() % 2 ? 0.0 : 1e9);
-      case 5: {
-        const double odd[] = {0.0, -1.0, 1e300, -1e300, 5e-324, 1e9 * unit()};
-        return next() % 100 == 0 ? odd[next() % 6] : 1.0 + unit();
-      }
-      default:
-        return std::exp(10.0 * unit());
-    }
+    const double u = unit();
+    const std::uint32_t any = next();
+    const double odd[] = {0.0, -1.0, 1e300, -1e300, 5e-324, 1e9 * u};
+    const double values[] = {
+        before + u - 0.5,
+        any % 1000 == 0 ? 1e6 * u : u,
+        1.0,
+        std::pow(10.0, static_cast<int>(any % 5) - 2),  // on the lines of a logarithmic grid
+        std::nextafter(100.0, any % 2 ? 0.0 : 1e9),     // a last digit apart
+        any % 100 == 0 ? odd[any / 100 % 6] : 1.0 + u,
+        std::exp(10.0 * u),
+    };
+    return values[kind];
   }
 
   void setAxis(RenderShape& shape, unsigned values) {

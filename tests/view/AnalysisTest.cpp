@@ -1,5 +1,3 @@
-#include <gtest/gtest.h>
-
 #include "tests/support/Doubled.h"
 #include "tests/view/View.h"
 

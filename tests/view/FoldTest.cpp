@@ -1,5 +1,3 @@
-#include <gtest/gtest.h>
-
 #include <climits>
 
 #include "tests/view/View.h"

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <vector>
 
 #include "sparlow/platform/base/Geometry.h"
