@@ -87,26 +87,22 @@ TEST_F(Transfer, AWaveformEndsWithItsBlock) {
 }
 
 // y tells which data set a sample belongs to, x its place there.
-void feed(SourceData& s, int dataSets) {
-  for (int set = 1; set <= dataSets; ++set) {
-    s.InitDataTransfer(set % 4 == 0);
-    for (int block = 0; block < 3; ++block) {
-      s.InitBlockTransfer();
-      for (int i = 0; i < 1500 * (set % 7); ++i)
-        s.Add(s.GetSize(), set);
-      s.TermBlockTransfer();
-    }
-    if (s.Valid())
-      s.Set(s.GetSize() / 2, s.GetSize() / 2, set);
-    s.TermDataTransfer();
-  }
-}
-
 TEST(Feeding, NewDataSetsDoNotDisturbWhoReads) {
   Series s;
   std::atomic<bool> done{false};
-  std::thread feeder([&] {
-    feed(s, 60);
+  const std::jthread feeder([&] {
+    for (int set = 1; set <= 60; ++set) {
+      s.InitDataTransfer(set % 4 == 0);
+      for (int block = 0; block < 3; ++block) {
+        s.InitBlockTransfer();
+        for (int i = 0; i < 1500 * (set % 7); ++i)
+          s.Add(s.GetSize(), set);
+        s.TermBlockTransfer();
+      }
+      if (s.Valid())
+        s.Set(s.GetSize() / 2, s.GetSize() / 2, set);
+      s.TermDataTransfer();
+    }
     done = true;
   });
   SourceData copy(s);
@@ -130,7 +126,6 @@ TEST(Feeding, NewDataSetsDoNotDisturbWhoReads) {
     for (unsigned i = 0, n = copy.Read().size(); i < n; i += 997)
       ASSERT_EQ(copy.xGet(i), i);
   }
-  feeder.join();
 }
 
 TEST(Feeding, WhoSeesTheEndOfATransferSeesWhatItPublished) {

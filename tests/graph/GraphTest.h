@@ -20,6 +20,13 @@ using test::GatedSeries;
 using test::TestWindow;
 using test::TestWindows;
 
+/// Until something that another thread does has come.
+template <class Condition>
+void Spin(const Condition& holds) {
+  while (!holds())
+    std::this_thread::yield();
+}
+
 /// A view whose graph the tests can reach, and what a host may do in its own code.
 class TestView : public CSingleGraphView {
  public:
@@ -159,8 +166,7 @@ class GraphTest : public ::testing::Test {
   static void StopAtGate(GatedSeries& gated, const std::function<void()>& action) {
     gated.AwaitWorker();
     std::thread opener([&] {
-      while (!gated.renderStop && !gated.IsAborted())
-        std::this_thread::yield();
+      Spin([&] { return gated.renderStop || gated.IsAborted(); });
       gated.OpenGate();
     });
     action();

@@ -1,9 +1,6 @@
 // What must hold between a graph and its workers; of threads that meet in no particular order the
 // sanitizers say what they find.
 
-#include <thread>
-
-#include "sparlow/platform/base/Threads.h"
 #include "tests/graph/GraphTest.h"
 #include "tests/support/Doubled.h"
 
@@ -19,8 +16,7 @@ struct HeldThread {
   static bool Start(AFX_THREADPROC proc, void* parameter) {
     ++started;
     std::thread([proc, parameter] {
-      while (!released)
-        std::this_thread::yield();
+      Spin([] { return released.load(); });
       proc(parameter);
     }).detach();
     return true;
@@ -46,8 +42,7 @@ class PipelineTest : public GraphTest {
     analysis.end = end;
     const int before = analysis.runs;
     TheGraph().AnalyzeAll();
-    while (analysis.runs == before)
-      std::this_thread::yield();
+    Spin([=, this] { return analysis.runs > before; });
   }
   /// Does something from another thread, after a while.
   template <class Action>
@@ -122,13 +117,7 @@ TEST_F(PipelineTest, AnalysesThatAreAskedForDuringARunAreOneRunAfterIt) {
 TEST_F(PipelineTest, DestroyEndsARenderAndTheOneThatIsDueAfterIt) {
   StartGatedRender();
   Window().Resize({500, 400});
-  std::thread opener([this] {
-    while (!series.IsAborted())
-      std::this_thread::yield();
-    series.OpenGate();
-  });
-  CloseView();
-  opener.join();
+  StopAtGate(series, [this] { CloseView(); });
   EXPECT_EQ(series.completed, 0);
   EXPECT_EQ(series.begun, series.stopped);
   EXPECT_FALSE(series.IsAborted());
@@ -138,8 +127,7 @@ TEST_F(PipelineTest, DestroyAnswersBoxesOfItsWorkersAndKeepsAHostsOwnSignal) {
   struct Asking : Analysis {
     bool Calculate() override {
       begun = true;
-      while (!IsAborted())
-        std::this_thread::yield();
+      Spin([this] { return IsAborted(); });
       AfxMessageBox("Nobody sees this");
       return false;
     }
@@ -149,8 +137,7 @@ TEST_F(PipelineTest, DestroyAnswersBoxesOfItsWorkersAndKeepsAHostsOwnSignal) {
   Fill(series, 100);
   OpenView(asking);
   TheGraph().AnalyzeAll();
-  while (!asking.begun)
-    std::this_thread::yield();
+  Spin([&] { return asking.begun.load(); });
   CloseView();
   EXPECT_TRUE(system.boxes.empty());
   EXPECT_FALSE(asking.IsAborted());
@@ -279,10 +266,10 @@ class StressTest : public GraphTest {
  protected:
   /// Feeds data sets of some blocks, one after the other, until it is told to stop.
   void Feed(unsigned blockSize, int blocks) {
-    feeder_ = std::thread([=, this] {
-      while (!stop_) {
+    feeder_ = std::jthread([=, this](const std::stop_token& stop) {
+      while (!stop.stop_requested()) {
         Begin(series);
-        for (int i = 0; i < blocks && !stop_; ++i) {
+        for (int i = 0; i < blocks && !stop.stop_requested(); ++i) {
           AddBlock(series, blockSize);
           PostMessage(window_, WM_UPDATE_GRAPH, 0, 0);
         }
@@ -292,18 +279,13 @@ class StressTest : public GraphTest {
       }
     });
   }
-  void StopFeed() {
-    stop_ = true;
-    feeder_.join();
-    stop_ = false;
-  }
+  void StopFeed() { feeder_ = {}; }
 
   std::atomic<HWND> window_{view->GetSafeHwnd()};
   std::atomic<int> dataSets_{0};
 
  private:
-  std::atomic<bool> stop_{false};
-  std::thread feeder_;
+  std::jthread feeder_;
 };
 
 TEST_F(StressTest, NewDataSetsUnderUpdatesResizesAndPaints) {

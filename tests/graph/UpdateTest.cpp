@@ -1,7 +1,5 @@
 // Which axes, columns and threads an update or a resize of a graph comes to.
 
-#include <thread>
-
 #include "tests/graph/GraphTest.h"
 
 namespace sparlow {
@@ -74,17 +72,11 @@ TEST_F(UpdateTest, OnlyNewSamplesAreRenderedHoweverManyThereAre) {
     axis.yMarginPercent = margin;
     series.Reset();
     Begin(series);
-    const auto showMore = [this](int n) {
-      Points points;
-      for (int i = 0; i < n; ++i)
-        points.emplace_back((series.GetSize() + static_cast<unsigned>(i)) * 1e-3, i % 7);
-      AddPoints(series, points);
-      view->UpdateGraph();
-    };
-    showMore(12000);
+    AddPoints(series, {{0, -2}, {0, 2}});
+    ShowMore(12000);
     ASSERT_TRUE(AwaitIdle());
     const int before = series.begun;
-    showMore(11000);
+    ShowMore(11000);
     EXPECT_TRUE(TheGraph().Settled());
     EXPECT_EQ(series.begun, before + 1);
     EXPECT_FALSE(series.lastWasFull);
@@ -123,38 +115,32 @@ TEST_F(UpdateTest, LayoutLeavesRoomForLabelsAndNeverLessThanAPixel) {
 // A host's pixel size is that of all threads; a page doesn't change it.
 TEST_F(UpdateTest, LogicalPixelsAreTheSameOnWorkers) {
   Offset::LogPixelSize = 2u;
-  Show(100);
-  const CSize plot{640 - 2 * (58 + 20), 480 - 2 * (21 + 21)};
-  EXPECT_EQ(Plot(), plot);
   Show(20000);
   Window().Resize({700, 480});
   EXPECT_TRUE(AwaitIdle());
-  EXPECT_EQ(Plot(), (CSize{plot.cx + 60, plot.cy}));
+  EXPECT_EQ(Plot(), (CSize{700 - 2 * (58 + 20), 480 - 2 * (21 + 21)}));
   Offset::LogPixelSize = 1u;
 }
 
 // The window's thread clears a series while the one that feeds it waits for a worker, which waits for
 // the window's thread to answer its box.
 TEST_F(UpdateTest, ClearAnswersTheBoxThatTheFeedWaitsFor) {
-  std::atomic<int> stage{0};
+  std::atomic<bool> locked{false}, feeding{false};
   std::thread worker([&] {
     const CSingleLock lock(series.dataMutex);
-    stage = 1;
-    while (stage != 2)
-      std::this_thread::yield();
+    locked = true;
+    Spin([&] { return feeding.load(); });
     std::this_thread::sleep_for(std::chrono::milliseconds(20));
     AfxMessageBox("in the way");
   });
-  while (stage != 1)
-    std::this_thread::yield();
+  Spin([&] { return locked.load(); });
   std::thread feeder([&] {
     series.InitDataTransfer(false);
-    stage = 2;
+    feeding = true;
     series.InitBlockTransfer();
     series.Add(1, 1);
   });
-  while (stage != 2)
-    std::this_thread::yield();
+  Spin([&] { return feeding.load(); });
   EXPECT_FALSE(series.TryReset());
   worker.join();
   feeder.join();

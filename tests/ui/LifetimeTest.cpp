@@ -127,28 +127,58 @@ TEST_F(LifetimeTest, ABoxOrARepaintInAnOverlayIsPaintedAfterIt) {
   view->afterMessage = nullptr;
 }
 
-TEST_F(LifetimeTest, InAMenuCommandADoubleClickAndAReadout) {
+TEST_F(LifetimeTest, InWhateverItsUserDoes) {
+  SetMainWindow(receiver.GetSafeHwnd());
   receiver.onMessage = [this] { CloseView(); };
-  const std::function<void()> ways[] = {
+  const auto endAtRelease = [this] {
+    view->afterMessage = [this](UINT now) {
+      if (now == WM_CAPTURECHANGED)
+        CloseView();
+    };
+  };
+  const auto endInUpdate = [this] { Window().onShowScrollBar = [this] { CloseView(); }; };
+  const auto scroll = [&](UINT message, WPARAM step) {
+    TheGraph().ZoomInBySample();
+    PutCursors(series.GetFrom(), size / 2);
+    endInUpdate();
+    SendMessage(window, message, step, 1);
+  };
+  const auto update = [this] { SendMessage(window, WM_UPDATE_GRAPH, 0, 0); };
+  const auto drag = [this] { PutCursors(), Drag(LeftMarker(), At(300, 9)); };
+  const auto up = [this] { Release(At(300, 200)); };
+  system.onMenu = [this](CMenu& menu, CPoint, HWND owner) -> UINT {
+    CloseView();
+    menu.NotifyOpening(owner, 0);
+    return ID_VIEW_SAMPLE_ZOOM_IN;
+  };
+  system.onDialog = [this](test::TestDialog&) { CloseView(); };
+  const std::function<void()> ways[]{
+      [&] { DrawBox(), endAtRelease(), up(); },
+      [&] { DrawBox(), endInUpdate(), up(); },
+      [&] { DrawBox(), endAtRelease(), update(); },
+      [&] { DrawBox(), endInUpdate(), update(); },
+      [&] { DrawBox(), CloseView(); },
+      [&] { drag(), endAtRelease(), up(); },
+      [&] { drag(), CloseView(); },
+      [&] { scroll(WM_KEYDOWN, VK_LEFT); },
+      [&] { scroll(WM_HSCROLL, SB_LINELEFT); },
+      [&] { scroll(WM_HSCROLL, SB_THUMBPOSITION); },
       [&] {
-        system.onMenu = [this](CMenu& menu, CPoint, HWND owner) -> UINT {
-          CloseView();
-          menu.NotifyOpening(owner, 0);
-          return ID_VIEW_SAMPLE_ZOOM_IN;
-        };
+        endInUpdate(), Window().bars[SB_VERT] = {0, 9, 0, 5, 0}, ScrollBar(WM_VSCROLL, 0);
+      },
+      [&] { view->SetActive(false), SendMessage(window, WM_SETFOCUS, 0, 0); },
+      [&] {
+        Mouse(WM_LBUTTONDBLCLK, At(100, 50));
+        Pump();
+      },
+      [&] {
         Mouse(WM_RBUTTONDOWN, {9, 9});
         Pump();
         EXPECT_FALSE(Zoomed());
       },
       [&] {
-        system.onDialog = [this](test::TestDialog&) { CloseView(); };
         SendMessage(window, WM_COMMAND, 32835, 0);
         SendMessage(window, WM_SPARLOW_COMMAND, 4, 0);
-      },
-      [&] {
-        SetMainWindow(receiver.GetSafeHwnd());
-        Mouse(WM_LBUTTONDBLCLK, At(100, 50));
-        Pump();
       },
       [&] {
         Graph::SetInfoBar(receiver.GetSafeHwnd());
@@ -163,6 +193,7 @@ TEST_F(LifetimeTest, InAMenuCommandADoubleClickAndAReadout) {
     Show(size);
     way();
     EXPECT_EQ(view, nullptr);
+    EXPECT_EQ(GetCapture(), nullptr);
   }
 }
 

@@ -1,4 +1,4 @@
-// Keys, scroll bars and focus, and a view that goes in the middle of anything its user does.
+// Keys, scroll bars and focus.
 
 #include "tests/ui/ViewInput.h"
 
@@ -134,53 +134,6 @@ TEST_F(ViewInputTest, AViewWithoutDataIgnoresItsUser) {
   everything(*view);
   Show(1);
   everything(*view);
-}
-
-/// A host may end the view in whatever it is told while a gesture goes on.
-TEST_F(ViewInputTest, AViewMayEndInsideEachGesture) {
-  SetMainWindow(receiver.GetSafeHwnd());
-  receiver.onMessage = [this] { CloseView(); };
-  const auto endAtRelease = [this] {
-    view->afterMessage = [this](UINT now) {
-      if (now == WM_CAPTURECHANGED)
-        CloseView();
-    };
-  };
-  const auto endInUpdate = [this] { Window().onShowScrollBar = [this] { CloseView(); }; };
-  const auto scroll = [&](UINT message, WPARAM step) {
-    TheGraph().ZoomInBySample();
-    PutCursors(series.GetFrom(), size / 2);
-    endInUpdate();
-    SendMessage(window, message, step, 1);
-  };
-  const auto update = [this] { SendMessage(window, WM_UPDATE_GRAPH, 0, 0); };
-  const auto drag = [this] { PutCursors(), Drag(LeftMarker(), At(300, 9)); };
-  const auto up = [this] { Release(At(300, 200)); };
-  const std::function<void()> ways[]{
-      [&] { DrawBox(), endAtRelease(), up(); },
-      [&] { DrawBox(), endInUpdate(), up(); },
-      [&] { DrawBox(), endAtRelease(), update(); },
-      [&] { DrawBox(), endInUpdate(), update(); },
-      [&] { DrawBox(), CloseView(); },
-      [&] { drag(), endAtRelease(), up(); },
-      [&] { drag(), CloseView(); },
-      [&] { scroll(WM_KEYDOWN, VK_LEFT); },
-      [&] { scroll(WM_HSCROLL, SB_LINELEFT); },
-      [&] { scroll(WM_HSCROLL, SB_THUMBPOSITION); },
-      [&] {
-        endInUpdate(), Window().bars[SB_VERT] = {0, 9, 0, 5, 0}, ScrollBar(WM_VSCROLL, 0);
-      },
-      [&] { view->SetActive(false), SendMessage(window, WM_SETFOCUS, 0, 0); },
-  };
-  for (const auto& way : ways) {
-    SCOPED_TRACE(&way - ways);
-    if (!view)
-      OpenView();
-    Show(size);
-    way();
-    EXPECT_EQ(view, nullptr);
-    EXPECT_EQ(GetCapture(), nullptr);
-  }
 }
 
 }  // namespace

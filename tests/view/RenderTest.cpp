@@ -1,6 +1,5 @@
 #include <functional>
 
-#include "tests/support/Asked.h"
 #include "tests/support/RenderShapes.h"
 #include "tests/view/View.h"
 
@@ -79,10 +78,11 @@ TEST_F(Render, AWaveformHasAColumnForEachEdge) {
 }
 
 TEST_F(Render, GivesTheColumnsOfThePlainFoldOverManyShapes) {
-  for (unsigned seed = 1; seed <= Asked("SPARLOW_SHAPES", 4000); ++seed) {
+  const char* const asked = std::getenv("SPARLOW_SHAPES");  // for a thorough run
+  for (unsigned long seed = 1; seed <= (asked ? std::strtoul(asked, nullptr, 10) : 4000); ++seed) {
     // One in forty reaches over several blocks.
-    const std::string difference =
-        DifferenceOfRender(view, RenderShapes(seed)(seed % 40 == 0 ? 60000 : 1500));
+    const std::string difference = DifferenceOfRender(
+        view, RenderShapes(static_cast<unsigned>(seed))(seed % 40 == 0 ? 60000 : 1500));
     ASSERT_EQ(difference, "") << "seed " << seed;
   }
 }
