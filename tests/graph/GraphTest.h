@@ -5,7 +5,6 @@
 #include <atomic>
 #include <cmath>
 #include <functional>
-#include <optional>
 #include <thread>
 
 #include "sparlow/platform/base/Threads.h"
@@ -34,10 +33,6 @@ class TestView : public CSingleGraphView {
 
   std::function<void(UINT)> afterMessage;
   std::function<void(CDC&)> inOverlay;
-  /// With a number the graph lies over others: a click hits the mask 1, another curve, or with 0
-  /// nothing.
-  std::optional<int> overlaidHit;
-  std::string picked;
 
   LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
     const auto then = afterMessage;
@@ -51,24 +46,14 @@ class TestView : public CSingleGraphView {
   std::unique_ptr<Graph> NewGraph(GraphAxis* axes) override {
     struct HostGraph : Graph {
       HostGraph(GraphAxis* shared, TestView& owner) : Graph(shared), view(owner) {}
-      bool IsMultiple() const override { return view.overlaidHit.has_value(); }
-      bool GetViewDataByPoint(ViewData**, int* index, bool* isMask, CPoint) override {
-        if (index) {
-          *index = *view.overlaidHit;
-          *isMask = *index == 1;
-        }
-        return view.overlaidHit != 0;
-      }
       void DrawCustomOverlay(CDC* dc) override {
         if (const auto hook = std::exchange(view.inOverlay, nullptr))
           hook(*dc);
       }
-      void SetActiveMask(int index) override { view.picked += FormatText("mask %d ", index); }
       TestView& view;
     };
     return std::make_unique<HostGraph>(axes, *this);
   }
-  void OnGraphActivated(int index) override { picked += FormatText("graph %d ", index); }
 };
 
 /// One view with one series, in a window that opens nothing. The verbs below are what tests say.
@@ -85,6 +70,8 @@ class GraphTest : public ::testing::Test {
     CloseView();
     SetThreadStarter(nullptr);
     SourceData::nLastSamplesToDraw = 0;
+    Graph::SetInfoBar(nullptr);
+    Graph::RestrictGraphOperationInRealTime = true;
     Graph::UnlockResizing();
     for (const auto& one : owned)
       one->Term();

@@ -27,10 +27,7 @@ class ReadoutsTest : public GraphTest {
     Graph::SetInfoBar(bar.GetSafeHwnd());
     TheGraph().active = true;
   }
-  ~ReadoutsTest() override {
-    Graph::SetInfoBar(nullptr);
-    Graph::RestrictGraphOperationInRealTime = true;
-  }
+  ~ReadoutsTest() override { CloseView(); }
 
   void Show(const Points& samples, unsigned left, unsigned right) {
     GraphTest::Show(samples);

@@ -18,25 +18,6 @@ TEST_F(UpdateTest, WithoutSamplesThereIsAMessageAndAResetAxis) {
   EXPECT_TRUE(Shows("No Data Available"));
 }
 
-TEST_F(UpdateTest, LimitsOfTheCallersThread) {
-  for (const auto& [samples, ofUpdate, ofResize] :
-       {std::tuple{9999u, 0, 0}, {10000u, 0, 1}, {10001u, 1, 1}}) {
-    SCOPED_TRACE(samples);
-    series.CloseGate();
-    Show(samples);
-    EXPECT_EQ(TheGraph().Settled(), ofUpdate == 0);
-    series.OpenGate();
-    ASSERT_TRUE(AwaitIdle());
-    series.CloseGate();
-    const int before = series.begun;
-    Window().Resize({500 + static_cast<int>(samples % 10), 300});
-    EXPECT_EQ(TheGraph().Settled(), ofResize == 0);
-    series.OpenGate();
-    ASSERT_TRUE(AwaitIdle());
-    EXPECT_EQ(series.begun, before + 1);
-  }
-}
-
 TEST_F(UpdateTest, AGrowingMeasurementIsRenderedAnewOnlyWhenItsSpanDoubles) {
   Begin(series);
   ShowMore(1);

@@ -1,3 +1,4 @@
+#include "sparlow/platform/window/Input.h"
 #include "tests/multi/MultiTest.h"
 
 namespace sparlow {
@@ -54,10 +55,27 @@ TEST_F(MasksTest, AllAreNamedInTheLegendAndTheActiveOneIsThickAndOnTop) {
   EXPECT_FALSE(Multi().GetViewDataByPoint(nullptr, &index, &isMask, {5, 5}) || index != -1);
   EXPECT_TRUE(Multi().GetViewDataByPoint(nullptr, &index, &isMask, {300, 200}));
   EXPECT_TRUE(index == 0 && isMask);
+  const auto click = [this] {
+    system.pointer = nullptr;
+    Multi().active = true;
+    for (const UINT message : {WM_MOUSEMOVE, WM_LBUTTONDOWN, WM_LBUTTONUP})
+      SendMessage(view->GetSafeHwnd(), message, 0, PackPoint({300, 200}));
+    return system.pointer == LoadCursor(102);
+  };
+  for (const bool onMask : {false, true}) {
+    second.SetColor(onMask ? 1 : 0);
+    shorter.SetColor(onMask ? 0 : 1);
+    EXPECT_TRUE(click());
+    EXPECT_EQ(Active(), onMask ? &shorter : static_cast<ViewData*>(&second));
+  }
+  Graph::RestrictGraphOperationInRealTime = false;
+  Begin(shorter);
+  EXPECT_FALSE(click()) << "during a transfer";
+  EXPECT_FALSE(shorter.TermDataTransfer());
   GraphColors black(3);
-  black.backInactive = 0;
+  black.backActive = 0;
   view->SetColors(black);
-  EXPECT_FALSE(Multi().GetViewDataByPoint(nullptr, nullptr, nullptr, {300, 200})) << "background";
+  EXPECT_FALSE(click()) << "background";
   GraphColors light;
   view->SetColors(light);
   EXPECT_TRUE(Multi().RemoveMaskData(&shorter) && Active() == &series && AddTo(true, &shorter));

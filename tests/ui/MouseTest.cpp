@@ -139,20 +139,5 @@ TEST_F(MouseTest, ATransferRefusesInputAndEndsAGestureWithoutEffect) {
   }
 }
 
-TEST_F(MouseTest, AClickOnACurveOfAnOverlaidGraphPicksIt) {
-  Graph::RestrictGraphOperationInRealTime = false;
-  for (const int hit : {0, 2, 1, 3}) {
-    if (hit == 3)
-      Begin(series);
-    view->overlaidHit = hit;
-    system.pointer = nullptr;
-    Mouse(WM_MOUSEMOVE, At(50, 50));
-    EXPECT_EQ(system.pointer, hit == 1 || hit == 2 ? LoadCursor(102) : nullptr) << hit;
-    Mouse(WM_LBUTTONDOWN, At(50, 50));
-    Release(At(50, 50));
-  }
-  EXPECT_EQ(view->picked, "graph 2 mask 1 ");
-}
-
 }  // namespace
 }  // namespace sparlow

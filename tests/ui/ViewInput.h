@@ -30,8 +30,6 @@ class ViewInputTest : public GraphTest {
   ViewInputTest() { Show(size); }
   ~ViewInputTest() override {
     CloseView();
-    Graph::RestrictGraphOperationInRealTime = true;
-    Graph::SetInfoBar(nullptr);
     SetMainWindow(nullptr);
   }
 
