@@ -152,12 +152,11 @@ class GraphTest : public ::testing::Test {
   /// Does what tells a worker at the gate to stop and waits for it.
   static void StopAtGate(GatedSeries& gated, const std::function<void()>& action) {
     gated.AwaitWorker();
-    std::thread opener([&] {
+    const std::jthread opener([&] {
       Spin([&] { return gated.renderStop || gated.IsAborted(); });
       gated.OpenGate();
     });
     action();
-    opener.join();
   }
   /// A worker stands at the gate, in the middle of a render of n samples.
   void StartGatedRender(unsigned n = 20000) {

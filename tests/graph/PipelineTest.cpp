@@ -29,12 +29,6 @@ class PipelineTest : public GraphTest {
     HeldThread::started = 0;
     SetThreadStarter(HeldThread::Start);
   }
-  /// An update whose worker doesn't come to run before HeldThread is released.
-  void StartHeldRender() {
-    HeldThread::released = false;
-    Show(20000);
-    ASSERT_EQ(HeldThread::started, 1);
-  }
   /// A view of an analysis of the series, which a worker has begun and whose end is up to the test.
   void StartAnalysis(Doubled::End end) {
     Fill(series, 100);
@@ -46,8 +40,8 @@ class PipelineTest : public GraphTest {
   }
   /// Does something from another thread, after a while.
   template <class Action>
-  static std::thread Later(Action action) {
-    return std::thread([action] {
+  static std::jthread Later(Action action) {
+    return std::jthread([action] {
       std::this_thread::sleep_for(std::chrono::milliseconds(30));
       action();
     });
@@ -62,11 +56,12 @@ class PipelineTest : public GraphTest {
 };
 
 TEST_F(PipelineTest, DestroyWaitsForAWorkerThatHasntRunYetAndNothingStartsAfterIt) {
-  StartHeldRender();
-  std::thread late = Later([] { HeldThread::released = true; });
+  HeldThread::released = false;
+  Show(20000);
+  EXPECT_EQ(HeldThread::started, 1);
+  const auto late = Later([] { HeldThread::released = true; });
   TheGraph().Destroy();
   EXPECT_TRUE(HeldThread::released);
-  late.join();
   const int before = series.begun;
   view->UpdateGraph();
   TheGraph().AnalyzeAll();
@@ -198,10 +193,9 @@ TEST_F(PipelineTest, ChangesStopARenderAndAnUpdateAwaitsIt) {
   TheGraph().SetViewData(&series);
   StartGatedRender();
   const int completed = series.completed;
-  std::thread opener = Later([this] { series.OpenGate(); });
+  const auto opener = Later([this] { series.OpenGate(); });
   view->UpdateGraph();
   EXPECT_EQ(series.completed, completed + 1) << "a feed would starve it";
-  opener.join();
   ASSERT_TRUE(AwaitIdle());
 }
 
