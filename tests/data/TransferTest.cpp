@@ -84,6 +84,8 @@ TEST_F(Transfer, AWaveformEndsWithItsBlock) {
   EXPECT_EQ(s.xGlobalMax, 8191);
   EXPECT_TRUE(s.TermDataTransfer());
   EXPECT_EQ(s.GetTo(), 8192u);
+  s.Reset();
+  EXPECT_EQ(s.GetDroppedSamples().beyondLimit, 0u);
 }
 
 // y tells which data set a sample belongs to, x its place there.

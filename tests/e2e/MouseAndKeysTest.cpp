@@ -230,25 +230,6 @@ TEST_F(MouseAndKeys, ABoxTheWheelAndMenusZoomAndLeaveNoTrace) {
   });
 }
 
-TEST_F(MouseAndKeys, ArrowKeysMoveCursorsWhileTheyAreHeld) {
-  RunParabola([this] {
-    const Shown start = Settled();
-    Do("key Right");
-    Await("one sample on", [&] { return Look().left == start.left + 1; });
-    const QString first = InHost([this] { return Label("readout.leftX"); });
-    Do("keydown Right");
-    // The n-th step of a held key goes n samples: a fixed step would take minutes.
-    Await("the steps grow", [&] { return Look().left > start.left + 1000; });
-    Do("keyup Right sleep 0.2");
-    const int held = Settled().left;
-    Do("key Right");
-    Await("one sample on again", [&] { return Look().left == held + 1; });
-    Await("the readout follows", [&] { return Label("readout.leftX") != first; });
-    EXPECT_EQ(Settled().right, start.right);
-    Close();
-  });
-}
-
 TEST_F(MouseAndKeys, ALiveGraphFollowsAWindowThatChangesItsSize) {
   auto source = std::make_unique<TimerSource>(std::chrono::microseconds(200), std::nullopt);
   Run(std::move(source), HostOptions::Job::measure, [this] {

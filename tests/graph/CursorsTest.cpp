@@ -152,7 +152,9 @@ TEST_F(CursorsTest, ADragStaysInAFixedRange) {
   TheGraph().BeginDragLeftCursor();
   DragTo({-100, 0});
   EXPECT_EQ(series.iLCursor, 21);
+  system.pointer = nullptr;
   TheGraph().BeginDragRightCursor();
+  EXPECT_EQ(system.pointer, LoadCursor(IDC_SIZEALL));
   DragTo({5000, 0});
   EXPECT_EQ(series.iRCursor, 79);
   // One that crosses the other leaves it its own sample, which must be on show too.

@@ -45,6 +45,8 @@ TEST_F(PaintingTest, AFrameFromBackgroundToCurve) {
            "Line 58,405 620,405 style 2 width 1 color 0xBCBCBC",
            "Line 114,459 114,21 style 2 width 1 color 0xBCBCBC",
            "Line 58,21 58,459 style 0 width 1 color 0x000000",
+           "Line 620,459 620,21 style 0 width 1 color 0x000000",
+           "Line 620,21 58,21 style 0 width 1 color 0x000000",
            "Text 47,6 \"V\" height 15 color 0x000000",
            "Text 26,398 \"0.25\" height 15 color 0x000000",
            "Text 629,463 \"s\" height 15 color 0x000000",
@@ -156,6 +158,7 @@ TEST_F(PaintingTest, TheCaptionTellsTheIntervalAndItsSource) {
 TEST(ColorTest, EachCurveCanBeToldFromTheBackgroundsAndTheOthers) {
   for (int scheme = 0; scheme < 4; ++scheme) {
     const GraphColors colors(scheme);
+    EXPECT_EQ(colors.scheme, scheme);
     std::set<COLORREF> seen{colors.backActive, colors.backInactive};
     for (const auto& table : {GraphColorTable, MaskColorTable})
       for (const COLORREF color : std::span(table, 6)) {

@@ -195,7 +195,7 @@ TEST_F(PipelineTest, ChangesStopARenderAndAnUpdateAwaitsIt) {
   const int completed = series.completed;
   const auto opener = Later([this] { series.OpenGate(); });
   view->UpdateGraph();
-  EXPECT_EQ(series.completed, completed + 1) << "a feed would starve it";
+  EXPECT_GT(series.completed, completed) << "a feed would starve it";
   ASSERT_TRUE(AwaitIdle());
 }
 

@@ -153,6 +153,8 @@ TEST_F(ZoomTest, BarsShowWherePartOfTheDataIsShown) {
   EXPECT_EQ(Bar(SB_HORZ), (SCROLLINFO{0, 999, 500, 250, 0}));
 
   TheGraph().OnYAutoZoom();
+  SetVer(series.yGlobalMinGet(), series.yGlobalMaxGet());
+  EXPECT_EQ(Bars(), "h");
   const double all = series.yGlobalIntervalGet(), top = series.yGlobalMaxGet() - 0.2 * all;
   SetVer(top - 0.31 * all, top);
   EXPECT_EQ(Bars(), "hv");

@@ -128,6 +128,7 @@ class AxisDialogTest : public GraphTest {
 };
 
 TEST_F(AxisDialogTest, FixesARangeAndAFieldLeftAloneGivesItsValueBack) {
+  EXPECT_EQ(before.fixedMin, before.min) << "what an automatic axis shows is what is edited";
   Edit("-2", "-1500 m");
   EXPECT_TRUE(closed);
   ExpectRange(-2.0, -1.5, false);

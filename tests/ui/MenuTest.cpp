@@ -96,6 +96,8 @@ TEST_F(MenuTest, AHostsMenuIsKeptUpToDateToo) {
   axis.ver.autoRange = false;
   axis.ver.log = true;
   EXPECT_EQ(Choose(0), "Own | X {x Auto | ~Many} | Y {x ~Zoom | Auto}");
+  std::swap(axis.hor.autoRange, axis.ver.autoRange);
+  EXPECT_EQ(Choose(0), "Own | X {Auto | ~Many} | Y {x ~Zoom | x Auto}");
 }
 
 TEST_F(MenuTest, CodesDoTheSameAlsoDuringATransfer) {

@@ -90,6 +90,7 @@ TEST_F(ViewInputTest, StepsOfTheBarsStopAtTheirEnds) {
   EXPECT_GT(scroll(20, SB_PAGEUP), max);
   EXPECT_NEAR(scroll(20, SB_LINEDOWN), max, 1e-9);
   EXPECT_NEAR(scroll(21, SB_PAGEDOWN), max, 1e-9) << "at its end";
+  EXPECT_NEAR(scroll(0, SB_LINEUP), max, 1e-9) << "at its beginning";
 }
 
 TEST_F(ViewInputTest, TheMainWindowHearsOfDoubleClicksAndFocus) {

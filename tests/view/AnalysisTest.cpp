@@ -65,13 +65,6 @@ TEST_F(AnalysisTest, WithoutASourceNothingRunsAndAFailureLeavesNoHalfResult) {
   }
 }
 
-TEST_F(AnalysisTest, AFailureEndsNoTransferButItsOwn) {
-  analysis.InitDataTransfer(false);
-  analysis.end = Doubled::fails;
-  EXPECT_FALSE(analysis.ApplyMask());
-  EXPECT_TRUE(analysis.inTransfer) << "begun before";
-}
-
 TEST_F(AnalysisTest, ItsSourceMayGrowAndBeAskedForMeanwhile) {
   std::thread feed([&] {
     for (int i = 8; i < 50000; ++i)

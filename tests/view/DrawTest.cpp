@@ -26,7 +26,9 @@ struct Drawing : testing::Test {
     return device.take();
   }
   Calls drawWaveform() {
+    const CPen* const before = context.pen;
     view.DrawWaveform(&dc, 0x00FF00, 0x0000FF);
+    EXPECT_EQ(context.pen, before);
     return device.take();
   }
   static std::string line(const char* ends, int width = 1, COLORREF color = 0x0000FF) {

@@ -41,7 +41,7 @@ TEST(Fold, AsksAClassForWhatItOverridesAndForNothingElse) {
   const auto expect = [](auto&& view, unsigned columns, unsigned asked, CPoint last) {
     GraphAxis axis = unitAxis();
     for (int i = 0; i < 90000; ++i)
-      view.Add(i * 0.1, 0);
+      view.Add(i * 0.1, i * -0.1);
     view.ResetInterval(nullptr);
     view.Render(&axis, true);
     EXPECT_EQ(view.nColumns, columns);
@@ -51,11 +51,11 @@ TEST(Fold, AsksAClassForWhatItOverridesAndForNothingElse) {
     }
     EXPECT_EQ(view.MapsByAxes(), columns == 9000u);
   };
-  expect(KeepsAll(), 9000, 0, {8999, 0});
-  expect(OwnXBelow(), 3000, 90000, {2999, 0});
-  expect(OwnBoth(), 3000, 180000, {2999, 7});
+  expect(KeepsAll(), 9000, 0, {8999, 8999});
+  expect(OwnXBelow(), 3000, 90000, {2999, 8999});
+  expect(OwnBoth(), 3000, 180000, {2999, 9006});
   expect(InRows(), 16384, 0, {16383, -kFarPixel});
-  expect(BelowRows(), 3000, 180000, {2999, 7});
+  expect(BelowRows(), 3000, 180000, {2999, 9006});
   expect(Far(), 1, 0, {kFarPixel, -kFarPixel});
 }
 

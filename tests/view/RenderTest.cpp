@@ -96,6 +96,11 @@ TEST_F(Render, EndsAtTheLastColumn) {
     EXPECT_TRUE(render(true));
     EXPECT_EQ(view.nColumns, ViewColumns::kMaxColumns);
   }
+  axis.hor.scale = 1000;
+  view.InitDataTransfer(false);
+  SetEvent(view.terminator);
+  EXPECT_FALSE(render(true)) << "many samples of few columns are stopped too";
+  ResetEvent(view.terminator);
 }
 
 }  // namespace
