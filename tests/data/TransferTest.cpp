@@ -132,7 +132,7 @@ TEST(Feeding, NewDataSetsDoNotDisturbWhoReads) {
 
 TEST(Feeding, WhoSeesTheEndOfATransferSeesWhatItPublished) {
   Series s;
-  for (int round = 0; round < 2000; ++round) {
+  for (int round = 0; round < 1000; ++round) {
     std::atomic<bool> begun{false};
     const std::jthread feeder([&] {
       s.InitDataTransfer(false);

@@ -1,8 +1,6 @@
 #pragma once
 
 #include <atomic>
-#include <condition_variable>
-#include <mutex>
 
 #include "sparlow/platform/base/UiThread.h"
 #include "sparlow/view/ViewData.h"
@@ -14,8 +12,12 @@ namespace sparlow::test {
 class GatedSeries : public ViewData {
  public:
   int xPosGet(unsigned sample, const GraphAxis* axis) const override {
-    if (closed_ && !UiThread::IsCurrent())
-      waitAtGate();
+    if (closed_ && !UiThread::IsCurrent()) {
+      ++waiting_;
+      waiting_.notify_all();
+      closed_.wait(true);
+      --waiting_;
+    }
     return ViewData::xPosGet(sample, axis);
   }
   bool Render(GraphAxis* axis, bool full) override {
@@ -28,15 +30,11 @@ class GatedSeries : public ViewData {
 
   void CloseGate() { closed_ = true; }
   void OpenGate() {
-    const std::lock_guard guard(lock_);
     closed_ = false;
-    changed_.notify_all();
+    closed_.notify_all();
   }
   /// Until a worker stands at the gate.
-  void AwaitWorker() const {
-    std::unique_lock guard(lock_);
-    changed_.wait(guard, [this] { return waiting_ > 0; });
-  }
+  void AwaitWorker() const { waiting_.wait(0); }
 
   std::atomic<int> begun{0};
   std::atomic<bool> lastWasFull{false};
@@ -44,18 +42,8 @@ class GatedSeries : public ViewData {
   std::atomic<int> stopped{0};
 
  private:
-  void waitAtGate() const {
-    std::unique_lock guard(lock_);
-    ++waiting_;
-    changed_.notify_all();
-    changed_.wait(guard, [this] { return !closed_; });
-    --waiting_;
-  }
-
   std::atomic<bool> closed_{false};
-  mutable std::mutex lock_;
-  mutable std::condition_variable changed_;
-  mutable int waiting_ = 0;
+  mutable std::atomic<int> waiting_{0};
 };
 
 }  // namespace sparlow::test
