@@ -88,6 +88,7 @@ TEST(SourceData, IsHarmlessBeforeInitAndAfterTerm) {
     EXPECT_FALSE(s.ZoomInByCursor());
     EXPECT_FALSE(s.Scroll(1, nullptr));
     s.ScrollTo(4);
+    s.ResetInterval(nullptr);
     s.SetIntervalParams();
     s.Set(0, 1, 1);
     s.Term();

@@ -195,7 +195,6 @@ TEST_F(ReadoutsTest, RecordsAreWhole) {
   const auto [wParam, lParam] = bar.raw;
   EXPECT_FALSE(TakeReadout(WM_READOUT_MAXIMUM, wParam, lParam)) << "another one's";
   EXPECT_FALSE(TakeReadout(WM_READOUT_MEAN, 0, lParam)) << "nobody's";
-  EXPECT_FALSE(TakeReadout(WM_UPDATE_GRAPH, wParam, lParam)) << "no readout";
   const ReadoutSender slow(receiver);
   ReadoutSender(receiver).Send(WM_READOUT_MEAN, 2, "V");
   slow.Send(WM_READOUT_MEAN, 3, "V");

@@ -106,7 +106,6 @@ TEST_F(DataCursors, MoveOnAnAutomaticAxis) {
 }
 
 TEST_F(DataCursors, AreNothingWhereThereIsNoSample) {
-  hor.min = -5;
   for (const int nowhere : {-1, INT_MIN, 1000, INT_MAX}) {
     at({nowhere, nowhere});
     EXPECT_EQ(view.xLCursorGet(), 0);
