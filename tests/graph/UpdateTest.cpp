@@ -18,6 +18,24 @@ TEST_F(UpdateTest, WithoutSamplesThereIsAMessageAndAResetAxis) {
   EXPECT_TRUE(Shows("No Data Available"));
 }
 
+TEST_F(UpdateTest, LimitsOfTheCallersThread) {
+  const auto isLeftToAWorker = [this](const auto& change) {
+    series.CloseGate();
+    change();
+    const bool left = !TheGraph().Settled();
+    series.OpenGate();
+    EXPECT_TRUE(AwaitIdle());
+    return left;
+  };
+  for (const unsigned samples : {9999u, 10000u, 10001u}) {
+    EXPECT_EQ(isLeftToAWorker([&] { Show(samples); }), samples > 10000);
+    EXPECT_EQ(isLeftToAWorker([&] {
+                Window().Resize({static_cast<int>(samples % 100) + 500, 300});
+              }),
+              samples >= 10000);
+  }
+}
+
 TEST_F(UpdateTest, AGrowingMeasurementIsRenderedAnewOnlyWhenItsSpanDoubles) {
   Begin(series);
   ShowMore(1);
