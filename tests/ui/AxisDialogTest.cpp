@@ -100,6 +100,8 @@ class AxisDialogTest : public GraphTest {
     Run([=](TestDialog& dialog) {
       if (dialog.items[IDC_AUTO_RANGE].checked)
         dialog.Click(IDC_AUTO_RANGE);
+      for (const int field : {IDC_MIN_VALUE, IDC_MAX_VALUE})
+        EXPECT_TRUE(dialog.items[field].enabled);
       dialog.items[IDC_MIN_VALUE].text = min;
       dialog.items[IDC_MAX_VALUE].text = max;
       dialog.Click(button);
@@ -184,6 +186,7 @@ TEST_F(AxisDialogTest, AutoRangeEndsAPresetRangeUnlessItIsCancelled) {
     preset();
     EXPECT_EQ(axis.ver.power, 0);
     Run([button = button](TestDialog& dialog) {
+      EXPECT_FALSE(dialog.items[IDC_MIN_VALUE].enabled);
       dialog.items[IDC_MAX_VALUE].text = "rubbish";
       dialog.Click(button);
     });
