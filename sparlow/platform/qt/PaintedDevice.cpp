@@ -83,6 +83,7 @@ QPainter& PaintedDevice::Clipped(const Clip& clip) {
   visible_ = clip ? scale_.Area(*clip).intersected(bounds_) : bounds_;
   setMix(R2_COPYPEN);
   clipPainter();
+  pen_.reset();  // It may come back with another one.
   return painter_;
 }
 

@@ -135,7 +135,9 @@ void PaintedDevice::obliqueLine(CPoint from, CPoint to, const Stroke& stroke) {
   // A thousand lines of a curve have one pen.
   const Pen wanted{stroke.style, stroke.color, width, offset};
   if (pen_ != wanted) {
-    QPen pen = MakePen(stroke.style, stroke.color, width, thin ? Qt::SquareCap : Qt::RoundCap);
+    QPen pen = MakePen(stroke.style, stroke.color, width, Qt::RoundCap);
+    if (thin)  // Without it the end point isn't covered.
+      pen.setCapStyle(Qt::SquareCap);
     if (pen.style() != Qt::SolidLine)
       pen.setDashOffset(offset);
     painter_.setPen(pen);
