@@ -57,10 +57,15 @@ TEST_F(BoxTest, ALongTextIsCutBetweenCharacters) {
 TEST_F(BoxTest, BoxesOfWorkersWaitForOneThatIsOpen) {
   std::atomic<int> answered{0};
   std::vector<std::jthread> workers;
-  during = [] { UiThread::ServeBoxes(); };
+  during = [this] {
+    while (wakes < 3)
+      std::this_thread::yield();
+    UiThread::ServeBoxes();
+  };
   for (int i = 0; i < 3; ++i)
     workers.emplace_back([&] { answered += AfxMessageBox("Worker") == 7; });
   AfxMessageBox("Own");
+  EXPECT_GE(wakes, 4) << "those that stood back are served now";
   while (answered < 3)
     UiThread::ServeBoxes();
   EXPECT_EQ(shown.size(), 4u);
