@@ -144,54 +144,53 @@ TEST_F(LifetimeTest, InWhateverItsUserDoes) {
     SendMessage(window, message, step, 1);
   };
   const auto update = [this] { SendMessage(window, WM_UPDATE_GRAPH, 0, 0); };
-  const auto drag = [this] { PutCursors(), Drag(LeftMarker(), At(300, 9)); };
+  const auto box = [this] { DrawBox(); };
+  const auto drag = [this] {
+    PutCursors();
+    Drag(LeftMarker(), At(300, 9));
+  };
   const auto up = [this] { Release(At(300, 200)); };
+  const auto close = [this] { CloseView(); };
+  const auto pump = [this] { Pump(); };
   system.onMenu = [this](CMenu& menu, CPoint, HWND owner) -> UINT {
     CloseView();
     menu.NotifyOpening(owner, 0);
     return ID_VIEW_SAMPLE_ZOOM_IN;
   };
   system.onDialog = [this](test::TestDialog&) { CloseView(); };
-  const std::function<void()> ways[]{
-      [&] { DrawBox(), endAtRelease(), up(); },
-      [&] { DrawBox(), endInUpdate(), up(); },
-      [&] { DrawBox(), endAtRelease(), update(); },
-      [&] { DrawBox(), endInUpdate(), update(); },
-      [&] { DrawBox(), CloseView(); },
-      [&] { drag(), endAtRelease(), up(); },
-      [&] { drag(), CloseView(); },
-      [&] { scroll(WM_KEYDOWN, VK_LEFT); },
-      [&] { scroll(WM_HSCROLL, SB_LINELEFT); },
-      [&] { scroll(WM_HSCROLL, SB_THUMBPOSITION); },
-      [&] {
-        endInUpdate(), Window().bars[SB_VERT] = {0, 9, 0, 5, 0}, ScrollBar(WM_VSCROLL, 0);
-      },
-      [&] { view->SetActive(false), SendMessage(window, WM_SETFOCUS, 0, 0); },
-      [&] {
-        Mouse(WM_LBUTTONDBLCLK, At(100, 50));
-        Pump();
-      },
-      [&] {
-        Mouse(WM_RBUTTONDOWN, {9, 9});
-        Pump();
-        EXPECT_FALSE(Zoomed());
-      },
-      [&] {
-        SendMessage(window, WM_COMMAND, 32835, 0);
-        SendMessage(window, WM_SPARLOW_COMMAND, 4, 0);
-      },
-      [&] {
-        Graph::SetInfoBar(receiver.GetSafeHwnd());
-        view->UpdateGraph();
-        Pump();
-      },
+  const std::vector<std::function<void()>> ways[]{
+      {box, endAtRelease, up},
+      {box, endInUpdate, up},
+      {box, endAtRelease, update},
+      {box, endInUpdate, update},
+      {box, close},
+      {drag, endAtRelease, up},
+      {drag, close},
+      {[&] { scroll(WM_KEYDOWN, VK_LEFT); }},
+      {[&] { scroll(WM_HSCROLL, SB_LINELEFT); }},
+      {[&] { scroll(WM_HSCROLL, SB_THUMBPOSITION); }},
+      {endInUpdate,
+       [&] {
+         Window().bars[SB_VERT] = {0, 9, 0, 5, 0};
+       },
+       [&] { ScrollBar(WM_VSCROLL, 0); }},
+      {[&] { view->SetActive(false); }, [&] { SendMessage(window, WM_SETFOCUS, 0, 0); }},
+      {[&] { Mouse(WM_LBUTTONDBLCLK, At(100, 50)); }, pump},
+      {[&] {
+         Mouse(WM_RBUTTONDOWN, {9, 9});
+       },
+       pump, [&] { EXPECT_FALSE(Zoomed()); }},
+      {[&] { SendMessage(window, WM_COMMAND, 32835, 0); },
+       [&] { SendMessage(window, WM_SPARLOW_COMMAND, 4, 0); }},
+      {[&] { Graph::SetInfoBar(receiver.GetSafeHwnd()); }, [&] { view->UpdateGraph(); }, pump},
   };
   for (const auto& way : ways) {
     SCOPED_TRACE(&way - ways);
     if (!view)
       OpenView();
     Show(size);
-    way();
+    for (const auto& step : way)
+      step();
     EXPECT_EQ(view, nullptr);
     EXPECT_EQ(GetCapture(), nullptr);
   }
