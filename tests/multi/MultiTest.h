@@ -50,13 +50,12 @@ class MultiTest : public GraphTest {
     return added;
   }
   /// The window as it is when nobody works any more.
-  bool Paint(bool update = true) {
+  void Paint(bool update = true) {
     if (update)
       view->UpdateGraph();
-    const bool idle = AwaitIdle();
+    EXPECT_TRUE(AwaitIdle());
     RedrawWindow(view->GetSafeHwnd());
     Pump();
-    return idle;
   }
   void Analyze(bool masks) {
     SendMessage(view->GetSafeHwnd(), masks ? WM_RECALC_MASK : WM_RECALC_ANALYSIS, 0, 0);
@@ -78,6 +77,7 @@ class MultiTest : public GraphTest {
     return count;
   }
   bool Draws(const std::string& part) { return Count(Frame(), part) > 0; }
+  /// The curve of a series, in strokes of that width.
   bool Draws(ViewData& data, int width) { return Draws(Stroke(width, data.GetColor())); }
 };
 

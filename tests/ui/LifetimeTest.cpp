@@ -75,7 +75,8 @@ TEST_F(LifetimeTest, InACallbackThatChangesTheAxesAndInABoxOpenedThere) {
         EXPECT_EQ(view, nullptr);
       });
     });
-    EXPECT_FALSE(series.IsAborted() || series.renderStop);
+    EXPECT_FALSE(series.IsAborted());
+    EXPECT_FALSE(series.renderStop);
   }
 }
 
@@ -93,7 +94,8 @@ TEST_F(LifetimeTest, InTheCodeOfItsSeries) {
       Pump();
     SetThreadStarter(nullptr);
     EXPECT_EQ(view, nullptr);
-    EXPECT_FALSE(hooked.IsAborted() || hooked.renderStop);
+    EXPECT_FALSE(hooked.IsAborted());
+    EXPECT_FALSE(hooked.renderStop);
   }
 }
 
@@ -204,8 +206,10 @@ TEST_F(LifetimeTest, AClosedGraphIsInert) {
     CloseView();
     EXPECT_EQ(graph.GetActiveViewData(), nullptr);
     EXPECT_EQ(graph.GetName(), nullptr);
-    EXPECT_FALSE(graph.DataAndAxisValid() || graph.RenderDue() || !graph.Settled());
-    EXPECT_FALSE(graph.MoveLCursor(5) || graph.AddViewData(&series));
+    EXPECT_FALSE(graph.DataAndAxisValid());
+    EXPECT_TRUE(graph.Settled());
+    EXPECT_FALSE(graph.MoveLCursor(5));
+    EXPECT_FALSE(graph.AddViewData(&series));
     graph.ZoomInBySample();
     graph.ScrollTo(5);
     graph.OnXRange();
