@@ -133,11 +133,11 @@ TEST_F(Interval, ZoomBySample) {
     bool in;
     int factor;
     SampleInterval then;
-  } cases[] = {{{0, 1000}, true, 2, {250, 750}},       {{250, 750}, false, 2, {0, 1000}},
-               {{500, 503}, true, 2, {500, 502}},      {{500, 502}, true, 2, {500, 502}},
+  } cases[] = {{{0, 1000}, true, 2, {250, 750}},        {{250, 750}, false, 2, {0, 1000}},
+               {{500, 503}, true, 2, {500, 502}},       {{500, 502}, true, 2, {500, 502}},
                {{100, 400}, false, 2, {0, 600}},  // -50 to 550, moved inside
-               {{700, 900}, false, 4, {200, 1000}},    {{700, 900}, true, INT_MIN, {700, 900}},
-               {{700, 900}, false, INT_MAX, {0, 1000}}};
+               {{700, 900}, false, 4, {200, 1000}},     {{700, 900}, true, INT_MIN, {700, 900}},
+               {{700, 900}, false, INT_MAX, {0, 1000}}, {{3, 6}, false, 3, {0, 8}}};
   for (const auto& c : cases) {
     SCOPED_TRACE(testing::Message()
                  << c.before.from << " to " << c.before.end << " by " << c.factor);
@@ -217,6 +217,9 @@ TEST_F(Interval, BoundsFollowWhatComesDuringATransferAndWhatIsOverwritten) {
   s.Set(30, 30, 12);  // its block's record doesn't know of it, but the first block is the one read
   s.SetIntervalParams();
   EXPECT_EQ(s.yIntervalMax, 12);
+  s.fillRamp(1);
+  s.SetIntervalParams();
+  EXPECT_EQ(s.xIntervalMax, 0);
 }
 
 }  // namespace

@@ -13,7 +13,10 @@ constexpr std::size_t kTableBytes = BlockTable::kFirstSize * sizeof(BlockEntry);
 TEST(SampleStore, GrowsItsTableAndSurvivesNoMemoryForIt) {
   constexpr unsigned kFull = 1024 * 8192;
   Series s;
-  s.fillRamp(kFull);
+  {
+    const AllocationFailure noLargePiece((std::size_t{2} << 20) - 64);
+    s.fillRamp(kFull);  // of single blocks then
+  }
   const SampleReader before = s.Read();
   {
     const AllocationFailure noTable(2 * kTableBytes);
@@ -26,6 +29,7 @@ TEST(SampleStore, GrowsItsTableAndSurvivesNoMemoryForIt) {
     ASSERT_EQ(before.x(i), i);  // through the table that was there then
   }
   EXPECT_EQ(after.x(kFull), kFull);
+  EXPECT_NEAR(static_cast<double>(s.Store()->MemoryUse()), 1025.0 * sizeof(SampleBlock), 2e7);
 }
 
 TEST(SampleStore, SortingAWaveformKeepsSamplesAndFlagsTogether) {

@@ -50,6 +50,7 @@ TEST_F(PaintingTest, AFrameFromBackgroundToCurve) {
            "Text 47,6 \"V\" height 15 color 0x000000",
            "Text 26,398 \"0.25\" height 15 color 0x000000",
            "Text 629,463 \"s\" height 15 color 0x000000",
+           "Text 55,463 \"0\" height 15 color 0x000000",
            "Line 58,459 58,459 style 0 width 1 color 0x505050 clip 59,22 620,459",
            "Copy 0,0 640,480 from 0,0",
        }) {

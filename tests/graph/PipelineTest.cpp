@@ -138,6 +138,7 @@ TEST_F(PipelineTest, DestroyAnswersBoxesOfItsWorkersAndKeepsAHostsOwnSignal) {
   EXPECT_FALSE(asking.IsAborted());
   OpenView();
   SetEvent(series.terminator);
+  Show(20000);  // a worker waits for the host
   CloseView();
   EXPECT_TRUE(series.terminator->IsSet());
   ResetEvent(series.terminator);

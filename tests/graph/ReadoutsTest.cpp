@@ -103,6 +103,9 @@ TEST_F(ReadoutsTest, ValuesUnitsAndOrder) {
   EXPECT_EQ(Statistics(), statistics);
   EXPECT_TRUE(Told(Readout::hasStatistics).hasStatistics);
   EXPECT_EQ(Values(), "0 , 1 V, 7 V, 6 V, 3.25 V, 2.2776 V, 2.2361 V, ");
+  series.SetUnits("A");
+  CursorReadouts();
+  EXPECT_EQ(Told(Readout::drift).text, "A/s") << "before an update";
 }
 
 TEST_F(ReadoutsTest, XAndYOfACursorAreOfOneSample) {
@@ -177,8 +180,11 @@ TEST_F(ReadoutsTest, ACalculatedSeriesHasNoStatisticsAndNoDriftOfItsCursors) {
 }
 
 TEST_F(ReadoutsTest, UpdatesWorkersAndCursorMovesSend) {
-  for (const unsigned n : {5000u, 20000u})
-    EXPECT_EQ(Sent([&] { GraphTest::Show(n), AwaitIdle(); }), all + statistics) << n;
+  for (const auto& [n, unit] : {std::pair{5000u, "mol"}, {20000u, "cd"}}) {
+    series.SetUnits(unit);
+    EXPECT_EQ(Sent([&, n = n] { GraphTest::Show(n), AwaitIdle(); }), all + statistics) << n;
+    EXPECT_TRUE(Told(Readout::mean).text.ends_with(unit));
+  }
   EXPECT_EQ(Sent([this] { TheGraph().MoveLCursor(1); }), "7D ");
   const auto drag = [this] {
     TheGraph().BeginDragLeftCursor();

@@ -111,16 +111,6 @@ TEST_F(UpdateTest, LayoutLeavesRoomForLabelsAndNeverLessThanAPixel) {
   }
 }
 
-// A host's pixel size is that of all threads; a page doesn't change it.
-TEST_F(UpdateTest, LogicalPixelsAreTheSameOnWorkers) {
-  Offset::LogPixelSize = 2u;
-  Show(20000);
-  Window().Resize({700, 480});
-  EXPECT_TRUE(AwaitIdle());
-  EXPECT_EQ(Plot(), (CSize{700 - 2 * (58 + 20), 480 - 2 * (21 + 21)}));
-  Offset::LogPixelSize = 1u;
-}
-
 // The window's thread clears a series while the one that feeds it waits for a worker, which waits for
 // the window's thread to answer its box.
 TEST_F(UpdateTest, ClearAnswersTheBoxThatTheFeedWaitsFor) {

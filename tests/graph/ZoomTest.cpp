@@ -1,7 +1,6 @@
 // What zooms, scrolls and edited ranges make of interval, axes and scroll bars.
 
 #include <limits>
-#include <random>
 
 #include "sparlow/graph/AxisRangeEditor.h"
 #include "tests/graph/GraphTest.h"
@@ -60,32 +59,6 @@ TEST_F(ZoomTest, ABoxZoomsVerticallyFromAFortiethOfTheDataOn) {
     EXPECT_EQ(axis.ver.max == yMax, height == 24);
     ExpectTrueColumns();
   }
-}
-
-TEST_F(ZoomTest, NoZoomCutsAPeakOff) {
-  std::mt19937 random(1);
-  const auto any = [&] { return static_cast<unsigned>(random()) % 60000; };
-  for (const bool walk : {false, true}) {
-    Points points;
-    double y = 0.0;
-    for (int i = 0; i < 60000; ++i) {
-      y = std::normal_distribution<double>(walk ? y : 0.0)(random);
-      points.emplace_back(i * 1e-3, y);
-    }
-    Fill(series, points);
-    for (int i = 0; i < 1000; ++i) {
-      const auto [from, to] = std::minmax({any(), any()});
-      series.SetFrom(from);
-      series.SetTo(to + 2);
-      view->UpdateGraph();
-      YRange shown;
-      for (unsigned k = series.GetFrom(); k < series.GetTo(); ++k)
-        shown.Include(series.yGet(k));
-      ASSERT_EQ(axis.ver.min, shown.low) << from << " to " << to;
-      ASSERT_EQ(axis.ver.max, shown.high) << from << " to " << to;
-    }
-  }
-  EXPECT_TRUE(AwaitIdle());
 }
 
 TEST_F(ZoomTest, ABoxOnALogarithmicAxisTakesDecades) {

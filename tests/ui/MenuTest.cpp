@@ -86,6 +86,7 @@ TEST_F(MenuTest, AHostsMenuIsKeptUpToDateToo) {
   auto& other = Make<HostSeries>("Other");
   OpenView(other);
   Fill(other, 10);
+  view->UpdateGraph();
   EXPECT_EQ(Choose(0), "") << "no such menu";
   Resources::AddMenu(number,
                      {{0,

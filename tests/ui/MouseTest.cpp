@@ -1,5 +1,6 @@
 // Zoom boxes, drags of the cursors and clicks, and what ends them early.
 
+#include "sparlow/ui/PointingHand.h"
 #include "tests/ui/ViewInput.h"
 
 namespace sparlow {
@@ -10,7 +11,8 @@ using MouseTest = ViewInputTest;
 TEST_F(MouseTest, ABoxZoomsWhicheverWayItIsDrawn) {
   const auto zoom = [this](CPoint from, CPoint to) {
     Drag(from, to);
-    EXPECT_FALSE(Zoomed() || !Window().captured);
+    EXPECT_FALSE(Zoomed());
+    EXPECT_TRUE(Window().captured);
     Release(to);
     EXPECT_FALSE(Window().captured);
     const Range shown = Interval();
@@ -100,11 +102,18 @@ TEST_F(MouseTest, ThePointerTellsWhatAPressWouldDo) {
   EXPECT_EQ(system.pointer, LoadCursor(IDC_SIZEALL));
   system.pointer = nullptr;
   Mouse(WM_MOUSEMOVE, {LeftMarker().x + 20, LeftMarker().y});
+  Pump();
   view->SetActive(false);
+  EXPECT_TRUE(WindowSite::Find(window)->IsInvalid());
   Mouse(WM_MOUSEMOVE, LeftMarker());
   EXPECT_EQ(system.pointer, nullptr);
   Mouse(WM_LBUTTONDOWN, LeftMarker());
   EXPECT_TRUE(TheGraph().IsCursorDrag()) << "an inactive graph gives no hint, but serves";
+  // The tip of the pointing hand, at its hot spot: two white pixels between two black ones.
+  const PointerShape hand = PointingHand();
+  const auto tip = static_cast<std::size_t>(hand.hotSpot.y);
+  EXPECT_EQ(hand.white[tip], 0x000C0000u);
+  EXPECT_EQ(hand.black[tip], 0x00120000u);
 }
 
 TEST_F(MouseTest, ATransferRefusesInputAndEndsAGestureWithoutEffect) {
@@ -116,10 +125,13 @@ TEST_F(MouseTest, ATransferRefusesInputAndEndsAGestureWithoutEffect) {
     EXPECT_EQ(TheGraph().IsCursorDrag(), !box);
     Begin(series);
     AddBlock(series, size);
+    Pump();
     Mouse(WM_MOUSEMOVE, At(320, 220));
     Release(At(320, 220));
+    EXPECT_TRUE(!box || WindowSite::Find(window)->IsInvalid()) << "the box goes";
     EXPECT_EQ(GetCapture(), nullptr);
-    EXPECT_FALSE(Zoomed() || TheGraph().IsCursorDrag());
+    EXPECT_FALSE(Zoomed());
+    EXPECT_FALSE(TheGraph().IsCursorDrag());
     series.TermDataTransfer();
     view->UpdateGraph();
     PutCursors();

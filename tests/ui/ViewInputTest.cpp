@@ -7,9 +7,12 @@ namespace {
 
 TEST_F(ViewInputTest, AHeldArrowKeyAcceleratesAndShiftMovesTheRightCursor) {
   PutCursors();
+  Pump();
+  Window().surface->take();
   for (int i = 0; i < 3; ++i)
     Press(VK_RIGHT);
   EXPECT_EQ(series.iLCursor, 2000 + 1 + 2 + 3);
+  EXPECT_EQ(Window().surface->count("Line"), 3 * 4) << "both markers each time, at once";
   system.shiftDown = true;
   Press(VK_LEFT);
   EXPECT_EQ(series.iRCursor, 5000 - 4);
@@ -83,7 +86,7 @@ TEST_F(ViewInputTest, StepsOfTheBarsStopAtTheirEnds) {
   view->UpdateGraph();
   const double max = axis.ver.max;
   const auto scroll = [&](int position, int code) {
-    Window().bars[SB_VERT] = {0, 40, 20, position, 0};
+    Window().bars[SB_VERT] = {0, 40, 20, position, position};
     ScrollBar(WM_VSCROLL, code);
     return axis.ver.max;
   };
@@ -91,6 +94,7 @@ TEST_F(ViewInputTest, StepsOfTheBarsStopAtTheirEnds) {
   EXPECT_NEAR(scroll(20, SB_LINEDOWN), max, 1e-9);
   EXPECT_NEAR(scroll(21, SB_PAGEDOWN), max, 1e-9) << "at its end";
   EXPECT_NEAR(scroll(0, SB_LINEUP), max, 1e-9) << "at its beginning";
+  EXPECT_NEAR(scroll(10, SB_THUMBPOSITION), series.yGlobalMaxGet() - axis.ver.range / 2, 1e-9);
 }
 
 TEST_F(ViewInputTest, TheMainWindowHearsOfDoubleClicksAndFocus) {
