@@ -217,9 +217,10 @@ TEST_F(Interval, BoundsFollowWhatComesDuringATransferAndWhatIsOverwritten) {
   s.Set(30, 30, 12);  // its block's record doesn't know of it, but the first block is the one read
   s.SetIntervalParams();
   EXPECT_EQ(s.yIntervalMax, 12);
-  s.fillRamp(1);
+  s.Reset();
+  s.Add(5, 7);
   s.SetIntervalParams();
-  EXPECT_EQ(s.xIntervalMax, 0);
+  EXPECT_EQ(s.xIntervalMax, 5);
 }
 
 }  // namespace

@@ -129,6 +129,7 @@ class AxisDialogTest : public GraphTest {
 
 TEST_F(AxisDialogTest, FixesARangeAndAFieldLeftAloneGivesItsValueBack) {
   EXPECT_EQ(before.fixedMin, before.min) << "what an automatic axis shows is what is edited";
+  EXPECT_EQ(before.fixedMax, before.max);
   Edit("-2", "-1500 m");
   EXPECT_TRUE(closed);
   ExpectRange(-2.0, -1.5, false);

@@ -53,16 +53,6 @@ TEST_F(MouseTest, ABoxIsDrawnAgainOnANewFrameAndNotTakenAway) {
   EXPECT_EQ(mixed, 2);
 }
 
-TEST_F(MouseTest, LosingTheMouseFinishesTheGestureAtThePointer) {
-  auto* const other = new TestView;
-  ASSERT_TRUE(other->Create());
-  DrawBox();
-  SetCapture(other->GetSafeHwnd());
-  EXPECT_TRUE(Zoomed());
-  EXPECT_EQ(GetCapture(), other->GetSafeHwnd()) << "it isn't the view's to release";
-  other->DestroyWindow();
-}
-
 TEST_F(MouseTest, EitherCursorIsDraggedUntilItIsReleasedOrTheMouseIsLost) {
   for (const bool right : {false, true}) {
     PutCursors();

@@ -63,6 +63,10 @@ TEST_F(AnalysisTest, WithoutASourceNothingRunsAndAFailureLeavesNoHalfResult) {
       }).join();
     }
   }
+  analysis.end = Doubled::fails;
+  analysis.InitDataTransfer(false);
+  EXPECT_FALSE(analysis.ApplyMask());
+  EXPECT_TRUE(analysis.inTransfer) << "which was begun before";
 }
 
 TEST_F(AnalysisTest, ItsSourceMayGrowAndBeAskedForMeanwhile) {
