@@ -150,9 +150,10 @@ TEST_F(PaintingTest, TheCaptionTellsTheIntervalAndItsSource) {
   EXPECT_TRUE(Shows("10000(250) Samples"));
   const std::string frame = "Line 58,34 58,459 style 0 width 1 color 0x000000";
   EXPECT_TRUE(Has(frame));
-  derived.to = 0;  // recalculated, and not yet updated
+  derived.to = 0.0005;  // recalculated, and not yet updated
   RedrawWindow(view->GetSafeHwnd());
   Pump();
+  EXPECT_TRUE(Has("Text 58,15 \"Derived\" ")) << "from there to there is no interval";
   EXPECT_TRUE(Has(frame)) << "the plot stays where its columns were made for";
 }
 

@@ -16,6 +16,7 @@ TEST_F(UpdateTest, WithoutSamplesThereIsAMessageAndAResetAxis) {
   EXPECT_EQ(axis.hor.max, 10.0);
   Pump();
   EXPECT_TRUE(Shows("No Data Available"));
+  EXPECT_EQ(Frame().size(), 3u) << "background, message and the copy to the window";
 }
 
 TEST_F(UpdateTest, LimitsOfTheCallersThread) {
