@@ -1,9 +1,45 @@
 // Which axes, columns and threads an update or a resize of a graph comes to.
 
+#include "sparlow/graph/AxisFit.h"
 #include "tests/graph/GraphTest.h"
 
 namespace sparlow {
 namespace {
+
+// Axes of 0 to 8.
+TEST(AxisFitTest, AutomaticAxesFollowTheData) {
+  const struct {
+    bool live, hor, ver, yAutoZoom, whole;
+    IntervalBounds data;
+    bool changed;
+    const char* range;
+  } cases[] = {{false, true, true, true, false, {2, 4, -1, 1}, true, "2 4 -1 1"},
+               {false, true, true, false, true, {2, 4, -1, 1}, true, "2 4 -1 1"},
+               {false, true, true, false, false, {2, 4, -1, 1}, true, "2 4 0 8"},
+               {false, false, true, false, false, {2, 4, -1, 1}, true, "0 8 -1 1"},
+               {false, true, false, false, false, {2, 4, -1, 1}, true, "2 4 0 8"},
+               // While samples come, only where the data leave the axis.
+               {true, true, true, true, true, {0, 8, 1, 7}, false, "0 8 0 8"},
+               {true, true, true, true, true, {1, 8, 1, 7}, false, "0 8 0 8"},
+               {true, true, true, true, true, {2, 9, 1, 7}, true, "2 16 0 8"},
+               {true, true, true, true, true, {0, 8, 2, 9}, true, "0 8 2 9"},
+               {true, true, true, true, true, {0, 8, -1, 8}, true, "0 8 -1 8"},
+               {true, false, true, true, true, {0, 8, 1, 7}, false, "0 8 0 8"},
+               {true, false, false, true, true, {0, 8, 1, 7}, true, "0 8 0 8"}};
+  for (const auto& c : cases) {
+    GraphAxis axis;
+    axis.SetRange(0, 8, 0, 8);
+    axis.hor.autoRange = c.hor;
+    axis.ver.autoRange = c.ver;
+    axis.yAutoZoom = c.yAutoZoom;
+    if (!c.live)
+      FitAxes(axis, c.data, c.whole);
+    EXPECT_EQ(!c.live || FitLiveAxes(axis, c.data), c.changed) << &c - cases;
+    EXPECT_EQ(FormatText("%g %g %g %g", axis.hor.min, axis.hor.max, axis.ver.min, axis.ver.max),
+              c.range)
+        << &c - cases;
+  }
+}
 
 using UpdateTest = GraphTest;
 
@@ -52,18 +88,6 @@ TEST_F(UpdateTest, AGrowingMeasurementIsRenderedAnewOnlyWhenItsSpanDoubles) {
   series.TermDataTransfer();
   view->UpdateGraph();
   EXPECT_DOUBLE_EQ(axis.hor.max, 2.099) << "at its end the axis fits the data";
-}
-
-TEST_F(UpdateTest, APeakInAMarginMovesTheAxis) {
-  axis.yMarginPercent = 10;
-  Begin(series);
-  AddPoints(series, {{0, 0}, {1, 1}});
-  view->UpdateGraph();
-  EXPECT_DOUBLE_EQ(axis.ver.max, 1.1);
-  AddPoints(series, {{1.5, 1.15}});
-  view->UpdateGraph();
-  EXPECT_GT(axis.ver.max, 1.15);
-  ExpectTrueColumns();
 }
 
 TEST_F(UpdateTest, OnlyNewSamplesAreRenderedHoweverManyThereAre) {
