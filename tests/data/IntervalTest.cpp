@@ -99,15 +99,6 @@ TEST_F(Interval, OfARangeThatHoldsNothing) {
   EXPECT_EQ(setInterval(1.5, 5.5), (Shown{1, 7, 2, 5}));
 }
 
-TEST_F(Interval, IsCutToTheSamplesForEveryReader) {
-  show(700, 5000);
-  EXPECT_EQ(s.GetInterval(), (SampleInterval{700, 1000}));
-  show(900, 300);
-  EXPECT_EQ(s.GetInterval(), (SampleInterval{300, 300}));
-  EXPECT_FALSE(s.Scroll(-10, &hor));
-  EXPECT_FALSE(s.SetIntervalBySample(false, &hor, 2));
-}
-
 TEST_F(Interval, ZoomByPointAndByCursor) {
   EXPECT_EQ(after(s.ZoomInByPoint(100.5, 200.5, &hor)), (Moved{true, {100, 202, 100, 201}}));
   s.iLCursor += 7;

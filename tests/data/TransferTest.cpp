@@ -64,6 +64,11 @@ TEST_F(Transfer, CountsTheSamplesOfABlockWhateverIsOnShow) {
     EXPECT_EQ(s.nBlockSamples, 100u);
     s.SetIntervalByX(10, 20);  // as a series that follows another one's axis
   }
+  s.InitDataTransfer(false);
+  s.InitBlockTransfer();
+  EXPECT_EQ(s.nBlockSamples, 0u);
+  block(100);
+  EXPECT_EQ(s.GetTo(), 100u) << "all of a new data set";
 }
 
 TEST_F(Transfer, WithoutSamplesEndsWithFalse) {
