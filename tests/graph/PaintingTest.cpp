@@ -158,9 +158,11 @@ TEST_F(PaintingTest, TheCaptionTellsTheIntervalAndItsSource) {
 }
 
 TEST(ColorTest, EachCurveCanBeToldFromTheBackgroundsAndTheOthers) {
+  std::set<std::pair<COLORREF, COLORREF>> schemes;
   for (int scheme = 0; scheme < 4; ++scheme) {
     const GraphColors colors(scheme);
     EXPECT_EQ(colors.scheme, scheme);
+    EXPECT_TRUE(schemes.emplace(colors.backActive, colors.grid).second) << scheme;
     std::set<COLORREF> seen{colors.backActive, colors.backInactive};
     for (const auto& table : {GraphColorTable, MaskColorTable})
       for (const COLORREF color : std::span(table, 6)) {

@@ -100,6 +100,7 @@ TEST_F(ZoomTest, ZoomsAndScrollsOfTheInterval) {
   TheGraph().ScrollTo(900);
   EXPECT_EQ(Shown(), Interval(500, 1000));
   TheGraph().ZoomOutBySample();
+  EXPECT_EQ(Shown(), Interval(0, 1000));
   const int before = series.begun;
   TheGraph().ZoomOutBySample();
   EXPECT_EQ(series.begun, before);

@@ -42,6 +42,9 @@ TEST_F(PrintTest, PaperHasItsOwnLooksAndTheWindowGetsItsOwnBack) {
     EXPECT_EQ(OnPaper(Stroke(35, 0x0000FF)), active ? 2 : 0) << "left cursor";
     EXPECT_EQ(OnPaper(" width 35 "), active ? 4 : 0);
   }
+  two.SetColor(0xFFFFFF);
+  Print();
+  EXPECT_EQ(OnPaper(Stroke(7, 0xFFFFFF)), 0) << "white on white";
 }
 
 TEST_F(PrintTest, TheCallerRendersForThePageAndAWorkerForTheWindow) {

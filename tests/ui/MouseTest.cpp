@@ -88,6 +88,7 @@ TEST_F(MouseTest, AnUpdateAppliesTheBoxFirst) {
 
 TEST_F(MouseTest, ThePointerTellsWhatAPressWouldDo) {
   PutCursors();
+  EXPECT_FALSE(TheGraph().GetViewDataByPoint(nullptr, nullptr, nullptr, {5, 5}));
   Mouse(WM_MOUSEMOVE, LeftMarker());
   EXPECT_EQ(system.pointer, LoadCursor(IDC_SIZEALL));
   system.pointer = nullptr;
