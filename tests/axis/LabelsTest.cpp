@@ -123,5 +123,32 @@ TEST(Walk, LabelsStandWhereTheirValuesAre) {
   }
 }
 
+// Whatever a host writes into the fields of an axis.
+TEST(Walk, EndsOnAnAxisThatGivesNothingToWalkOn) {
+  AxisData::StepIter unset;
+  unset.InitLabel(nullptr);
+  EXPECT_EQ(unset.NextLabel(true), kFarPixel);
+  constexpr double AxisData::*fields[] = {&AxisData::step, &AxisData::min, &AxisData::max,
+                                          &AxisData::firstStep, nullptr};
+  for (const auto field : fields) {
+    for (const double value : {kNan, kInf, -kInf, 0.0, -1.0, 5e-324, 1e-300, 1e300}) {
+      for (const bool log : {kLinear, kLog}) {
+        AxisData axis = Finished(1, 500, "V", log);
+        axis.labelStep = std::numeric_limits<int>::max();
+        if (field)
+          axis.*field = value;
+        else
+          axis.scale = value;
+        axis.SetLabels();
+        int steps = 0;
+        for (axis.iter.Init(&axis); axis.iter.pos < 1000; axis.iter.Next(false))
+          ASSERT_LE(++steps, 1000001) << log << ' ' << value;
+        for (axis.iter.InitLabel(&axis); axis.iter.pos < 1000; axis.iter.NextLabel(true))
+          ASSERT_LE(++steps, 2000002) << log << ' ' << value;
+      }
+    }
+  }
+}
+
 }  // namespace
 }  // namespace sparlow::test

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -200,6 +201,38 @@ TEST(Prefix, FormatsAValueInPlace) {
     EXPECT_DOUBLE_EQ(value, c.shown) << c.value;
     EXPECT_STREQ(text, c.text) << c.value;
   }
+}
+
+// Ends of up to 6 digits, against whole numbers of which nothing is rounded: eightieths of the last
+// digit.
+TEST(Scale, StepsAreThoseOfExactArithmetic) {
+  std::mt19937 random(1);
+  const auto decimal = [](std::int64_t digits, int exponent) {
+    return std::strtod((std::to_string(digits) + "e" + std::to_string(exponent)).c_str(), nullptr);
+  };
+  int different = 0;
+  for (int i = 0; i < 100000; ++i) {
+    const int exponent = static_cast<int>(random() % 31) - 15;
+    const std::int64_t min = static_cast<int>(random() % 19999) - 9999;
+    const std::int64_t span = 1 + static_cast<int>(random() % (i % 2 ? 100 : 300000));
+    const double low = decimal(min, exponent), high = decimal(min + span, exponent);
+    if (!(low + kEpsilon < high))
+      continue;
+    std::int64_t step = 8;
+    while (step < span * 8)
+      step *= 10;
+    while (step * 5 > span * 80)
+      step /= 2;
+    const std::int64_t steps = min * 80 / step;
+    const std::int64_t first = (steps + (steps * step < min * 80)) * step;
+    const AxisData axis = Finished(low, high, "", kLinear);
+    const auto near = [&](double value, std::int64_t exact) {
+      const double wanted = static_cast<double>(exact) / 80 * decimal(1, exponent);
+      return std::fabs(value - wanted) <= 1e-12 * axis.step;
+    };
+    different += !near(axis.step, step) || !near(axis.firstStep, first);
+  }
+  EXPECT_LE(different, 100);
 }
 
 }  // namespace

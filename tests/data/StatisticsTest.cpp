@@ -100,5 +100,20 @@ TEST_F(Statistics, AreThoseOfPlainPassesToTheLastBit) {
   }
 }
 
+// Statistical Reference Datasets of the NIST, univariate summary statistics, NumAcc2 to NumAcc4:
+// origin + 0.2, and then 0.1 and 0.3 in turn. The certified deviation has n - 1.
+TEST_F(Statistics, ReachTheCertifiedValues) {
+  const std::pair<int, double> references[] = {{1, 1e-13}, {1000000, 1e-9}, {10000000, 1e-7}};
+  for (const auto& [origin, within] : references) {
+    std::vector<double> values{(10.0 * origin + 2) / 10};
+    for (int i = 0; i < 500; ++i)
+      values.insert(values.end(), {(10.0 * origin + 1) / 10, (10.0 * origin + 3) / 10});
+    fill(values);
+    calculated();
+    EXPECT_NEAR(s.GetStatParams().mean, origin + 0.2, 1e-14 * (origin + 0.2)) << origin;
+    EXPECT_NEAR(s.GetStatParams().stdDev * std::sqrt(1001.0 / 1000) / 0.1, 1.0, within) << origin;
+  }
+}
+
 }  // namespace
 }  // namespace sparlow::test

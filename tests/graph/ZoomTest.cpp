@@ -1,11 +1,15 @@
 // What zooms, scrolls and edited ranges make of interval, axes and scroll bars.
 
+#include <limits>
+#include <random>
+
 #include "sparlow/graph/AxisRangeEditor.h"
 #include "tests/graph/GraphTest.h"
 
 namespace sparlow {
 namespace {
 
+constexpr int kFar = std::numeric_limits<int>::max();
 using Interval = std::pair<unsigned, unsigned>;
 
 /// Stands for a user who enters two numbers, of which the second may be none.
@@ -163,6 +167,55 @@ TEST_F(ZoomTest, EditedRangesAreTaken) {
     EXPECT_EQ(series.begun, rendered) << "a fixed axis isn't zoomed";
   }
   ExpectTrueColumns();
+}
+
+TEST_F(ZoomTest, NoZoomCutsAPeakOff) {
+  std::mt19937 random(1);
+  const auto any = [&] { return static_cast<unsigned>(random()) % 60000; };
+  for (const bool walk : {false, true}) {
+    Points points;
+    double y = 0.0;
+    for (int i = 0; i < 60000; ++i) {
+      y = std::normal_distribution<double>(walk ? y : 0.0)(random);
+      points.emplace_back(i * 1e-3, y);
+    }
+    Fill(series, points);
+    for (int i = 0; i < 1000; ++i) {
+      const auto [from, to] = std::minmax({any(), any()});
+      series.SetFrom(from);
+      series.SetTo(to + 2);
+      view->UpdateGraph();
+      YRange shown;
+      for (unsigned k = series.GetFrom(); k < series.GetTo(); ++k)
+        shown.Include(series.yGet(k));
+      ASSERT_EQ(axis.ver.min, shown.low) << from << " to " << to;
+      ASSERT_EQ(axis.ver.max, shown.high) << from << " to " << to;
+    }
+  }
+  EXPECT_TRUE(AwaitIdle());
+}
+
+TEST_F(ZoomTest, OddSeriesStayInsideThemselves) {
+  for (const Points& points :
+       {Points{}, {{5, 7}}, {{5, 1}, {5, 2}, {5, 3}}, {{-1e308, -1e308}, {0, 1}, {1e308, 1e308}}}) {
+    SCOPED_TRACE(points.size());
+    Show(points);
+    Window().bars[SB_VERT].nTrackPos = kFar;
+    for (const bool yAutoZoom : {true, false}) {
+      axis.yAutoZoom = yAutoZoom;
+      ZoomAll();
+      Box({-kFar, -kFar}, {kFar, kFar});
+      TheGraph().Scroll(kFar);
+      TheGraph().ScrollTo(0xFFFFFFFF);
+      TheGraph().yScroll(true);
+      TheGraph().yScrollDo();
+      Pump();
+      EXPECT_LE(series.GetTo(), series.GetSize());
+      EXPECT_EQ(series.GetIntervalSize() > 0, !points.empty());
+      EXPECT_EQ(axis.Valid(), !points.empty());
+      EXPECT_GE(Bar(SB_VERT).nMax, 0);
+    }
+  }
 }
 
 }  // namespace

@@ -162,4 +162,17 @@ TEST_F(OverlayTest, AViewPicksByMenu) {
   host->DestroyWindow();
 }
 
+TEST_F(OverlayTest, AWriteToASecondarySampleOfALiveGraphIsSeen) {
+  GatedSeries& other = Add("Other");
+  Multi().SetActive(0);
+  Begin(series);
+  AddBlock(series, 10);
+  view->UpdateGraph();
+  view->UpdateGraph();
+  const int before = other.yPos[3];
+  other.Set(3, other.xGet(3), other.yGet(3) + 0.01);
+  view->UpdateGraph();
+  EXPECT_NE(other.yPos[3], before);
+}
+
 }  // namespace sparlow

@@ -142,5 +142,15 @@ TEST_F(MouseTest, ATransferRefusesInputAndEndsAGestureWithoutEffect) {
   }
 }
 
+TEST_F(MouseTest, LosingTheMouseFinishesTheGestureAtThePointer) {
+  auto* const other = new TestView;
+  ASSERT_TRUE(other->Create());
+  DrawBox();
+  SetCapture(other->GetSafeHwnd());
+  EXPECT_TRUE(Zoomed());
+  EXPECT_EQ(GetCapture(), other->GetSafeHwnd()) << "it isn't the view's to release";
+  other->DestroyWindow();
+}
+
 }  // namespace
 }  // namespace sparlow
