@@ -75,6 +75,23 @@ TEST(GraphAxisTest, AMarginGoesToAnAutomaticVerticalAxisOnly) {
   }
 }
 
+TEST(GraphAxisTest, IsValidWithARangeAndAScaleOfBothAxes) {
+  GraphAxis axis;
+  axis.SetRange(0, 1, 0, 1);
+  axis.hor.SetScale(9);
+  axis.ver.SetScale(9);
+  EXPECT_TRUE(axis.Valid());
+  for (AxisData* const one : {&axis.hor, &axis.ver}) {
+    const AxisData kept = *one;
+    one->max = one->min;
+    EXPECT_FALSE(axis.Valid());
+    *one = kept;
+    one->scale = 0.0;
+    EXPECT_FALSE(axis.Valid());
+    *one = kept;
+  }
+}
+
 TEST(Scale, MakesAFinishedAxisOfARange) {
   const struct {
     double min, max;

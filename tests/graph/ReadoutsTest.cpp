@@ -186,6 +186,7 @@ TEST_F(ReadoutsTest, UpdatesWorkersAndCursorMovesSend) {
     EXPECT_TRUE(Told(Readout::mean).text.ends_with(unit));
   }
   EXPECT_EQ(Sent([this] { TheGraph().MoveLCursor(1); }), "7D ");
+  EXPECT_EQ(Sent([this] { TheGraph().UpdateDriftRate(); }), "78 79 ");
   const auto drag = [this] {
     TheGraph().BeginDragLeftCursor();
     CPoint point{300, 100};

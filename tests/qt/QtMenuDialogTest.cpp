@@ -89,6 +89,10 @@ TEST_F(QtMenuDialogTest, AMenuWorksByKeyboardAndShowsWhatItsOwnerSays) {
     popup->CheckMenuItem(1, MF_CHECKED);
     popup->CheckMenuRadioItem(101, 102, 102, MF_BYCOMMAND);
   };
+  menu.CheckMenuRadioItem(101, 102, 102, MF_BYCOMMAND);
+  EXPECT_FALSE(menu.CheckMenuRadioItem(101, 102, 103, MF_BYCOMMAND));
+  EXPECT_TRUE(menu.CheckMenuRadioItem(101, 102, 101, MF_BYCOMMAND));
+  EXPECT_FALSE(subMenu.Items()[1].checked);
   // Paints and posted messages must come through the menu's loop.
   PostMessage(window, WM_USER, 7, 0);
   RedrawWindow(window);
@@ -144,7 +148,9 @@ TEST_F(QtMenuDialogTest, TheItemsOfADialogHaveRoomForTheirTexts) {
       for (const QWidget* const other : items)
         EXPECT_TRUE(other == item || !other->geometry().intersects(item->geometry()));
     }
-    for (const QLineEdit* const field : dialog->findChildren<QLineEdit*>()) {
+    const QList<QLineEdit*> fields = dialog->findChildren<QLineEdit*>();
+    EXPECT_EQ(fields.first()->x(), fields.last()->x());
+    for (const QLineEdit* const field : fields) {
       EXPECT_TRUE(field->text().endsWith(" mcounts")) << field->text().toStdString();
       EXPECT_GT(field->width(), field->fontMetrics().horizontalAdvance(field->text()));
     }
