@@ -115,7 +115,9 @@ TEST(Walk, LabelsStandWhereTheirValuesAre) {
       ASSERT_STRNE(axis.GetStr(slot), "") << slot;
       const double read = std::strtod(axis.GetStr(slot), nullptr);
       ASSERT_NEAR(axis.iter.pos, axis.GetPos(read), log ? 1 : 2) << read;
-      ASSERT_TRUE(!log || std::binary_search(grid.begin(), grid.end(), axis.iter.pos));
+      if (log) {
+        ASSERT_TRUE(std::binary_search(grid.begin(), grid.end(), axis.iter.pos));
+      }
       slot += axis.LabelSlotStep();
       ++seen;
     }

@@ -155,7 +155,7 @@ TEST(Scale, AnyEndsAtAllGiveAUsableAxis) {
         for (const double finite : {axis.min, axis.max, axis.range, axis.firstStep})
           ASSERT_TRUE(std::isfinite(finite)) << finite;
         ASSERT_LT(axis.min, axis.max);
-        ASSERT_TRUE(!log || axis.min > 0.0);
+        ASSERT_GT(axis.min, log ? 0.0 : -kInf);
         ASSERT_GT(axis.range, 0.0);
         ASSERT_GT(axis.step, 0.0);
         ASSERT_LT(axis.step, axis.max - axis.min);

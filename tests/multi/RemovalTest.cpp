@@ -60,7 +60,9 @@ TEST_F(RemovalTest, NobodyWaitsForAnAnalysisButTheEndOfTheView) {
     RedrawWindow(view->GetSafeHwnd());
     Pump();
     EXPECT_EQ(Shows("Rendering graph"), active);
-    EXPECT_TRUE(active || Draws(*other, 2));
+    if (other) {
+      EXPECT_TRUE(Draws(*other, 2));
+    }
     EXPECT_FALSE(Draws(analysis, active ? 2 : 1));
     analysis.end = Doubled::succeeds;
     Paint(false);

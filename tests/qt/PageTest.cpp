@@ -206,7 +206,8 @@ TEST_F(PageTest, AFileThatCannotBeFinishedIsToldAndAnOlderOneStays) {
   EXPECT_FALSE(lost.End());
 
   QFile older(directory.filePath("older.pdf"));
-  ASSERT_TRUE(older.open(QIODevice::WriteOnly) && older.write("older") == 5);
+  ASSERT_TRUE(older.open(QIODevice::WriteOnly));
+  ASSERT_EQ(older.write("older"), 5);
   older.close();
   {
     const Page page(path("older.pdf"), smallPaper);

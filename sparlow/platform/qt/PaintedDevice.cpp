@@ -47,11 +47,15 @@ bool PaintedDevice::isPicture() const {
   return painter_.paintEngine()->type() == QPaintEngine::Raster;
 }
 
+QRect PaintedDevice::areaOf(const Clip& clip) const {
+  return clip ? scale_.Area(*clip).intersected(bounds_) : bounds_;
+}
+
 /// Readies the painter for a primitive. Returns false when nothing of it could be seen.
 bool PaintedDevice::begin(const Clip& clip, int mix) {
   if (!prepare())
     return false;
-  visible_ = clip ? scale_.Area(*clip).intersected(bounds_) : bounds_;
+  visible_ = areaOf(clip);
   if (visible_.isEmpty())
     return false;
   setMix(mix);
@@ -80,7 +84,7 @@ void PaintedDevice::clipPainter() {
 }
 
 QPainter& PaintedDevice::Clipped(const Clip& clip) {
-  visible_ = clip ? scale_.Area(*clip).intersected(bounds_) : bounds_;
+  visible_ = areaOf(clip);
   setMix(R2_COPYPEN);
   clipPainter();
   pen_.reset();  // It may come back with another one.

@@ -66,6 +66,7 @@ class PaintedDevice : public Device {
   };
 
   bool begin(const Clip& clip, int mix);
+  QRect areaOf(const Clip& clip) const;
   void setMix(int mix);
   void clipPainter();
   void fill(const QRect& area, QRgb color);
